@@ -1,0 +1,241 @@
+#pragma once
+
+/// \file
+/// The complete Windows types and functions that appear in the library's interfaces.
+///
+/// This header is for source files only: no other public header includes it, because on Windows it is `<windows.h>` with all
+/// its macros. On Linux it defines the same names with the same meaning, so that an application compiles unchanged. Two
+/// widths differ from a naive translation: `LONG`, `DWORD`, `ULONG` and `HRESULT` stay 32 bits wide, and a wide character,
+/// and so a BSTR's element, is a 4-byte `wchar_t`.
+
+#include <MLCore/platform/ForwardTypes.h>
+
+#if defined(_WIN32)
+
+#if !defined(WIN32_LEAN_AND_MEAN)
+#define WIN32_LEAN_AND_MEAN
+#endif
+#if !defined(NOMINMAX)
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <comdef.h>
+
+#else
+
+#include <MLCore/platform/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+// Numbers and handles.
+
+typedef std::int32_t HRESULT;
+typedef std::int32_t LONG;
+typedef std::uint32_t ULONG;
+typedef std::uint32_t DWORD;
+typedef std::uint32_t UINT;
+typedef std::uint16_t WORD;
+typedef std::uint16_t USHORT;
+typedef std::uint8_t BYTE;
+typedef int BOOL;
+typedef std::size_t SIZE_T;
+typedef double DATE;
+typedef wchar_t OLECHAR;
+typedef OLECHAR* BSTR;
+typedef void* HGLOBAL;
+typedef HINSTANCE HMODULE;
+
+/// Calling conventions mean nothing here; the names let one declaration serve both systems.
+#define STDMETHODCALLTYPE
+
+// The common result codes; their values are part of the COM standard.
+
+inline constexpr HRESULT S_OK = 0;
+inline constexpr HRESULT S_FALSE = 1;
+inline constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFFU);
+inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001U);
+inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002U);
+inline constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003U);
+inline constexpr HRESULT E_ABORT = static_cast<HRESULT>(0x80004004U);
+inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
+inline constexpr HRESULT E_ACCESSDENIED = static_cast<HRESULT>(0x80070005U);
+inline constexpr HRESULT E_HANDLE = static_cast<HRESULT>(0x80070006U);
+inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
+inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
+
+/// True when `result` is no failure: bit 31 is clear.
+[[nodiscard]] constexpr bool SUCCEEDED(HRESULT result) noexcept {
+    return result >= 0;
+}
+
+/// True when `result` is a failure: bit 31 is set.
+[[nodiscard]] constexpr bool FAILED(HRESULT result) noexcept {
+    return result < 0;
+}
+
+// Dates.
+
+struct _SYSTEMTIME {
+    WORD wYear;
+    WORD wMonth;     ///< 1 to 12
+    WORD wDayOfWeek; ///< 0 for Sunday to 6 for Saturday
+    WORD wDay;       ///< 1 to 31
+    WORD wHour;
+    WORD wMinute;
+    WORD wSecond;
+    WORD wMilliseconds;
+};
+
+/// A SYSTEMTIME with the day of the year, 1 to 366.
+typedef struct tagUDATE {
+    SYSTEMTIME st;
+    USHORT wDayOfYear;
+} UDATE;
+
+/// Converts `*udate` to a DATE by the rules of MLCore/platform/OleDate.h; weekday, milliseconds and day of the year are ignored.
+///
+/// \param flags  must be 0.
+/// \return S_OK; E_INVALIDARG, with `*date` unchanged, for a null pointer, other flags or a result out of range.
+MLCORE_API HRESULT VarDateFromUdate(UDATE* udate, ULONG flags, DATE* date) noexcept;
+
+/// Converts a DATE to `*udate` by the rules of MLCore/platform/OleDate.h, with weekday and day of the year.
+///
+/// \param flags  must be 0.
+/// \return S_OK; E_INVALIDARG, with `*udate` unchanged, for a null pointer, other flags or a DATE out of range.
+MLCORE_API HRESULT VarUdateFromDate(DATE date, ULONG flags, UDATE* udate) noexcept;
+
+// Identifiers.
+
+struct _GUID {
+    std::uint32_t Data1;
+    std::uint16_t Data2;
+    std::uint16_t Data3;
+    std::uint8_t Data4[8];
+
+    friend bool operator==(const _GUID&, const _GUID&) = default;
+};
+typedef GUID IID;
+typedef const IID& REFIID;
+
+// Counted wide strings. All functions accept null, which is an empty string.
+
+/// A new BSTR holding a copy of the zero-terminated `text`, to be freed with SysFreeString; null for null or without memory.
+[[nodiscard]] MLCORE_API BSTR SysAllocString(const OLECHAR* text) noexcept;
+
+/// A new BSTR of `length` characters, copied from `text`, or uninitialised when `text` is null; always terminated by a zero.
+[[nodiscard]] MLCORE_API BSTR SysAllocStringLen(const OLECHAR* text, UINT length) noexcept;
+
+/// Frees a BSTR.
+MLCORE_API void SysFreeString(BSTR text) noexcept;
+
+/// The number of characters, without the terminating zero, in O(1).
+[[nodiscard]] MLCORE_API UINT SysStringLen(BSTR text) noexcept;
+
+/// Owns a BSTR and converts between wide text and narrow text in code page 1252.
+///
+/// A character that the code page lacks becomes '?' in narrow text. Copies are deep. The narrow text is made at its first use
+/// and belongs to the object: concurrent first uses of one object need a lock.
+class MLCORE_API _bstr_t {
+public:
+    _bstr_t() noexcept = default;
+    _bstr_t(const char* text);    ///< copies; null gives an empty object
+    _bstr_t(const wchar_t* text); ///< copies; null gives an empty object
+    _bstr_t(BSTR text, bool copy); ///< copies, or becomes the owner of `text`
+    _bstr_t(const _bstr_t& other);
+    _bstr_t(_bstr_t&& other) noexcept;
+    _bstr_t& operator=(_bstr_t other) noexcept;
+    ~_bstr_t();
+
+    operator const wchar_t*() const noexcept; ///< null when empty; valid until the object changes
+    operator const char*() const;             ///< null when empty; valid until the object changes
+    [[nodiscard]] unsigned int length() const noexcept; ///< in wide characters
+    [[nodiscard]] bool operator!() const noexcept;      ///< true when the object holds no string
+
+private:
+    BSTR mText = nullptr;
+    mutable std::string mNarrow;
+    mutable bool mHasNarrow = false;
+};
+
+// COM errors.
+
+struct IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) = 0;
+    virtual ULONG STDMETHODCALLTYPE AddRef() = 0;
+    virtual ULONG STDMETHODCALLTYPE Release() = 0;
+
+protected:
+    ~IUnknown() = default;
+};
+
+/// What a component tells about a failure. Every text returned belongs to the caller, who frees it with SysFreeString.
+struct IErrorInfo : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE GetGUID(GUID* guid) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetSource(BSTR* source) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetDescription(BSTR* description) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetHelpFile(BSTR* helpFile) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetHelpContext(DWORD* helpContext) = 0;
+
+protected:
+    ~IErrorInfo() = default;
+};
+
+/// An HRESULT with optional error information, thrown by value.
+class MLCORE_API _com_error {
+public:
+    /// \param errorInfo  may be null. The object becomes the owner of one reference: the caller's, or, when `addRef` is
+    ///                   true, one of its own.
+    _com_error(HRESULT code, IErrorInfo* errorInfo = nullptr, bool addRef = false) noexcept;
+    _com_error(const _com_error& other) noexcept;
+    _com_error& operator=(const _com_error& other) noexcept;
+    virtual ~_com_error();
+
+    [[nodiscard]] HRESULT Error() const noexcept;
+    [[nodiscard]] IErrorInfo* ErrorInfo() const noexcept; ///< with a reference for the caller, or null
+    [[nodiscard]] _bstr_t Description() const;            ///< the description in the error information, or empty
+
+    /// The system's message for the code, or a text made of the code: see platform::ReadComError. Belongs to the object;
+    /// made at the first use, so concurrent first uses of one object need a lock.
+    [[nodiscard]] const char* ErrorMessage() const;
+
+    /// n for 0x80040200 + n up to 0x8004FFFF, the codes that dispatch interfaces define for themselves; else 0.
+    [[nodiscard]] WORD WCode() const noexcept;
+
+private:
+    HRESULT mCode;
+    IErrorInfo* mErrorInfo;
+    mutable std::string mMessage;
+};
+
+// Movable global memory: see MLCore/platform/GlobalMemory.h for the rules.
+
+inline constexpr UINT GMEM_FIXED = 0x0000;
+inline constexpr UINT GMEM_MOVEABLE = 0x0002;
+inline constexpr UINT GMEM_ZEROINIT = 0x0040;
+inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
+
+/// A new block of exactly `size` bytes, or null. `flags` holds GMEM_MOVEABLE, with or without GMEM_ZEROINIT; others give null.
+[[nodiscard]] MLCORE_API HGLOBAL GlobalAlloc(UINT flags, SIZE_T size) noexcept;
+
+/// Resizes a block; returns its handle, or null with the block unchanged. `flags` is 0, GMEM_MOVEABLE (a locked block may
+/// move) or GMEM_ZEROINIT (new bytes are 0), or both; others give null.
+[[nodiscard]] MLCORE_API HGLOBAL GlobalReAlloc(HGLOBAL block, SIZE_T size, UINT flags) noexcept;
+
+/// Locks a block and returns its first byte, or null. Each lock needs one GlobalUnlock.
+[[nodiscard]] MLCORE_API void* GlobalLock(HGLOBAL block) noexcept;
+
+/// Takes one lock off; non-zero while the block is still locked, else 0.
+MLCORE_API BOOL GlobalUnlock(HGLOBAL block) noexcept;
+
+/// Frees a block, locked or not, and returns null; returns `block` when it is no handle. Null is allowed.
+MLCORE_API HGLOBAL GlobalFree(HGLOBAL block) noexcept;
+
+/// The exact size of a block in bytes; 0 when it is no handle.
+[[nodiscard]] MLCORE_API SIZE_T GlobalSize(HGLOBAL block) noexcept;
+
+#endif
