@@ -1,6 +1,6 @@
 // Which symbols leave the shared library.
 //
-// Everything is hidden unless it is declared with MLCORE_API, so that the binary interface is what the headers say and nothing else.
+// Everything is hidden unless it is declared with MLCORE_API: the binary interface is what the headers say and no more.
 // MLCORE_BUILDING is defined while the library itself is compiled, MLCORE_STATIC when it is a static library (then
 // nothing is imported or exported, and the users of the library define it too: the build files do that for them).
 #pragma once
@@ -15,4 +15,11 @@
 #endif
 #else
 #define MLCORE_API __attribute__((visibility("default")))
+#endif
+
+// For class templates: on systems that merge equal symbols at load time, what modules instantiate is one per process.
+#if defined(MLCORE_STATIC) || defined(_WIN32)
+#define MLCORE_TEMPLATE_API
+#else
+#define MLCORE_TEMPLATE_API __attribute__((visibility("default")))
 #endif

@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Runs a Windows program of a cross build: run-with-wine.sh PROGRAM [ARGUMENTS].
+# The DLLs of the compiler's run-time are found where the compiler keeps them, ours beside the program.
+set -eu
+
+wine=/usr/lib/wine/wine64
+[ -x "$wine" ] || wine=$(command -v wine64 || command -v wine)
+export WINEDEBUG=${WINEDEBUG:--all}
+# No offers to download what a console program does not need.
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree=;mshtml=}
+# A prefix of our own: the user's, if there is one, stays as it is.
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+export WINEPREFIX=${WINEPREFIX:-$here/../build/wine}
+
+# Made once, by one process, and without our output: the services that Wine leaves running would keep a pipe open.
+if [ ! -f "$WINEPREFIX/system.reg" ]; then
+    mkdir -p "$WINEPREFIX"
+    (
+        flock 9
+        [ -f "$WINEPREFIX/system.reg" ] || "$wine" wineboot --init 9>&-
+    ) 9>"$WINEPREFIX/.making" >/dev/null 2>&1 </dev/null
+fi
+
+path=${WINEPATH:-}
+for dll in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
+    file=$(x86_64-w64-mingw32-g++-posix "-print-file-name=$dll")
+    case $file in /*) path="$path;Z:$(dirname "$(readlink -f "$file")")" ;; esac
+done
+export WINEPATH=${path#;}
+
+exec "$wine" "$@"
