@@ -24,10 +24,17 @@ expected() {
 # The folder of each class, for the message.
 declare -A header=([CSHAREOBJECT]=core/CSHAREOBJECT.h [COBJECT]=core/COBJECT.h [CCALENDARSTRATEGY]=datetime/CCALENDARSTRATEGY.h)
 
+# The listing does not name a function without a body, so COBJECT is read through a class that has them all and adds none.
 cat >"$work/unit.cpp" <<'END'
 #include <MLCore/core/COBJECT.h>
+#include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
+
+class PROBE : public MLCore::COBJECT {
+    MLCORE_CLASS(PROBE, MLCore::COBJECT)
+};
 END
+declare -A listed=([CSHAREOBJECT]=MLCore::CSHAREOBJECT [COBJECT]=PROBE [CCALENDARSTRATEGY]=MLCore::CCALENDARSTRATEGY)
 
 status=0
 checked=0
@@ -39,21 +46,19 @@ for compiler in g++ x86_64-w64-mingw32-g++-posix; do
         continue
     fi
     for class in CSHAREOBJECT COBJECT CCALENDARSTRATEGY; do
-        # Rows after the type information, up to the blank line; "0x" rows are offsets. The last name of each is the function's.
-        actual=$(awk -v title="Vtable for MLCore::$class" '
+        # The rows after the type information, up to the blank line; the last name of each is the function's.
+        actual=$(awk -v title="Vtable for ${listed[$class]}" '
             $0 == title { inside = 1; next }
             inside && /^$/ { exit }
-            inside && /&_ZTI/ { rows = 1; next }
+            inside && /\(& ?_ZTI/ { rows = 1; next }
             inside && rows && /^[0-9]+ / {
                 name = $0
                 sub(/^[0-9]+ +/, "", name)
                 sub(/^\(int \(\*\)\(\.\.\.\)\)/, "", name)
                 sub(/.*::/, "", name)
                 if (name ~ /^~/) name = "destructor"
-                # The listing does not name a function that has no body.
-                if (name == "__cxa_pure_virtual") name = "?"
-                # A slot that is only there for the destructor of an abstract class.
-                if (name ~ /^0(u)?$/ || name ~ /^0x0/) name = "destructor"
+                # The destructor of a class that cannot be created.
+                if (name == "0") name = "destructor"
                 line = line (line == "" ? "" : " ") name
             }
             END { print line }' "$work"/*.class)
@@ -66,7 +71,7 @@ for compiler in g++ x86_64-w64-mingw32-g++-posix; do
             continue
         fi
         for slot in "${!want[@]}"; do
-            if [ "${have[$slot]}" != "${want[$slot]}" ] && [ "${have[$slot]}" != "?" ]; then
+            if [ "${have[$slot]}" != "${want[$slot]}" ]; then
                 echo "MLCore/${header[$class]}:1: $compiler: slot $slot of $class is ${have[$slot]}, not ${want[$slot]}"
                 status=1
             fi
