@@ -10,11 +10,11 @@ namespace MLCore::platform {
 /// The struct holds whatever is put into it; each function says what it accepts.
 struct CIVILTIME {
     int year = 0;
-    int month = 0;  ///< from 1
-    int day = 0;    ///< from 1
-    int hour = 0;   ///< 0 to 23
-    int minute = 0; ///< 0 to 59
-    int second = 0; ///< 0 to 59
+    int month = 0;   ///< from 1
+    int day = 0;     ///< from 1
+    int hour = 0;    ///< 0 to 23
+    int minute = 0;  ///< 0 to 59
+    int second = 0;  ///< 0 to 59
 
     friend bool operator==(const CIVILTIME&, const CIVILTIME&) = default;
 };
@@ -29,4 +29,4 @@ struct CIVILTIME {
 /// A SYSTEMTIME field is an unsigned 16-bit number: a value outside 0 to 65535 is stored modulo 65536.
 [[nodiscard]] MLCORE_API SYSTEMTIME SystemTimeFromCivil(const CIVILTIME& time, int dayOfWeek) noexcept;
 
-} // namespace MLCore::platform
+}  // namespace MLCore::platform

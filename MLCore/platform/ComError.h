@@ -9,9 +9,9 @@ namespace MLCore::platform {
 
 /// What a COM error carries, in types that need no Windows header.
 struct COMERRORPARTS {
-    unsigned int code = 0;           ///< the HRESULT
-    IErrorInfo* errorInfo = nullptr; ///< one reference that the receiver must release, or null
-    std::string text;                ///< never empty: description, system message, or a text made of the code
+    unsigned int code = 0;            ///< the HRESULT
+    IErrorInfo* errorInfo = nullptr;  ///< one reference that the receiver must release, or null
+    std::string text;                 ///< never empty: description, system message, or a text made of the code
 };
 
 /// Takes a COM error apart.
@@ -20,7 +20,7 @@ struct COMERRORPARTS {
 /// 1. the description in the error information, in code page 1252;
 /// 2. the system's message for the HRESULT, without a line end at the end;
 /// 3. `IDispatch error #n` for 0x80040200 + n, with n from 1 to 65023;
-/// 4. `Unknown error 0xXXXXXXXX` with eight upper-case hexadecimal digits.
+/// 4. `Unknown error 0xXXXXXXXX` with the code in upper-case hexadecimal digits.
 ///
 /// \throws std::bad_alloc, with no reference taken
 [[nodiscard]] MLCORE_API COMERRORPARTS ReadComError(const _com_error& error);
@@ -31,4 +31,4 @@ MLCORE_API void AddRefErrorInfo(IErrorInfo* errorInfo) noexcept;
 /// Releases a reference to `errorInfo`; null is allowed. The pointer must not be used afterwards by the one who released it.
 MLCORE_API void ReleaseErrorInfo(IErrorInfo* errorInfo) noexcept;
 
-} // namespace MLCore::platform
+}  // namespace MLCore::platform

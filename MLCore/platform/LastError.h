@@ -23,4 +23,4 @@ namespace MLCore::platform {
 /// \throws std::bad_alloc
 [[nodiscard]] MLCORE_API std::string SystemMessage(unsigned int code);
 
-} // namespace MLCore::platform
+}  // namespace MLCore::platform

@@ -13,9 +13,11 @@ namespace MLCore::platform {
 
 /// Converts a civil time to a DATE.
 ///
-/// A year from 0 to 29 means 2000 to 2029, one from 30 to 99 means 1930 to 1999. Fields beyond their range roll over into
-/// the next larger one as the system does: 30 February 2023 is 2 March 2023.
-/// \return true when converted; false, with `date` unchanged, when the result is outside the range.
+/// A year from 0 to 29 means 2000 to 2029, one from 50 to 99 means 1950 to 1999. From 30 to 49 it means 1930 to 1949, except
+/// on a Windows whose limit for two-digit years is later. Fields beyond their range, negative ones too, roll over into the
+/// next larger one: 30 February 2023 is 2 March 2023, day 0 is the last day of the month before.
+/// \return true when converted; false, with `date` unchanged, when the year is not 0 to 9999, another field does not fit
+///         16 bits signed, or the result is outside the range.
 [[nodiscard]] MLCORE_API bool OleDateFromCivil(const CIVILTIME& time, double& date) noexcept;
 
 /// Converts a DATE to a civil time, rounded to the nearest second, rolling over to the next day where needed.
@@ -23,4 +25,4 @@ namespace MLCore::platform {
 /// \return true when converted; false, with `time` unchanged, for a DATE outside the range, an infinity or a NaN.
 [[nodiscard]] MLCORE_API bool CivilFromOleDate(double date, CIVILTIME& time) noexcept;
 
-} // namespace MLCore::platform
+}  // namespace MLCore::platform

@@ -14,4 +14,4 @@ namespace MLCore::platform {
 /// \throws std::bad_alloc
 [[nodiscard]] MLCORE_API std::string TypeName(const std::type_info& type);
 
-} // namespace MLCore::platform
+}  // namespace MLCore::platform

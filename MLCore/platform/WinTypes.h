@@ -69,22 +69,18 @@ inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
 inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
 
 /// True when `result` is no failure: bit 31 is clear.
-[[nodiscard]] constexpr bool SUCCEEDED(HRESULT result) noexcept {
-    return result >= 0;
-}
+[[nodiscard]] constexpr bool SUCCEEDED(HRESULT result) noexcept { return result >= 0; }
 
 /// True when `result` is a failure: bit 31 is set.
-[[nodiscard]] constexpr bool FAILED(HRESULT result) noexcept {
-    return result < 0;
-}
+[[nodiscard]] constexpr bool FAILED(HRESULT result) noexcept { return result < 0; }
 
 // Dates.
 
 struct _SYSTEMTIME {
     WORD wYear;
-    WORD wMonth;     ///< 1 to 12
-    WORD wDayOfWeek; ///< 0 for Sunday to 6 for Saturday
-    WORD wDay;       ///< 1 to 31
+    WORD wMonth;      ///< 1 to 12
+    WORD wDayOfWeek;  ///< 0 for Sunday to 6 for Saturday
+    WORD wDay;        ///< 1 to 31
     WORD wHour;
     WORD wMinute;
     WORD wSecond;
@@ -143,18 +139,18 @@ MLCORE_API void SysFreeString(BSTR text) noexcept;
 class MLCORE_API _bstr_t {
 public:
     _bstr_t() noexcept = default;
-    _bstr_t(const char* text);    ///< copies; null gives an empty object
-    _bstr_t(const wchar_t* text); ///< copies; null gives an empty object
-    _bstr_t(BSTR text, bool copy); ///< copies, or becomes the owner of `text`
+    _bstr_t(const char* text);      ///< copies; null gives an empty object
+    _bstr_t(const wchar_t* text);   ///< copies; null gives an empty object
+    _bstr_t(BSTR text, bool copy);  ///< copies, or becomes the owner of `text`
     _bstr_t(const _bstr_t& other);
     _bstr_t(_bstr_t&& other) noexcept;
     _bstr_t& operator=(_bstr_t other) noexcept;
     ~_bstr_t();
 
-    operator const wchar_t*() const noexcept; ///< null when empty; valid until the object changes
-    operator const char*() const;             ///< null when empty; valid until the object changes
-    [[nodiscard]] unsigned int length() const noexcept; ///< in wide characters
-    [[nodiscard]] bool operator!() const noexcept;      ///< true when the object holds no string
+    operator const wchar_t*() const noexcept;            ///< null when empty; valid until the object changes
+    operator const char*() const;                        ///< null when empty; valid until the object changes
+    [[nodiscard]] unsigned int length() const noexcept;  ///< in wide characters
+    [[nodiscard]] bool operator!() const noexcept;       ///< true when the object holds no string
 
 private:
     BSTR mText = nullptr;
@@ -196,8 +192,8 @@ public:
     virtual ~_com_error();
 
     [[nodiscard]] HRESULT Error() const noexcept;
-    [[nodiscard]] IErrorInfo* ErrorInfo() const noexcept; ///< with a reference for the caller, or null
-    [[nodiscard]] _bstr_t Description() const;            ///< the description in the error information, or empty
+    [[nodiscard]] IErrorInfo* ErrorInfo() const noexcept;  ///< with a reference for the caller, or null
+    [[nodiscard]] _bstr_t Description() const;             ///< the description in the error information, or empty
 
     /// The system's message for the code, or a text made of the code: see platform::ReadComError. Belongs to the object;
     /// made at the first use, so concurrent first uses of one object need a lock.

@@ -1,0 +1,28 @@
+#include <MLCore/platform/ComError.h>
+
+#include <MLCore/platform/WinTypes.h>
+
+namespace MLCore::platform {
+
+COMERRORPARTS ReadComError(const _com_error& error) {
+    COMERRORPARTS parts;
+    parts.code = static_cast<unsigned int>(error.Error());
+    const _bstr_t description = error.Description();
+    parts.text = description.length() != 0 ? static_cast<const char*>(description) : error.ErrorMessage();
+    parts.errorInfo = error.ErrorInfo();  // last: nothing can fail after the reference is taken
+    return parts;
+}
+
+void AddRefErrorInfo(IErrorInfo* errorInfo) noexcept {
+    if (errorInfo != nullptr) {
+        errorInfo->AddRef();
+    }
+}
+
+void ReleaseErrorInfo(IErrorInfo* errorInfo) noexcept {
+    if (errorInfo != nullptr) {
+        errorInfo->Release();
+    }
+}
+
+}  // namespace MLCore::platform
