@@ -70,7 +70,10 @@ for compiler in g++ x86_64-w64-mingw32-g++-posix; do
             status=1
             continue
         fi
+        # One function without a body is known by what is left; of two, nobody could tell the order.
+        unnamed=0
         for slot in "${!want[@]}"; do
+            [ "${have[$slot]}" = __cxa_pure_virtual ] && unnamed=$((unnamed + 1)) && [ $unnamed -eq 1 ] && continue
             if [ "${have[$slot]}" != "${want[$slot]}" ]; then
                 echo "MLCore/${header[$class]}:1: $compiler: slot $slot of $class is ${have[$slot]}, not ${want[$slot]}"
                 status=1

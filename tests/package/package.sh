@@ -1,0 +1,109 @@
+#!/usr/bin/env bash
+# Installs the library, shared and static, and has a stranger's program built and run against it in every way that the README
+# names: package.sh WORK_DIRECTORY. Prints "ok: ..." or "not ok: ..." for each. Windows is tried when its compiler is there.
+set -u
+[ $# -eq 1 ] || { echo "usage: package.sh WORK_DIRECTORY"; exit 2; }
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+# shellcheck source=../../scripts/common.sh
+. "$here/../../scripts/common.sh"
+rm -rf "$1/installed" "$1/users"
+mkdir -p "$1"
+work=$(cd "$1" && pwd)
+status=0
+
+# attempt WHAT COMMAND...
+attempt() {
+    local what=$1
+    shift
+    if "$@"; then
+        echo "ok: $what"
+    else
+        echo "not ok: $what"
+        status=1
+    fi
+}
+
+# settings PRESET SHARED: what a preset would set, for the library and for its users.
+settings() {
+    common=(-G Ninja -DCMAKE_BUILD_TYPE=Release)
+    [ "$1" = linux ] || common+=(--toolchain "$ROOT/cmake/mingw-w64.cmake")
+    library=("${common[@]}" -DBUILD_SHARED_LIBS="$2" -DMLCORE_WERROR="$MLCORE_WERROR" -DMLCORE_TESTS=OFF -DMLCORE_EXAMPLES=OFF)
+}
+
+install_library() {
+    cmake -S "$ROOT" -B "$work/$name" "${library[@]}" &&
+        cmake --build "$work/$name" --parallel "$JOBS" &&
+        cmake --install "$work/$name" --prefix "$work/installed/$name" &&
+        # The tree moves once, so that nothing in it may know where it was.
+        mv "$work/installed/$name" "$work/installed/$name-moved"
+}
+
+# works PROGRAM
+works() {
+    local runner=()
+    [[ $1 == *.exe ]] && runner=("$ROOT/cmake/run-with-wine.sh")
+    WINEPATH="Z:$prefix/bin" "${runner[@]}" "$1" | tr -d '\r' | grep -qx works
+}
+
+# with_cmake FOLDER ARGUMENT...
+with_cmake() {
+    local build=$work/users/$1
+    shift
+    cmake -S "$here" -B "$build" "${common[@]}" "$@" && cmake --build "$build" --parallel "$JOBS" || return 1
+    if [ -f "$build/stranger.exe" ]; then works "$build/stranger.exe"; else works "$build/stranger"; fi
+}
+
+with_pkg_config() {
+    local program=$work/users/$name-pkg-config flags libraries how=()
+    [ "$shared" = ON ] || how=(--static)
+    export PKG_CONFIG_PATH
+    PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name MLCore.pc)")
+    flags=$(pkg-config --cflags --libs "${how[@]}" MLCore) || return 1
+    echo "pkg-config: $flags"
+    libraries=$(pkg-config --variable=libdir MLCore)
+    # shellcheck disable=SC2086
+    g++ -std=c++20 "$here/main.cpp" -o "$program" $flags "-Wl,-rpath,$libraries" && works "$program"
+}
+
+# A program linked to the static library holds all of it, and with it every class that registers itself.
+holds_everything() {
+    local archive missing
+    archive=$(find "$prefix" -name libMLCore.a)
+    nm --defined-only "$archive" 2>/dev/null | awk '$2 == "T" { print $3 }' | sort -u >"$work/defined"
+    nm --defined-only "$1" | awk '{ print $3 }' | sort -u >"$work/held"
+    missing=$(comm -23 "$work/defined" "$work/held")
+    if [ ! -s "$work/defined" ] || [ -n "$missing" ]; then
+        echo "left out by the linker: $missing"
+        return 1
+    fi
+}
+
+# Every header that is in the tree is installed, and nothing else.
+headers_installed() {
+    diff <(cd "$ROOT" && find MLCore -name '*.h' | sort) <(cd "$prefix/include" && find MLCore -type f | sort)
+}
+
+presets=(linux)
+command -v x86_64-w64-mingw32-g++-posix >/dev/null && presets+=(windows)
+mkdir -p "$work/users"
+for preset in "${presets[@]}"; do
+    for shared in ON OFF; do
+        kind=static
+        [ $shared = ON ] && kind=shared
+        name=$preset-$kind
+        settings "$preset" $shared
+        prefix=$work/installed/$name-moved
+        attempt "$name: install" install_library || continue
+        attempt "$name: headers" headers_installed
+        attempt "$name: find_package" with_cmake "$name-found" "-DCMAKE_PREFIX_PATH=$prefix" "-DCMAKE_FIND_ROOT_PATH=$prefix"
+        [ "$preset" = linux ] || continue
+        attempt "$name: pkg-config" with_pkg_config
+        if [ $shared = OFF ]; then
+            attempt "$name: whole with find_package" holds_everything "$work/users/$name-found/stranger"
+            attempt "$name: whole with pkg-config" holds_everything "$work/users/$name-pkg-config"
+        fi
+        attempt "$name: add_subdirectory" with_cmake "$name-embedded" -DMLCORE_SOURCE="$ROOT" -DBUILD_SHARED_LIBS=$shared
+        [ $shared = ON ] || attempt "$name: whole with add_subdirectory" holds_everything "$work/users/$name-embedded/stranger"
+    done
+done
+exit $status
