@@ -122,7 +122,7 @@ show_failures() {
         /^[0-9]+: / {
             test = $0; sub(/:.*/, "", test)
             line = $0; sub(/^[0-9]+: /, "", line)
-            if (line ~ /^\[ RUN      \]/) current[test] = ""
+            if (line ~ /^\[ RUN      \]/) current[test] = line "\n"
             else if (line ~ /^\[       OK \]/) current[test] = ""
             else if (line ~ /^\[  FAILED  \] .* ms\)$/) { shown[test] = shown[test] current[test] line "\n"; current[test] = "" }
             else current[test] = substr(current[test] line "\n", 1, 8000)
