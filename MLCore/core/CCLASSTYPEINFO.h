@@ -1,0 +1,87 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+
+#include <vector>
+
+namespace MLCore {
+
+/// The type behind a PROTOCOL*: never defined. The pointer stands for the protocol sub-object of some object; its real
+/// type is the protocol asked for, and ProtocolCast() gives it back.
+class PROTOCOL;
+
+/// Produces the PROTOCOL* of one protocol for an object. One adapter serves all classes that conform to the protocol.
+/// The name with its underscores is the library's established one for it.
+class MLCORE_API __protocol_base__ {
+public:
+    virtual ~__protocol_base__();
+    /// `subObject` is the start of the protocol's sub-object, `object` the start of the object that holds it.
+    virtual PROTOCOL* Produce(void* subObject, void* object) const = 0;
+};
+
+/// The run-time description of a class: its name, its base class and the protocols that it conforms to. A protocol is an
+/// interface class with a description of its own.
+///
+/// There is one description per class and process, and classes are compared by its address. It lives from its first use
+/// until the module that defines it is unloaded. Nobody builds one by hand: see ClassDeclaration.h.
+class MLCORE_API CCLASSTYPEINFO {
+public:
+    /// One protocol of a class.
+    class MLCORE_API PROTOCOLELEM {
+    public:
+        PROTOCOLELEM(const CCLASSTYPEINFO* protocol, const __protocol_base__* base, unsigned long long offset)
+        noexcept : mProtocol(protocol),
+                   mBase(base),
+                   mOffset(offset) {}
+        [[nodiscard]] const CCLASSTYPEINFO* GetProtocol() const noexcept { return mProtocol; }
+
+    private:
+        friend class CCLASSTYPEINFO;
+        const CCLASSTYPEINFO* mProtocol;
+        const __protocol_base__* mBase;
+        unsigned long long mOffset;  // bytes from the start of the object to its protocol sub-object
+    };
+
+    /// `name` is a literal, not owned. `super` describes the base class (null for a root), whose sub-object starts
+    /// `offset` bytes into an object of this class: its protocols are inherited with that offset added.
+    CCLASSTYPEINFO(const char* name, const CCLASSTYPEINFO* super, unsigned long long offset);
+    CCLASSTYPEINFO(const CCLASSTYPEINFO&) = delete;
+    CCLASSTYPEINFO& operator=(const CCLASSTYPEINFO&) = delete;
+
+    [[nodiscard]] const char* GetName() const noexcept { return mName; }
+    /// The base class's description, null for a root.
+    [[nodiscard]] const CCLASSTYPEINFO* GetSuper() const noexcept { return mSuper; }
+    [[nodiscard]] const std::vector<PROTOCOLELEM>& GetProtocols() const noexcept { return mProtocols; }
+    [[nodiscard]] int HasSuper() const noexcept { return mSuper != nullptr ? 1 : 0; }
+
+    /// 1 when this and `other` describe one class.
+    [[nodiscard]] int IsSame(const CCLASSTYPEINFO& other) const noexcept;
+    /// 1 when this class is the direct base of `other`.
+    [[nodiscard]] int IsSuper(const CCLASSTYPEINFO& other) const noexcept;
+    /// 1 when this class is a strict ancestor of `other`.
+    [[nodiscard]] int IsBase(const CCLASSTYPEINFO& other) const noexcept;
+    /// 1 when this class is `other` or derives from it.
+    [[nodiscard]] int IsKind(const CCLASSTYPEINFO& other) const noexcept;
+    /// 1 when one of the two is the other or derives from it.
+    [[nodiscard]] int IsRelative(const CCLASSTYPEINFO& other) const noexcept;
+
+    /// 1 when the class conforms to `protocol` (null: 0).
+    [[nodiscard]] int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const noexcept;
+    /// The protocol sub-object of `object`, an object of this class given by its start; null when the class does not
+    /// conform to `protocol`.
+    [[nodiscard]] PROTOCOL* GetProtocol(const CCLASSTYPEINFO* protocol, void* object) const;
+
+private:
+    template <class Class, class Base, class... Protocols>
+    friend class CLASSDESCRIPTION;
+
+    void AddProtocol(const CCLASSTYPEINFO* protocol, const __protocol_base__* base, unsigned long long offset);
+    void AppendProtocolsOf(const CCLASSTYPEINFO& other, unsigned long long offset);
+    [[nodiscard]] const PROTOCOLELEM* FindProtocol(const CCLASSTYPEINFO* protocol) const noexcept;
+
+    const char* mName;
+    const CCLASSTYPEINFO* mSuper;
+    std::vector<PROTOCOLELEM> mProtocols;
+};
+
+}  // namespace MLCore

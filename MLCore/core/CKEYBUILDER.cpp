@@ -1,0 +1,24 @@
+#include <MLCore/core/CKEYBUILDER.h>
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+
+#include <cstdint>
+#include <limits>
+
+namespace MLCore {
+
+void CKEYBUILDER::AddKey(const std::string& name) {
+    if (name.empty() || name.find_first_of(".[]") != std::string::npos) {
+        FailOSErr(kErrUnknownKey);
+    }
+    mPath += mPath.empty() ? name : "." + name;
+}
+
+void CKEYBUILDER::AddIndex(long index) {
+    if (index < 0 || index > std::numeric_limits<std::int32_t>::max()) {
+        FailOSErr(kErrUnknownKey);
+    }
+    mPath += "[" + std::to_string(index) + "]";
+}
+
+}  // namespace MLCore

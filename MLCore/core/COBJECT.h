@@ -1,0 +1,79 @@
+#pragma once
+
+#include <MLCore/core/CCLASSTYPEINFO.h>
+#include <MLCore/core/CSHAREOBJECT.h>
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/platform/Export.h>
+
+#include <string>
+
+// <windows.h> makes a macro of this name; see COBJECTFACTORY.h.
+#pragma push_macro("GetClassName")
+#undef GetClassName
+
+namespace MLCore {
+
+/// The root of all objects that can be collected, streamed and asked by predicates: a shared object that knows its class
+/// and gives access to its properties by key.
+///
+/// A class derives from COBJECT as its first base, declares itself with MLCORE_CLASS (ClassDeclaration.h), and overrides
+/// GetKeyValue and SetKeyValue to show its properties. Key paths ("customer.orders[0].amount") are walked here: each
+/// name asks the object reached so far for its value, each index asks the element of an array, that is of any object
+/// that conforms to CINDEXEDACCESS.
+class MLCORE_API COBJECT : public CSHAREOBJECT {
+public:
+    COBJECT(const COBJECT&) = default;
+
+    /// The description of the object's class.
+    [[nodiscard]] virtual const CCLASSTYPEINFO& ClassInfo() const;
+    /// The object's implementation of `protocol` (borrowed), null when the class does not conform. ProtocolCast() gives
+    /// it its type back.
+    [[nodiscard]] virtual PROTOCOL* GetProtocolInstance(const CCLASSTYPEINFO* protocol);
+    /// A copy; the caller owns its one reference. Fails with 150 in a class that does not support it.
+    [[nodiscard]] virtual COBJECT* Clone() const;
+    /// The value of the property `key`, which may be null. Fails with 151 when the class does not know the key.
+    [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key);
+    /// Sets the property `key` to `value` (may be null; the object adds a reference of its own). Fails with 151 when the
+    /// class does not know the key.
+    virtual void SetKeyValue(const std::string& key, COBJECT* value);
+    /// The value at the end of `keyPath` (CKEYPARSER tells the form). A null on the way gives null. Fails with 151 when
+    /// the path is malformed, a key unknown, an index out of range, or the object at an index step has no elements.
+    [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyPathValue(const std::string& keyPath);
+    /// Sets what is at the end of `keyPath`: a property, or an element of an array. Fails as GetKeyPathValue() does, and
+    /// with 151 for a null on the way.
+    virtual void SetKeyPathValue(const std::string& keyPath, COBJECT* value);
+    /// 1 when the class conforms to `protocol`.
+    [[nodiscard]] virtual int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const;
+    /// The class's own name in upper case ("CMEMARRAY"), never null.
+    [[nodiscard]] virtual const char* ClassName() const = 0;
+
+private:
+    virtual const char* ClassIdentifier() const;
+
+public:
+    [[nodiscard]] const char* GetClassName() const { return ClassName(); }
+    /// The name under which object streams write the class; null when it cannot be created by identifier.
+    [[nodiscard]] const char* GetClassIdentifier() const { return ClassIdentifier(); }
+    /// Compares the class names byte by byte, as unsigned: -1, 0 or 1.
+    [[nodiscard]] short CmpClass(const COBJECT& other) const;
+
+    static const CCLASSTYPEINFO& ClassInfoStatic();
+    /// Null: the root cannot be created.
+    static const char* _ClassIdentifier();
+
+#ifdef _WIN32
+    [[nodiscard]] const char* GetClassNameA() const { return ClassName(); }
+    [[nodiscard]] const char* GetClassNameW() const { return ClassName(); }
+#endif
+
+protected:
+    COBJECT() = default;
+    COBJECT& operator=(const COBJECT&) = default;
+    ~COBJECT() override = 0;
+
+    static const CCLASSTYPEINFO* _ClassInfo();
+};
+
+}  // namespace MLCore
+
+#pragma pop_macro("GetClassName")

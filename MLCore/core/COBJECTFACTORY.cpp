@@ -1,0 +1,155 @@
+#include <MLCore/core/COBJECTFACTORY.h>
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace MLCore {
+
+template class CSINGLETON<COBJECTFACTORY, noautorelease>;
+
+namespace {
+
+struct ENTRY {
+    COBJECTFACTORY::CREATOR creator;
+    std::string identifier;
+    bool hasIdentifier;
+};
+
+template <class Value>
+using REGISTRY = std::map<std::string, Value, std::less<>>;
+
+template <class Value>
+const Value* Find(const REGISTRY<Value>& registry, const char* key) {
+    if (key == nullptr) {
+        return nullptr;
+    }
+    const auto found = registry.find(key);
+    return found != registry.end() ? &found->second : nullptr;
+}
+
+}  // namespace
+
+struct COBJECTFACTORY::IMPLEMENTATION {
+    REGISTRY<ENTRY> byName;
+    REGISTRY<std::string> byIdentifier;  // identifier -> the name of the class that owns it
+};
+
+namespace {
+
+// The registrars of all loaded modules, first to last. Constant-initialised: it stands before any registrar runs.
+CLASSREGISTRAR* gFirstRegistrar = nullptr;
+
+}  // namespace
+
+CLASSREGISTRAR::CLASSREGISTRAR(std::string className, const char* classIdentifier, CREATOR creator)
+    : mClassName(std::move(className)),
+      mClassIdentifier(classIdentifier),
+      mCreator(creator) {
+    if (mCreator == nullptr) {
+        return;
+    }
+    COBJECTFACTORY::GetInstance()->Enter(*this);
+    CLASSREGISTRAR** end = &gFirstRegistrar;
+    while (*end != nullptr) {
+        end = &(*end)->mNext;
+    }
+    *end = this;
+}
+
+CLASSREGISTRAR::~CLASSREGISTRAR() {
+    for (CLASSREGISTRAR** link = &gFirstRegistrar; *link != nullptr; link = &(*link)->mNext) {
+        if (*link == this) {
+            *link = mNext;
+            break;
+        }
+    }
+    if (COBJECTFACTORY* const factory = COBJECTFACTORY::mInstance) {
+        factory->Leave(*this);
+    }
+}
+
+COBJECTFACTORY::COBJECTFACTORY() : mImplementation(new IMPLEMENTATION) {
+    for (const CLASSREGISTRAR* registrar = gFirstRegistrar; registrar != nullptr; registrar = registrar->mNext) {
+        Enter(*registrar);
+    }
+}
+
+COBJECTFACTORY::~COBJECTFACTORY() { delete mImplementation; }
+
+void COBJECTFACTORY::RegisterClass(const char* className, const char* classIdentifier, CREATOR creator) {
+    FailNull(className);
+    FailNull(reinterpret_cast<const void*>(creator));
+    const bool hasIdentifier = classIdentifier != nullptr;
+    ENTRY entry{creator, hasIdentifier ? classIdentifier : "", hasIdentifier};
+    // Every allocation comes before the first change, so a failure leaves the registries as they were.
+    REGISTRY<ENTRY> newName;
+    newName.emplace(className, std::move(entry));
+    REGISTRY<std::string> newIdentifier;
+    if (hasIdentifier) {
+        newIdentifier.emplace(classIdentifier, className);
+        mImplementation->byIdentifier.erase(classIdentifier);
+    }
+    UnregisterClass(className);
+    mImplementation->byName.merge(newName);
+    mImplementation->byIdentifier.merge(newIdentifier);
+}
+
+void COBJECTFACTORY::RegisterClass(const char* className, CREATOR creator) {
+    RegisterClass(className, nullptr, creator);
+}
+
+void COBJECTFACTORY::UnregisterClass(const char* className) {
+    if (className == nullptr) {
+        return;
+    }
+    const auto found = mImplementation->byName.find(className);
+    if (found == mImplementation->byName.end()) {
+        return;
+    }
+    if (found->second.hasIdentifier) {
+        const auto owner = mImplementation->byIdentifier.find(found->second.identifier);
+        if (owner != mImplementation->byIdentifier.end() && owner->second == found->first) {
+            mImplementation->byIdentifier.erase(owner);
+        }
+    }
+    mImplementation->byName.erase(found);
+}
+
+int COBJECTFACTORY::IsRegistered(const char* className) const {
+    return Find(mImplementation->byName, className) != nullptr ? 1 : 0;
+}
+
+int COBJECTFACTORY::IsRegisteredIdentifier(const char* classIdentifier) const {
+    return Find(mImplementation->byIdentifier, classIdentifier) != nullptr ? 1 : 0;
+}
+
+CSHAREOBJECTPTR<COBJECT> COBJECTFACTORY::CreateObject(const char* className) const {
+    const ENTRY* const entry = Find(mImplementation->byName, className);
+    if (entry == nullptr) {
+        FailOSErr(kErrUnknownClass);
+    }
+    return entry->creator();
+}
+
+CSHAREOBJECTPTR<COBJECT> COBJECTFACTORY::CreateObjectFromIdentifier(const char* classIdentifier) const {
+    const std::string* const className = Find(mImplementation->byIdentifier, classIdentifier);
+    return CreateObject(className != nullptr ? className->c_str() : nullptr);
+}
+
+void COBJECTFACTORY::Enter(const CLASSREGISTRAR& registrar) {
+    RegisterClass(registrar.mClassName.c_str(), registrar.mClassIdentifier, registrar.mCreator);
+}
+
+// Another module may have registered a class of the same name since: that one stays.
+void COBJECTFACTORY::Leave(const CLASSREGISTRAR& registrar) noexcept {
+    const ENTRY* const entry = Find(mImplementation->byName, registrar.mClassName.c_str());
+    if (entry != nullptr && entry->creator == registrar.mCreator) {
+        UnregisterClass(registrar.mClassName.c_str());
+    }
+}
+
+}  // namespace MLCore

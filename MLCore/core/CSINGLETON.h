@@ -1,0 +1,119 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <exception>
+#include <mutex>
+#include <new>
+#include <type_traits>
+
+namespace MLCore {
+
+/// The singleton is freed when its module is unloaded.
+struct autorelease {};
+/// The singleton lives until its owner calls Free().
+struct noautorelease {};
+
+/// The base of a class with one instance per process, created at the first use by any thread.
+///
+///     class CMANAGER : public CSINGLETON<CMANAGER, autorelease> {
+///         friend class CSINGLETON<CMANAGER, autorelease>;
+///         CMANAGER();
+///     };
+///     CMANAGER::GetInstance()->...
+///
+/// To be one also when several modules use it, the instantiation belongs into one of them: in the header
+/// `extern template class EXPORT CSINGLETON<CMANAGER, autorelease>;` before the class, in the source
+/// `template class CSINGLETON<CMANAGER, autorelease>;`.
+template <class T, class Policy>
+class MLCORE_TEMPLATE_API CSINGLETON {
+    static_assert(std::is_same_v<Policy, autorelease> || std::is_same_v<Policy, noautorelease>);
+
+public:
+    CSINGLETON(const CSINGLETON&) = delete;
+    CSINGLETON& operator=(const CSINGLETON&) = delete;
+
+    /// The instance, created at the first call. Threads may call it at once. An exception of T's constructor passes
+    /// through, and the next call tries again. T's constructor must not call it.
+    static T* GetInstance();
+    /// Deletes the instance, if there is one; a later GetInstance() creates a fresh one. Not to be called while another
+    /// thread uses the instance or asks for it.
+    static void Free();
+
+protected:
+    CSINGLETON();
+    virtual ~CSINGLETON();
+
+    static T* mInstance;
+    static std::once_flag mInit;
+
+private:
+    static std::exception_ptr TryCreate() noexcept;
+    static void ResetInit() noexcept;
+};
+
+template <class T, class Policy>
+T* CSINGLETON<T, Policy>::mInstance = nullptr;
+
+template <class T, class Policy>
+std::once_flag CSINGLETON<T, Policy>::mInit;
+
+template <class T, class Policy>
+T* CSINGLETON<T, Policy>::GetInstance() {
+    const std::atomic_ref<T*> instance(mInstance);
+    if (T* const existing = instance.load(std::memory_order_acquire)) {
+        return existing;
+    }
+    // Some systems' call_once never recovers from an exception that passes through it, so a failure is carried around it
+    // and the flag reset. The lock keeps other threads off the flag meanwhile.
+    static std::mutex creation;
+    const std::lock_guard<std::mutex> lock(creation);
+    std::exception_ptr failure;
+    std::call_once(mInit, [&failure] { failure = TryCreate(); });
+    if (failure) {
+        ResetInit();
+        std::rethrow_exception(failure);
+    }
+    return instance.load(std::memory_order_acquire);
+}
+
+template <class T, class Policy>
+std::exception_ptr CSINGLETON<T, Policy>::TryCreate() noexcept {
+    try {
+        std::atomic_ref<T*>(mInstance).store(new T, std::memory_order_release);
+        return nullptr;
+    } catch (...) {
+        return std::current_exception();
+    }
+}
+
+template <class T, class Policy>
+void CSINGLETON<T, Policy>::Free() {
+    delete mInstance;
+}
+
+template <class T, class Policy>
+CSINGLETON<T, Policy>::CSINGLETON() {
+    if constexpr (std::is_same_v<Policy, autorelease>) {
+        std::atexit([] { Free(); });
+    }
+}
+
+template <class T, class Policy>
+CSINGLETON<T, Policy>::~CSINGLETON() {
+    // Not so when T's constructor has failed: then the flag is still in use, and GetInstance resets it.
+    if (static_cast<CSINGLETON*>(mInstance) == this) {
+        mInstance = nullptr;
+        ResetInit();
+    }
+}
+
+template <class T, class Policy>
+void CSINGLETON<T, Policy>::ResetInit() noexcept {
+    mInit.~once_flag();
+    new (&mInit) std::once_flag;
+}
+
+}  // namespace MLCore

@@ -1,0 +1,141 @@
+/// How a class takes part in run-time class information, protocols and the object factory: one macro in its header, one
+/// in its source.
+///
+///     // CORDER.h
+///     class CORDER : public COBJECT, public CINDEXEDACCESS {
+///         MLCORE_CLASS(CORDER, COBJECT, CINDEXEDACCESS)  // class, base, then the protocols it adds
+///     public:
+///         static CSHAREOBJECTPTR<CORDER> Create() { return AdoptObject(new CORDER); }
+///         ...
+///     };
+///
+///     // CORDER.cpp, inside the namespace of the class
+///     MLCORE_REGISTER_CLASS(CORDER)
+///
+/// A protocol is an interface class with a description of its own that says which protocols it includes:
+///
+///     class CINDEXEDACCESS {
+///     public:
+///         static const CCLASSTYPEINFO& ClassInfoStatic();
+///         ...
+///     };
+///     const CCLASSTYPEINFO& CINDEXEDACCESS::ClassInfoStatic() {
+///         static const CLASSDESCRIPTION<CINDEXEDACCESS, void> gClassInfo("CINDEXEDACCESS");
+///         return gClassInfo;
+///     }
+#pragma once
+
+#include <MLCore/core/CCLASSTYPEINFO.h>
+#include <MLCore/core/CLASSREGISTRAR.h>
+#include <MLCore/core/COBJECT.h>
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+
+#include <cstdint>
+#include <type_traits>
+
+namespace MLCore {
+
+/// The adapter of one protocol.
+template <class Protocol>
+class PROTOCOLADAPTER final : public __protocol_base__ {
+public:
+    PROTOCOL* Produce(void* subObject, void*) const override { return static_cast<PROTOCOL*>(subObject); }
+
+    static const PROTOCOLADAPTER& Instance() {
+        static const PROTOCOLADAPTER adapter;
+        return adapter;
+    }
+};
+
+/// The description of `Class`, which derives from `Base` (void for a root or a protocol) and adds `Protocols`. Each of
+/// them is a base class of Class, not a virtual one.
+template <class Class, class Base, class... Protocols>
+class CLASSDESCRIPTION final : public CCLASSTYPEINFO {
+public:
+    explicit CLASSDESCRIPTION(const char* name) : CCLASSTYPEINFO(name, InfoOf<Base>(), OffsetOf<Base>()) {
+        (AddProtocol(InfoOf<Protocols>(), &PROTOCOLADAPTER<Protocols>::Instance(), OffsetOf<Protocols>()), ...);
+    }
+
+private:
+    template <class Part>
+    static const CCLASSTYPEINFO* InfoOf() {
+        if constexpr (std::is_void_v<Part>) {
+            return nullptr;
+        } else {
+            return &Part::ClassInfoStatic();
+        }
+    }
+
+    // Measures on an address where no object is: only the distance counts, nothing is read.
+    template <class Part>
+    static unsigned long long OffsetOf() {
+        if constexpr (std::is_void_v<Part>) {
+            return 0;
+        } else {
+            static_assert(
+                requires(Part * part) { static_cast<Class*>(part); }, "a virtual base has no fixed offset");
+            constexpr std::uintptr_t kStart = 0x10000;
+            Class* const whole = reinterpret_cast<Class*>(kStart);
+            return reinterpret_cast<std::uintptr_t>(static_cast<Part*>(whole)) - kStart;
+        }
+    }
+};
+
+/// The sub-object of `object` that implements the protocol P, or null when its class does not conform (or `object` is
+/// null). Borrowed: valid while the object is referenced.
+template <class P>
+[[nodiscard]] P* ProtocolCast(COBJECT* object) {
+    return object != nullptr ? static_cast<P*>(static_cast<void*>(object->GetProtocolInstance(&P::ClassInfoStatic())))
+                             : nullptr;
+}
+
+}  // namespace MLCore
+
+/// In the class body, first: declares what COBJECT asks of a class. `CNAME` derives from `CBASE` as its first base and
+/// conforms to the protocols that follow. What comes after it is private.
+#define MLCORE_CLASS(CNAME, CBASE, ...)                                                                              \
+public:                                                                                                              \
+    static const ::MLCore::CCLASSTYPEINFO& ClassInfoStatic();                                                        \
+    static const char* _ClassIdentifier();                                                                           \
+    const ::MLCore::CCLASSTYPEINFO& ClassInfo() const override;                                                      \
+    ::MLCore::PROTOCOL* GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) override;                      \
+    const char* ClassName() const override;                                                                          \
+                                                                                                                     \
+protected:                                                                                                           \
+    static const ::MLCore::CCLASSTYPEINFO* _ClassInfo();                                                             \
+                                                                                                                     \
+private:                                                                                                             \
+    using CLASSDESCRIPTION_ = ::MLCore::CLASSDESCRIPTION<CNAME, CBASE __VA_OPT__(, ) __VA_ARGS__>;                   \
+    const char* ClassIdentifier() const override;                                                                    \
+    static const ::MLCore::CLASSREGISTRAR gRegistrar_;                                                               \
+    template <class CLASS_>                                                                                          \
+    static constexpr ::MLCore::CLASSREGISTRAR::CREATOR Creator_() {                                                  \
+        if constexpr (requires { new CLASS_(); }) {                                                                  \
+            return [] { return ::MLCore::CSHAREOBJECTPTR<::MLCore::COBJECT>(::MLCore::AdoptObject(new CLASS_())); }; \
+        } else {                                                                                                     \
+            return nullptr;                                                                                          \
+        }                                                                                                            \
+    }
+
+/// In the source of the class, inside its namespace: defines what MLCORE_CLASS declared. A class that is not abstract
+/// and has a default constructor (of any access) is registered with the object factory when its module loads and
+/// unregistered when it unloads; its identifier is its name, or the literal that follows. Other classes have no
+/// identifier.
+#define MLCORE_REGISTER_CLASS(CNAME, ...)                                                                   \
+    const ::MLCore::CCLASSTYPEINFO* CNAME::_ClassInfo() {                                                   \
+        static const CLASSDESCRIPTION_ gClassInfo(#CNAME);                                                  \
+        return &gClassInfo;                                                                                 \
+    }                                                                                                       \
+    const ::MLCore::CCLASSTYPEINFO& CNAME::ClassInfoStatic() { return *_ClassInfo(); }                      \
+    const ::MLCore::CCLASSTYPEINFO& CNAME::ClassInfo() const { return ClassInfoStatic(); }                  \
+    ::MLCore::PROTOCOL* CNAME::GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) {              \
+        return ClassInfoStatic().GetProtocol(protocol, this);                                               \
+    }                                                                                                       \
+    const char* CNAME::ClassName() const { return #CNAME; }                                                 \
+    const char* CNAME::ClassIdentifier() const { return _ClassIdentifier(); }                               \
+    const char* CNAME::_ClassIdentifier() {                                                                 \
+        constexpr const char* kNames[] = {__VA_ARGS__ __VA_OPT__(, ) #CNAME};                               \
+        return Creator_<CNAME>() != nullptr ? kNames[0] : nullptr;                                          \
+    }                                                                                                       \
+    const ::MLCore::CLASSREGISTRAR CNAME::gRegistrar_(::MLCore::FactoryNameOf<CNAME>(), _ClassIdentifier(), \
+                                                      Creator_<CNAME>());

@@ -1,0 +1,30 @@
+/// The numbers that failures carry. The class and the message of a FrameworkException hold the same code unless told
+/// otherwise. The library has no texts for them: an application words its own.
+#pragma once
+
+namespace MLCore {
+
+inline constexpr short kErrNull = -100;            ///< a null pointer, or memory that could not be had
+inline constexpr short kErrStreamEnd = -110;       ///< a stream ended, or a position or length lies outside it
+inline constexpr short kErrStreamName = -111;      ///< a name too long to be written to a stream
+inline constexpr short kErrBoolean = 1;            ///< a boolean check failed (the message is 0)
+inline constexpr short kErrBadException = 120;     ///< std::bad_exception
+inline constexpr short kErrBadCast = 121;          ///< std::bad_cast
+inline constexpr short kErrUnknownClass = 123;     ///< std::bad_typeid; a class that the factory does not know
+inline constexpr short kErrStreamFailure = 124;    ///< std::ios_base::failure
+inline constexpr short kErrRange = 125;            ///< std::range_error
+inline constexpr short kErrOverflow = 126;         ///< std::overflow_error; a number too large for its stored form
+inline constexpr short kErrUnderflow = 127;        ///< std::underflow_error
+inline constexpr short kErrRuntime = 128;          ///< std::runtime_error
+inline constexpr short kErrLength = 129;           ///< std::length_error
+inline constexpr short kErrDomain = 130;           ///< std::domain_error
+inline constexpr short kErrOutOfRange = 131;       ///< std::out_of_range
+inline constexpr short kErrInvalidArgument = 132;  ///< std::invalid_argument
+inline constexpr short kErrLogic = 133;            ///< std::logic_error
+inline constexpr short kErrOtherException = 134;   ///< any other std::exception
+inline constexpr short kErrValueType = 138;        ///< a value of another type than asked for, or text that is no value
+inline constexpr short kErrStreamClosed = 141;     ///< an operation on a closed stream
+inline constexpr short kErrUnsupported = 150;      ///< an operation that the class does not support
+inline constexpr short kErrUnknownKey = 151;       ///< a key that the class does not know, or an index out of range
+
+}  // namespace MLCore

@@ -1,0 +1,76 @@
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/platform/LastError.h>
+
+namespace MLCore {
+
+extern "C" {
+
+short Fail(unsigned short errorClass, short msg) {
+    if (errorClass != 0) {
+        throw FrameworkException(static_cast<short>(errorClass), msg);
+    }
+    return 0;
+}
+
+void FailOSErr(short code) {
+    if (code != 0) {
+        throw FrameworkException(code, code);
+    }
+}
+
+void FailCbErr(short code) {
+    if (code != 0 && code != 1) {
+        throw FrameworkException(code, code);
+    }
+}
+
+void FailCoherErr(unsigned short code, const char* text) {
+    if (code != 0) {
+        const short number = static_cast<short>(code);
+        throw FrameworkException(number, number, FrameworkException::Coherence, 0, text);
+    }
+}
+
+void FailCoherFieldErr(unsigned short code, unsigned short field, const char* text) {
+    if (code != 0) {
+        const short number = static_cast<short>(code);
+        throw FrameworkException(number, number, FrameworkException::FieldCoherence, field, text);
+    }
+}
+
+void FailFALSE(int value) {
+    if (value == 0) {
+        throw FrameworkException(kErrBoolean, 0);
+    }
+}
+
+void FailTRUE(int value) {
+    if (value != 0) {
+        throw FrameworkException(kErrBoolean, 0);
+    }
+}
+
+void FailNull(const void* pointer) {
+    if (pointer == nullptr) {
+        FailOSErr(kErrNull);
+    }
+}
+
+void FailNullPtr(const void* pointer) { FailNull(pointer); }
+
+void FailLastError(int result) {
+    if (result == 0) {
+        throw FrameworkException(platform::LastError());
+    }
+}
+
+void FailOLEErr(unsigned int hresult) {
+    if ((hresult & 0xFFFFU) != 0) {
+        throw FrameworkException(hresult);
+    }
+}
+
+}  // extern "C"
+
+}  // namespace MLCore

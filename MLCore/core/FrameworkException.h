@@ -1,0 +1,83 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+#include <MLCore/platform/ForwardTypes.h>
+
+#include <cstdint>
+#include <exception>
+
+namespace MLCore {
+
+/// The one exception that the library throws: two 16-bit numbers (class and message), the raw status of the operating
+/// system or of COM when there is one, and an optional text in code page 1252.
+///
+/// It is thrown by value, normally through a check of FailureChecks.h, and caught by reference:
+///
+///     try {
+///         object->GetKeyValue("name");
+///     } catch (const FrameworkException& failure) {
+///         std::cerr << "failure " << failure.GetMsg() << '\n';  // 151: the class does not know the key
+///     }
+///
+/// It derives from no standard exception, so `catch (const std::exception&)` does not see it. One exception object is
+/// used by one thread at a time.
+class MLCORE_API FrameworkException {
+public:
+    /// What kind of failure it is; decides IsComErr() and the meaning of GetField().
+    enum Kind : std::int16_t {
+        Ordinary = 0,
+        ComError = 1,
+        FieldCoherence = 2,  ///< a field that contradicts the others; GetField() numbers it
+        Coherence = 3,
+    };
+
+    /// All numbers 0, no text.
+    FrameworkException() noexcept = default;
+    FrameworkException(short errorClass, short msg) noexcept;
+    /// Copies `text` (null: no text).
+    FrameworkException(short errorClass, short msg, short kind, unsigned short field, const char* text);
+    /// From a Win32 code or an HRESULT: class and message are -3000 minus its low 16 bits (read as signed 16-bit), so
+    /// 5 and 0x80070005 both give -3005.
+    explicit FrameworkException(unsigned int code) noexcept;
+    /// From a COM error: numbers as for its HRESULT, its error information with a reference of our own, and as text its
+    /// description, or the system's message when it has none.
+    explicit FrameworkException(const _com_error& error);
+    /// From a standard exception: its what() as text and the code of the nearest standard class (ErrorCodes.h; a
+    /// derived class counts as its base), 134 for any other.
+    explicit FrameworkException(const std::exception& error);
+
+    FrameworkException(const FrameworkException& other);
+    FrameworkException(FrameworkException&& other) noexcept;
+    FrameworkException& operator=(const FrameworkException& other);
+    FrameworkException& operator=(FrameworkException&& other) noexcept;
+    virtual ~FrameworkException();
+
+    [[nodiscard]] short GetClass() const noexcept { return mClass; }
+    [[nodiscard]] short GetMsg() const noexcept { return mMsg; }
+    /// The field number of a field coherence error, else 0.
+    [[nodiscard]] short GetField() const noexcept { return static_cast<short>(mField); }
+    /// The raw Win32 code or HRESULT, 0 when there is none.
+    [[nodiscard]] unsigned int GetCode() const noexcept { return mCode; }
+    /// The COM error information or null. The caller gets a reference of its own and releases it.
+    [[nodiscard]] IErrorInfo* GetErrorInfo() const noexcept;
+    /// 1 for a COM error, else 0.
+    [[nodiscard]] int IsComErr() const noexcept { return mKind == ComError ? 1 : 0; }
+    /// The text, or null. Owned by the exception, valid until it is assigned or destroyed.
+    /// Without a text of its own, a failure HRESULT (bit 31 set) is looked up in the system's messages at the first
+    /// call. A plain Win32 code (bit 31 clear) never is: that asymmetry is intended, so `FailLastError` failures have
+    /// no text.
+    [[nodiscard]] const char* GetText() const;
+
+private:
+    void Swap(FrameworkException& other) noexcept;
+
+    std::int16_t mClass = 0;
+    std::int16_t mMsg = 0;
+    std::uint32_t mCode = 0;
+    IErrorInfo* mErrorInfo = nullptr;
+    std::int16_t mKind = Ordinary;
+    std::uint16_t mField = 0;
+    mutable char* mText = nullptr;
+};
+
+}  // namespace MLCore

@@ -1,0 +1,16 @@
+#include <MLCore/datetime/CCALENDARBANQUEPORTOSTRATEGY.h>
+#include <MLCore/datetime/HOLIDAYCALENDAR.h>
+
+namespace MLCore {
+
+CSHAREOBJECTPTR<CCALENDARBANQUEPORTOSTRATEGY> CCALENDARBANQUEPORTOSTRATEGY::Create() {
+    return AdoptObject(new CCALENDARBANQUEPORTOSTRATEGY);
+}
+
+CCALENDARBANQUEPORTOSTRATEGY::~CCALENDARBANQUEPORTOSTRATEGY() = default;
+
+int CCALENDARBANQUEPORTOSTRATEGY::IsFerie(const CDATE& date) const {
+    return PortugueseHolidays().IsHoliday(date) ? 1 : 0;
+}
+
+}  // namespace MLCore

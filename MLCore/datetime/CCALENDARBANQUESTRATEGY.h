@@ -1,0 +1,23 @@
+#pragma once
+
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/datetime/CCALENDARSTRATEGY.h>
+#include <MLCore/platform/Export.h>
+
+namespace MLCore {
+
+/// The calendar of French banks: the French holidays, Good Friday and 26 December.
+class MLCORE_API CCALENDARBANQUESTRATEGY : public CCALENDARSTRATEGY {
+public:
+    [[nodiscard]] static CSHAREOBJECTPTR<CCALENDARBANQUESTRATEGY> Create();
+
+    CCALENDARBANQUESTRATEGY() = default;
+    CCALENDARBANQUESTRATEGY(const CCALENDARBANQUESTRATEGY&) = default;
+
+    [[nodiscard]] int IsFerie(const CDATE& date) const override;
+
+protected:
+    ~CCALENDARBANQUESTRATEGY() override;
+};
+
+}  // namespace MLCore

@@ -1,0 +1,20 @@
+#include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARMANAGER.h>
+
+namespace MLCore {
+
+template class CSINGLETON<CCALENDARMANAGER, autorelease>;
+
+CCALENDARMANAGER::CCALENDARMANAGER() : mCalendar(CCALENDARFRENCHSTRATEGY::Create()) {}
+
+CCALENDARMANAGER::~CCALENDARMANAGER() = default;
+
+CCALENDARSTRATEGY* CCALENDARMANAGER::GetCalendar() const { return mCalendar; }
+
+void CCALENDARMANAGER::SetCalendar(CCALENDARSTRATEGY& calendar) { mCalendar = &calendar; }
+
+CCALENDARSTRATEGY& CCALENDARMANAGER::Resolve(CCALENDARSTRATEGY* strategy) {
+    return strategy != nullptr ? *strategy : *GetInstance()->GetCalendar();
+}
+
+}  // namespace MLCore

@@ -1,0 +1,294 @@
+#pragma once
+
+#include <MLCore/datetime/SerialDay.h>
+#include <MLCore/platform/Export.h>
+#include <MLCore/platform/ForwardTypes.h>
+
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+namespace MLCore {
+
+class CCALENDARSTRATEGY;
+struct CDATEFORMAT;
+
+/// A calendar date: day, month and year of the proleptic Gregorian calendar, or null. A value type of 6 bytes, copied
+/// freely; nothing throws.
+///
+///     CDATE date(31, 1, 2024);
+///     date.AddMonths(1);               // 29/2/2024: the day is clamped to the month
+///     date.GetDayOfWeek();             // CDATE::Thursday
+///     NextDateOuvre(date);             // the next business day of the current calendar
+///     if (!date.FromString(text)) ...  // parsers answer 1 or 0 and leave the date alone when they fail
+///
+/// A date holds what it is given: 31/2/2024 can be stored, compared and counted with, and IsDate() tells that it is no
+/// date. The null date 0/0/0 sorts before all valid dates. Years run from 0; arithmetic goes beyond as long as the year
+/// fits 16 bits, and gives the null date where it does not.
+///
+/// Wherever a CCALENDARSTRATEGY* is taken, it is borrowed for the call, and null means the current calendar
+/// (CCALENDARMANAGER).
+class MLCORE_API CDATE {
+public:
+    enum eDay : int { Monday, Tuesday, Wednesday, Thursday, Friday, Saturday, Sunday };
+
+    /// The kinds of successive periods into which a time can be divided (échelonnement).
+    enum eTypeEchelonnement : int {
+        EchelonDay,
+        EchelonWeek,
+        EchelonMonth,
+        EchelonBimestre,   ///< two months
+        EchelonTrimestre,  ///< a quarter
+        EchelonSemestre,   ///< half a year
+        EchelonYear,
+    };
+
+    /// The null date.
+    constexpr CDATE() noexcept = default;
+    constexpr CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept
+        : mDay(day),
+          mMonth(month),
+          mYear(year) {}
+    /// Takes wDay, wMonth and wYear.
+    explicit CDATE(const _SYSTEMTIME& time) noexcept;
+    /// From a short date, see ToSDate(). 0 gives the null date.
+    explicit CDATE(std::uint16_t shortDate) noexcept;
+    /// From a long date, see ToLDate(). A `long` that does not fit 32 bits gives the null date.
+    explicit CDATE(int longDate) noexcept;
+    explicit CDATE(long longDate) noexcept;
+    /// The day of an OLE Automation date; null for 0.0 and for what is no such date.
+    explicit CDATE(double oleDate) noexcept;
+    /// Runs FromString(); null when it fails.
+    explicit CDATE(const char* text) noexcept;
+
+    static const CDATE& NullDate() noexcept;
+    static const CDATE& Null() noexcept { return NullDate(); }
+    static const CDATE& MinDate() noexcept;  ///< 1 January 1900
+    static const CDATE& Min() noexcept { return MinDate(); }
+    static const CDATE& MaxDate() noexcept;  ///< 31 December 9999
+    static const CDATE& Max() noexcept { return MaxDate(); }
+    static const CDATE& MinDateShort() noexcept;  ///< 1 January 1928
+    static const CDATE& MaxDateShort() noexcept;  ///< 31 December 2027
+    /// The local date now.
+    static CDATE Today() noexcept;
+
+    [[nodiscard]] constexpr std::int16_t GetDay() const noexcept { return mDay; }
+    [[nodiscard]] constexpr std::int16_t GetMonth() const noexcept { return mMonth; }
+    [[nodiscard]] constexpr std::int16_t GetYear() const noexcept { return mYear; }
+    constexpr void SetDay(std::int16_t day) noexcept { mDay = day; }
+    constexpr void SetMonth(std::int16_t month) noexcept { mMonth = month; }
+    constexpr void SetYear(std::int16_t year) noexcept { mYear = year; }
+    constexpr void Set(std::int16_t day, std::int16_t month, std::int16_t year) noexcept { *this = {day, month, year}; }
+    /// Makes it the null date.
+    constexpr void Clear() noexcept { *this = {}; }
+
+    [[nodiscard]] constexpr int IsNull() const noexcept { return (mDay | mMonth | mYear) == 0 ? 1 : 0; }
+    constexpr bool operator!() const noexcept { return IsNull() != 0; }
+    /// 1 when the fields form a real date of the year 0 or later.
+    [[nodiscard]] constexpr int IsDate() const noexcept {
+        return mYear >= 0 && mDay >= 1 && mDay <= DaysInMonth(mMonth, mYear) ? 1 : 0;
+    }
+    /// 1 in a leap year.
+    [[nodiscard]] constexpr int IsYearBissextile() const noexcept { return IsYearBissextile(mYear); }
+    /// 1 when the next day lies in another month.
+    [[nodiscard]] int IsEndOfMonth() const noexcept;
+    /// Lowers a day that overshoots its month; leaves everything else alone.
+    void Validate() noexcept;
+
+    /// The day of the week, counted from Monday 4 January 1904 with a signed remainder: before that day, dates other
+    /// than Mondays give the weekday minus 7 (-6..-1). 1 January 1904 gives -3. That is intended.
+    [[nodiscard]] constexpr eDay GetDayOfWeek() const noexcept {
+        return static_cast<eDay>((ComputeDaysFrom1904() - 3) % 7);
+    }
+    /// The day of the year, 1 on 1 January; 0 for what is no date.
+    [[nodiscard]] std::int16_t GetDayNumber() const noexcept;
+    /// The number of the week under the strategy's first day of the week and rule for week 1; `year` (may be null)
+    /// receives the year that the week belongs to. For what is no date 0, with the year field.
+    [[nodiscard]] std::int16_t GetWeekNumber(std::int16_t* year = nullptr, CCALENDARSTRATEGY* strategy = nullptr) const;
+    [[nodiscard]] constexpr std::int16_t GetBimestreNumber() const noexcept {
+        return static_cast<std::int16_t>((mMonth - 1) / 2 + 1);
+    }
+    [[nodiscard]] constexpr std::int16_t GetTrimestreNumber() const noexcept {
+        return static_cast<std::int16_t>((mMonth - 1) / 3 + 1);
+    }
+    [[nodiscard]] constexpr std::int16_t GetSemestreNumber() const noexcept {
+        return static_cast<std::int16_t>((mMonth - 1) / 6 + 1);
+    }
+
+    /// 1 on a day of the week that is open for business (ouvré) and no public holiday.
+    int IsOuvre(CCALENDARSTRATEGY* strategy = nullptr) const;
+    /// 1 on a worked day (travaillé): what counts is the strategy's own rule.
+    int IsTravaille(CCALENDARSTRATEGY* strategy = nullptr) const;
+    /// 1 on a public holiday (férié).
+    int IsFerie(CCALENDARSTRATEGY* strategy = nullptr) const;
+
+    /// Days from 1 January 1904, negative before it. Defined for any fields.
+    [[nodiscard]] constexpr std::int32_t ComputeDaysFrom1904() const noexcept {
+        return serialday::FromFields(mDay, mMonth, mYear);
+    }
+    /// The exact inverse; the null date when the year does not fit 16 bits.
+    constexpr void From1904(long serial) noexcept {
+        if (serial < serialday::kFirst || serial > serialday::kLast) {
+            Clear();
+            return;
+        }
+        const serialday::FIELDS fields = serialday::ToFields(static_cast<std::int32_t>(serial));
+        mDay = static_cast<std::int16_t>(fields.day);
+        mMonth = static_cast<std::int16_t>(fields.month);
+        mYear = static_cast<std::int16_t>(fields.year);
+    }
+
+    /// Counts against another date: never negative, whichever comes first. Days, weeks and business days are -1 when one
+    /// of the two is no date; the others look at the fields only.
+    [[nodiscard]] std::int32_t ComputeDays(const CDATE& other) const noexcept;
+    /// The number of week ends passed from the earlier to the later date.
+    [[nodiscard]] std::int32_t ComputeWeeks(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
+    [[nodiscard]] std::int32_t ComputeMonths(const CDATE& other) const noexcept;
+    [[nodiscard]] std::int32_t ComputeBimestres(const CDATE& other) const noexcept;
+    [[nodiscard]] std::int32_t ComputeTrimestres(const CDATE& other) const noexcept;
+    [[nodiscard]] std::int32_t ComputeSemestres(const CDATE& other) const noexcept;
+    [[nodiscard]] std::int32_t ComputeYears(const CDATE& other) const noexcept;
+    /// The business days from the earlier date, counted, to the later, not counted. Fast over any distance with the
+    /// library's own calendars; linear in the days with a strategy of the application's.
+    [[nodiscard]] std::int32_t ComputeDaysOuvre(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
+    [[nodiscard]] std::int32_t ComputeDaysTravaille(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
+    /// The count of the kind asked for; -1 when one of the two is no date or the kind is unknown.
+    [[nodiscard]] std::int32_t Echelonnement(const CDATE& other, eTypeEchelonnement type,
+                                             CCALENDARSTRATEGY* strategy = nullptr) const;
+
+    CDATE& AddDays(long days) noexcept;
+    /// Keeps the day where the month has it and lowers it where not: 31 January + 1 month is the end of February.
+    CDATE& AddMonths(long months) noexcept;
+    CDATE& AddYears(long years) noexcept;
+    /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate. Where no day
+    /// of the week is open for business it becomes MinDate for negative `days`, MaxDate otherwise, 0 included.
+    CDATE& AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy = nullptr);
+    /// The same by worked days; only the bounds stop it.
+    CDATE& AddDaysTravaille(long days, CCALENDARSTRATEGY* strategy = nullptr);
+
+    CDATE& operator+=(long days) noexcept { return AddDays(days); }
+    CDATE& operator-=(long days) noexcept;
+    CDATE& operator++() noexcept { return AddDays(1); }
+    CDATE& operator--() noexcept { return AddDays(-1); }
+    CDATE operator++(int) noexcept;
+    CDATE operator--(int) noexcept;
+    friend CDATE operator+(CDATE date, long days) noexcept { return date += days; }
+    friend CDATE operator-(CDATE date, long days) noexcept { return date -= days; }
+    friend CDATE operator+(long days, CDATE date) noexcept { return date += days; }
+    /// The days between, signed.
+    friend constexpr std::int32_t operator-(const CDATE& left, const CDATE& right) noexcept {
+        return left.ComputeDaysFrom1904() - right.ComputeDaysFrom1904();
+    }
+
+    /// Dates compare by the key day | month * 256 | year * 65536: by year, month, day where the fields are in range.
+    /// (Fields far out of range can share a key, hence the weak order.)
+    friend constexpr bool operator==(const CDATE& left, const CDATE& right) noexcept {
+        return left.ComparisonKey() == right.ComparisonKey();
+    }
+    friend constexpr std::weak_ordering operator<=>(const CDATE& left, const CDATE& right) noexcept {
+        return left.ComparisonKey() <=> right.ComparisonKey();
+    }
+
+    /// "05032024", the same as ToStringLong(); "" for the null date, as for all texts. A day or month out of range is
+    /// written as the nearest in range.
+    [[nodiscard]] std::string ToString() const;
+    [[nodiscard]] std::string ToStringLong() const;
+    [[nodiscard]] std::string ToStringShort() const;  ///< "050324"
+    [[nodiscard]] std::string ToStringXML() const;    ///< "2024-03-05"
+    /// 16 bits: day, month << 5, (year - 1900) << 9. A date after 2027 gives the last day of 2027, one before 1900 the
+    /// first of 1900, the null date 0.
+    [[nodiscard]] std::uint16_t ToSDate() const noexcept;
+    /// 32 bits: day, month << 8, year << 16.
+    [[nodiscard]] constexpr std::int32_t ToLDate() const noexcept { return ComparisonKey(); }
+    /// The OLE Automation date (days from 30 December 1899). 0.0 for the null date and for what the system refuses: it
+    /// takes years from 100 to 9999, and 0 to 29 for 2000 to 2029, 30 to 99 for 1930 to 1999.
+    [[nodiscard]] double ToWDate() const noexcept;
+    /// With wDayOfWeek (Sunday 0) and the time of day 0.
+    [[nodiscard]] _SYSTEMTIME ToSystemTime() const noexcept;
+
+    /// Reads a date in one of many forms: YYYY-MM-DD, perhaps with "T" and a time as FromStringXML() does; DDMMYYYY;
+    /// DDMMYY; and the last two with "/" or "-" between. Returns 1, or 0 and leaves the date alone (null too).
+    ///
+    /// It is lenient, in this order, and some texts give dates that nobody meant: "05-03-24" is 24 March of the year 5,
+    /// because the first form checks no lengths; "2010-13-01" fails in it and then meets a later form. That is kept for
+    /// the data there is. Take FromStringXML() where the form is known.
+    int FromString(const char* text) noexcept;
+    /// Reads DDMMYYYY from the first 8 characters, as numbers in C read them ("1a" is 1); more is ignored.
+    int FromStringLong(const char* text) noexcept;
+    /// Reads DDMMYY from the first 6 characters; years 00..50 are 20xx, 51..99 19xx.
+    int FromStringShort(const char* text) noexcept;
+    /// Reads YYYY-MM-DD or YYYYMMDD. With "T" and a time (CTIME::FromStringXML) behind it, the moment is taken for UTC and
+    /// the date is the local one.
+    int FromStringXML(const char* text) noexcept;
+
+    /// The days of the month; 0 for a month outside 1..12.
+    [[nodiscard]] static constexpr int DaysInMonth(int month, int year) noexcept {
+        if (month < 1 || month > 12) {
+            return 0;
+        }
+        constexpr signed char kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+        return month == 2 && IsYearBissextile(year) != 0 ? 29 : kDays[month - 1];
+    }
+
+private:
+    friend class CTIME;
+    friend class CDATETIME;
+
+    static constexpr int IsYearBissextile(long year) noexcept {
+        return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0) ? 1 : 0;
+    }
+    [[nodiscard]] constexpr std::int32_t ComparisonKey() const noexcept {
+        return mDay | (mMonth * 256) | (mYear * 65536);
+    }
+    [[nodiscard]] std::string ToString(const CDATEFORMAT& format) const;
+    int FromFields(int day, int month, int year) noexcept;
+    int FromText(std::string_view text, const CDATEFORMAT& format) noexcept;
+    int FromXmlText(std::string_view text, const CDATEFORMAT& format) noexcept;
+    int FromLongText(std::string_view text) noexcept;
+    int FromShortText(std::string_view text) noexcept;
+    int FromDigitForms(std::string_view text) noexcept;
+    int FromXmlText(std::string_view text) noexcept;
+
+    std::int16_t mDay = 0;
+    std::int16_t mMonth = 0;
+    std::int16_t mYear = 0;
+};
+
+static_assert(sizeof(CDATE) == 6 && alignof(CDATE) == 2);
+
+[[nodiscard]] inline CDATE AddDays(CDATE date, long days) noexcept { return date.AddDays(days); }
+[[nodiscard]] inline CDATE AddMonths(CDATE date, long months) noexcept { return date.AddMonths(months); }
+[[nodiscard]] inline CDATE AddYears(CDATE date, long years) noexcept { return date.AddYears(years); }
+[[nodiscard]] MLCORE_API CDATE AddDaysOuvre(CDATE date, long days, CCALENDARSTRATEGY* strategy = nullptr);
+[[nodiscard]] MLCORE_API CDATE AddDaysTravaille(CDATE date, long days, CCALENDARSTRATEGY* strategy = nullptr);
+
+/// The nearest business day after, or before, the date, which never counts itself. Where there is none up to the bound,
+/// and where no day of the week is open for business, it is MaxDate, or MinDate.
+[[nodiscard]] MLCORE_API CDATE NextDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
+[[nodiscard]] MLCORE_API CDATE PreviousDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
+/// The same for worked days.
+[[nodiscard]] MLCORE_API CDATE NextDateTravaille(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
+[[nodiscard]] MLCORE_API CDATE PreviousDateTravaille(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
+
+/// 1 when FromString() reads the text.
+[[nodiscard]] MLCORE_API int IsStrDate(const char* text) noexcept;
+/// 1 when FromStringLong(), FromStringShort(), FromStringXML() reads it.
+[[nodiscard]] MLCORE_API int IsStrLDate(const char* text) noexcept;
+[[nodiscard]] MLCORE_API int IsStrSDate(const char* text) noexcept;
+[[nodiscard]] MLCORE_API int IsStrXMLDate(const char* text) noexcept;
+
+/// Writes "CDATE(05032024)", for the null date "CDATE()".
+MLCORE_API std::ostream& operator<<(std::ostream& out, const CDATE& date);
+
+}  // namespace MLCore
+
+template <>
+struct std::hash<MLCore::CDATE> {
+    std::size_t operator()(const MLCore::CDATE& date) const noexcept {
+        return std::hash<std::int32_t>()(date.ToLDate());
+    }
+};

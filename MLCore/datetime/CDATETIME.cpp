@@ -1,0 +1,145 @@
+#include <MLCore/datetime/CDATETIME.h>
+#include <MLCore/datetime/SerialDay.h>
+#include <MLCore/platform/CivilTime.h>
+#include <MLCore/platform/LocalZone.h>
+
+#include <ostream>
+#include <string_view>
+
+namespace MLCore {
+
+namespace {
+
+constexpr long long kDay = 86400;
+constexpr long long k1904FromUnixEpoch = -24107 * kDay;
+static_assert(serialday::FromFields(1, 1, 1970) == 24107);
+
+long long OffsetAt(long long secondsFrom1904) noexcept {
+    return platform::LocalOffsetFromUtc(secondsFrom1904 + k1904FromUnixEpoch);
+}
+
+}  // namespace
+
+CDATETIME CDATETIME::Now() noexcept {
+    const platform::CIVILTIME now = platform::LocalNow();
+    return {CDATE(static_cast<std::int16_t>(now.day), static_cast<std::int16_t>(now.month),
+                  static_cast<std::int16_t>(now.year)),
+            CTIME(static_cast<std::int16_t>(now.hour), static_cast<std::int16_t>(now.minute),
+                  static_cast<std::int16_t>(now.second))};
+}
+
+long long CDATETIME::SecondsFrom1904() const noexcept {
+    return mDate.ComputeDaysFrom1904() * kDay + mTime.GetTotalSeconds();
+}
+
+CDATETIME& CDATETIME::operator+=(const CTIMESPAN& span) noexcept {
+    if (IsNull() != 0) {
+        return *this;
+    }
+    const long long seconds = (CTIMESPAN(SecondsFrom1904()) + span).GetTotalSeconds();
+    const long long rest = (seconds % kDay + kDay) % kDay;
+    const long long days = seconds / kDay - (seconds % kDay < 0 ? 1 : 0);
+    if (days < serialday::kFirst || days > serialday::kLast) {
+        return *this = {};
+    }
+    mDate.From1904(static_cast<long>(days));
+    mTime.FromSeconds(static_cast<long>(rest));
+    return *this;
+}
+
+CDATETIME& CDATETIME::AddMinutes(long minutes) noexcept {
+    CTIMESPAN span;
+    span.SetMinutes(minutes);
+    return *this += span;
+}
+
+CDATETIME& CDATETIME::AddHours(long hours) noexcept {
+    CTIMESPAN span;
+    span.SetHours(hours);
+    return *this += span;
+}
+
+CDATETIME& CDATETIME::AddDays(long days) noexcept {
+    if (IsNull() == 0) {
+        mDate.AddDays(days);
+    }
+    return *this;
+}
+
+CDATETIME& CDATETIME::AddMonths(long months) noexcept {
+    if (IsNull() == 0) {
+        mDate.AddMonths(months);
+    }
+    return *this;
+}
+
+CDATETIME& CDATETIME::AddYears(long years) noexcept {
+    if (IsNull() == 0) {
+        mDate.AddYears(years);
+    }
+    return *this;
+}
+
+void CDATETIME::ToLocalZone() noexcept { *this += CTIMESPAN(OffsetAt(SecondsFrom1904())); }
+
+void CDATETIME::ToGMZone() noexcept {
+    // The offsets a day before and a day after are the ones on either side of a change. Where the first holds at the
+    // moment that it leads to, that is the earlier reading; where neither does, the time was skipped.
+    const long long local = SecondsFrom1904();
+    const long long before = OffsetAt(local - kDay);
+    const long long after = OffsetAt(local + kDay);
+    const bool isAfterChange = OffsetAt(local - before) != before && OffsetAt(local - after) == after;
+    *this -= CTIMESPAN(isAfterChange ? after : before);
+}
+
+std::string CDATETIME::ToString() const {
+    return IsNull() != 0 ? std::string() : mDate.ToString() + ' ' + mTime.ToString();
+}
+
+std::string CDATETIME::ToStringXML() const {
+    if (IsNull() != 0) {
+        return {};
+    }
+    CDATETIME utc = *this;
+    utc.ToGMZone();
+    return utc.mDate.ToStringXML() + 'T' + utc.mTime.ToString();
+}
+
+int CDATETIME::FromString(const char* text) noexcept {
+    if (text == nullptr) {
+        return 0;
+    }
+    const std::string_view view(text);
+    CDATETIME moment;
+    const bool isEmpty = view.empty();
+    if (!isEmpty && (view.size() != 17 || view[8] != ' ' || moment.mDate.FromLongText(view.substr(0, 8)) == 0 ||
+                     moment.mTime.FromString(text + 9) == 0)) {
+        return 0;
+    }
+    *this = moment;
+    return 1;
+}
+
+int CDATETIME::FromStringXML(const char* text) noexcept {
+    if (text == nullptr) {
+        return 0;
+    }
+    const std::string_view view(text);
+    CDATETIME moment;
+    if (!view.empty()) {
+        const std::size_t separator = view.find('T');
+        if (separator == view.npos || moment.mDate.FromXmlText(view.substr(0, separator)) == 0 ||
+            moment.mTime.FromXmlTimeText(view.substr(separator + 1)) == 0) {
+            return 0;
+        }
+        moment.ToLocalZone();
+    }
+    *this = moment;
+    return 1;
+}
+
+std::ostream& operator<<(std::ostream& out, const CDATETIME& moment) {
+    return out << "CDATETIME(" << moment.ToString() << ')';
+}
+
+}  // namespace MLCore

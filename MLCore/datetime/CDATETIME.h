@@ -1,0 +1,101 @@
+#pragma once
+
+#include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/CTIME.h>
+#include <MLCore/datetime/CTIMESPAN.h>
+#include <MLCore/platform/Export.h>
+
+#include <compare>
+#include <cstddef>
+#include <functional>
+#include <iosfwd>
+#include <string>
+
+namespace MLCore {
+
+/// A date and a time of day: a moment, in whichever zone its user means. A value type of 10 bytes; nothing throws.
+///
+///     CDATETIME moment(CDATE(5, 3, 2024), CTIME(23, 30, 0));
+///     moment.ToLocalZone();                  // from UTC to the process's local zone
+///     moment += CTIMESPAN(90 * 60);          // across midnight, month and year
+///     CTIMESPAN since = CDATETIME::Now() - moment;
+///
+/// It is null when its date is. Arithmetic and zone conversion leave a null date-time alone, and give the null date-time
+/// where the year does not fit 16 bits. Parts out of range are stored and compared as they are, and normalised by
+/// arithmetic.
+class MLCORE_API CDATETIME {
+public:
+    /// The null date-time.
+    constexpr CDATETIME() noexcept = default;
+    constexpr CDATETIME(const CDATE& date, const CTIME& time) noexcept : mDate(date), mTime(time) {}
+
+    /// The local date and time now.
+    static CDATETIME Now() noexcept;
+
+    [[nodiscard]] constexpr const CDATE& GetDate() const noexcept { return mDate; }
+    [[nodiscard]] constexpr const CTIME& GetTime() const noexcept { return mTime; }
+    constexpr void SetDate(const CDATE& date) noexcept { mDate = date; }
+    constexpr void SetTime(const CTIME& time) noexcept { mTime = time; }
+    /// 1 when the date is null, whatever the time.
+    [[nodiscard]] constexpr int IsNull() const noexcept { return mDate.IsNull(); }
+    /// 1 when the date and the time are in range.
+    [[nodiscard]] constexpr int IsDateTime() const noexcept { return mDate.IsDate() != 0 ? mTime.IsTime() : 0; }
+
+    CDATETIME& operator+=(const CTIMESPAN& span) noexcept;
+    CDATETIME& operator-=(const CTIMESPAN& span) noexcept { return *this += -span; }
+    friend CDATETIME operator+(CDATETIME moment, const CTIMESPAN& span) noexcept { return moment += span; }
+    friend CDATETIME operator-(CDATETIME moment, const CTIMESPAN& span) noexcept { return moment -= span; }
+    friend CDATETIME operator+(const CTIMESPAN& span, CDATETIME moment) noexcept { return moment += span; }
+    /// The span between, signed; zones are not looked at.
+    friend CTIMESPAN operator-(const CDATETIME& left, const CDATETIME& right) noexcept {
+        return CTIMESPAN(left.SecondsFrom1904() - right.SecondsFrom1904());
+    }
+    CDATETIME& AddSeconds(long seconds) noexcept { return *this += CTIMESPAN(seconds); }
+    CDATETIME& AddMinutes(long minutes) noexcept;
+    CDATETIME& AddHours(long hours) noexcept;
+    /// As CDATE does, with the time kept.
+    CDATETIME& AddDays(long days) noexcept;
+    CDATETIME& AddMonths(long months) noexcept;
+    CDATETIME& AddYears(long years) noexcept;
+
+    /// By date, then time.
+    friend constexpr bool operator==(const CDATETIME&, const CDATETIME&) noexcept = default;
+    friend constexpr std::weak_ordering operator<=>(const CDATETIME&, const CDATETIME&) noexcept = default;
+
+    /// Turns UTC into the process's local time, and back. A local time that occurs twice is taken for the earlier moment;
+    /// one that is skipped counts on from the time before the gap. Dates outside the system's range use the offset of
+    /// the nearest year in it.
+    void ToLocalZone() noexcept;
+    void ToGMZone() noexcept;
+
+    /// "05032024 07:05:09", without a zone; "" for null.
+    [[nodiscard]] std::string ToString() const;
+    /// Taken for local time and written in UTC: "2024-03-05T07:05:09"; "" for null.
+    [[nodiscard]] std::string ToStringXML() const;
+    /// Reads what ToString() writes, the date in any form of CDATE::FromStringLong() of 8 characters. "" gives null.
+    /// Returns 1, or 0 and leaves the value alone (null too).
+    int FromString(const char* text) noexcept;
+    /// Reads a date and, behind "T", a time as CTIME::FromStringXML() reads it, taken for UTC, into local time. "" gives
+    /// null. Returns 1, or 0 and leaves the value alone (null too).
+    int FromStringXML(const char* text) noexcept;
+
+private:
+    [[nodiscard]] long long SecondsFrom1904() const noexcept;
+
+    CDATE mDate;
+    CTIME mTime;
+};
+
+static_assert(sizeof(CDATETIME) == 10 && alignof(CDATETIME) == 2);
+
+/// Writes "CDATETIME(05032024 07:05:09)".
+MLCORE_API std::ostream& operator<<(std::ostream& out, const CDATETIME& moment);
+
+}  // namespace MLCore
+
+template <>
+struct std::hash<MLCore::CDATETIME> {
+    std::size_t operator()(const MLCore::CDATETIME& moment) const noexcept {
+        return std::hash<MLCore::CDATE>()(moment.GetDate()) * 86413U + std::hash<MLCore::CTIME>()(moment.GetTime());
+    }
+};

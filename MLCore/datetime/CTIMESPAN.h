@@ -1,0 +1,60 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+
+#include <compare>
+#include <cstddef>
+#include <functional>
+#include <iosfwd>
+#include <string>
+
+namespace MLCore {
+
+/// A signed span of time in whole seconds, of any length: what lies between two date-times. A value type; nothing
+/// throws. Sums that leave 64 bits stay at the longest span.
+class MLCORE_API CTIMESPAN {
+public:
+    constexpr CTIMESPAN() noexcept = default;
+    constexpr explicit CTIMESPAN(long long seconds) noexcept : mSeconds(seconds) {}
+
+    static constexpr short NbSecondsInOneMinute() noexcept { return 60; }
+    static constexpr short NbSecondsInOneHour() noexcept { return 60 * 60; }
+    static constexpr long NbSecondsInOneDay() noexcept { return 3600L * 24L; }
+
+    [[nodiscard]] constexpr long long GetTotalSeconds() const noexcept { return mSeconds; }
+    /// The parts as ToString() writes them, each with the sign of the span; minutes and seconds within -59..59.
+    [[nodiscard]] constexpr long long GetHours() const noexcept { return mSeconds / 3600; }
+    [[nodiscard]] constexpr short GetMinutes() const noexcept { return static_cast<short>(mSeconds % 3600 / 60); }
+    [[nodiscard]] constexpr short GetSeconds() const noexcept { return static_cast<short>(mSeconds % 60); }
+    /// Replace one part and keep the others; a part may exceed its usual range and then carries over.
+    void SetHours(long hours) noexcept;
+    void SetMinutes(long minutes) noexcept;
+    void SetSeconds(long seconds) noexcept;
+
+    CTIMESPAN& operator+=(const CTIMESPAN& other) noexcept;
+    CTIMESPAN& operator-=(const CTIMESPAN& other) noexcept;
+    friend CTIMESPAN operator+(CTIMESPAN left, const CTIMESPAN& right) noexcept { return left += right; }
+    friend CTIMESPAN operator-(CTIMESPAN left, const CTIMESPAN& right) noexcept { return left -= right; }
+    CTIMESPAN operator-() const noexcept { return CTIMESPAN() -= *this; }
+
+    friend constexpr bool operator==(const CTIMESPAN&, const CTIMESPAN&) noexcept = default;
+    friend constexpr std::strong_ordering operator<=>(const CTIMESPAN&, const CTIMESPAN&) noexcept = default;
+
+    /// Hours, minutes and seconds as "7:05:09", "125:00:00", "-0:05:00": hours unpadded, the sign in front of it all.
+    [[nodiscard]] std::string ToString() const;
+
+private:
+    long long mSeconds = 0;
+};
+
+/// Writes "CTIMESPAN(7:05:09)".
+MLCORE_API std::ostream& operator<<(std::ostream& out, const CTIMESPAN& span);
+
+}  // namespace MLCore
+
+template <>
+struct std::hash<MLCore::CTIMESPAN> {
+    std::size_t operator()(const MLCore::CTIMESPAN& span) const noexcept {
+        return std::hash<long long>()(span.GetTotalSeconds());
+    }
+};

@@ -1,0 +1,68 @@
+/// Bridges between the dates and times of the library and those of std::chrono.
+///
+/// A null or invalid date becomes a year_month_day that is not ok(); a chrono date whose year does not fit 16 bits becomes
+/// the null date.
+#pragma once
+
+#include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/CDATETIME.h>
+#include <MLCore/datetime/CTIME.h>
+
+#include <chrono>
+
+namespace MLCore {
+
+[[nodiscard]] constexpr std::chrono::year_month_day ToYearMonthDay(const CDATE& date) noexcept {
+    // chrono's months and days wrap at 256; what does not fit must not become a valid one.
+    const bool fits = date.IsDate() != 0;
+    return {std::chrono::year(date.GetYear()), std::chrono::month(fits ? static_cast<unsigned>(date.GetMonth()) : 0U),
+            std::chrono::day(fits ? static_cast<unsigned>(date.GetDay()) : 0U)};
+}
+
+[[nodiscard]] constexpr CDATE FromYearMonthDay(const std::chrono::year_month_day& date) noexcept {
+    return {static_cast<std::int16_t>(static_cast<unsigned>(date.day())),
+            static_cast<std::int16_t>(static_cast<unsigned>(date.month())),
+            static_cast<std::int16_t>(static_cast<int>(date.year()))};
+}
+
+[[nodiscard]] constexpr std::chrono::sys_days ToSysDays(const CDATE& date) noexcept {
+    return std::chrono::sys_days(std::chrono::days(date.ComputeDaysFrom1904() - 24107));
+}
+
+[[nodiscard]] constexpr CDATE FromSysDays(std::chrono::sys_days day) noexcept {
+    const auto serial = static_cast<long long>(day.time_since_epoch().count()) + 24107;
+    CDATE date;
+    if (serial >= serialday::kFirst && serial <= serialday::kLast) {
+        date.From1904(static_cast<long>(serial));
+    }
+    return date;
+}
+
+[[nodiscard]] constexpr std::chrono::hh_mm_ss<std::chrono::seconds> ToHhMmSs(const CTIME& time) noexcept {
+    return std::chrono::hh_mm_ss<std::chrono::seconds>(std::chrono::seconds(time.GetTotalSeconds()));
+}
+
+/// Wraps into a day as all arithmetic of CTIME does.
+[[nodiscard]] inline CTIME FromHhMmSs(const std::chrono::hh_mm_ss<std::chrono::seconds>& time) noexcept {
+    CTIME result;
+    result.FromSeconds(static_cast<long>(time.to_duration().count() % 86400));
+    return result;
+}
+
+/// The date-time is taken for UTC: see CDATETIME::ToGMZone() for one in local time.
+[[nodiscard]] constexpr std::chrono::sys_seconds ToSysSeconds(const CDATETIME& moment) noexcept {
+    return ToSysDays(moment.GetDate()) + std::chrono::seconds(moment.GetTime().GetTotalSeconds());
+}
+
+/// In UTC.
+[[nodiscard]] inline CDATETIME FromSysSeconds(std::chrono::sys_seconds moment) noexcept {
+    const auto day = std::chrono::floor<std::chrono::days>(moment);
+    const CDATE date = FromSysDays(day);
+    CTIME time;
+    if (date.IsNull() == 0) {
+        time.FromSeconds(static_cast<long>((moment - day).count()));
+    }
+    return {date, time};
+}
+
+}  // namespace MLCore

@@ -1,0 +1,125 @@
+#include <MLCore/datetime/BusinessDays.h>
+#include <MLCore/datetime/CCALENDARMANAGER.h>
+#include <MLCore/datetime/CCALENDARSTRATEGY.h>
+#include <MLCore/datetime/Periods.h>
+
+namespace MLCore {
+
+namespace {
+
+CDATE FirstOf(int month, int year) noexcept {
+    return {1, static_cast<std::int16_t>(month), static_cast<std::int16_t>(year)};
+}
+
+CDATETIME Start(const CDATE& date) noexcept { return {date, CTIME::Null()}; }
+
+CDATETIME End(const CDATE& date) noexcept { return {date, CTIME::Max()}; }
+
+struct PERIOD {
+    CDATE (*first)(const CDATE&, CCALENDARSTRATEGY*);
+    CDATE (*last)(const CDATE&, CCALENDARSTRATEGY*);
+};
+
+CDATE SameDate(const CDATE& date, CCALENDARSTRATEGY*) { return date; }
+
+// Gives a function of the date alone the form of those that ask a calendar.
+template <CDATE (*Function)(const CDATE&)>
+CDATE WithoutCalendar(const CDATE& date, CCALENDARSTRATEGY*) {
+    return Function(date);
+}
+
+// By CDATE::eTypeEchelonnement.
+constexpr PERIOD kPeriods[] = {
+    {SameDate, SameDate},
+    {FirstDateWeek, LastDateWeek},
+    {WithoutCalendar<FirstDateMonth>, WithoutCalendar<LastDateMonth>},
+    {WithoutCalendar<FirstDateBimestre>, WithoutCalendar<LastDateBimestre>},
+    {WithoutCalendar<FirstDateTrimestre>, WithoutCalendar<LastDateTrimestre>},
+    {WithoutCalendar<FirstDateSemestre>, WithoutCalendar<LastDateSemestre>},
+    {WithoutCalendar<FirstDateYear>, WithoutCalendar<LastDateYear>},
+};
+
+const PERIOD* FindPeriod(const CDATE& date, CDATE::eTypeEchelonnement type) noexcept {
+    return date.IsDate() != 0 && type >= CDATE::EchelonDay && type <= CDATE::EchelonYear ? &kPeriods[type] : nullptr;
+}
+
+}  // namespace
+
+CDATE FirstDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) {
+    CDATE first;
+    first.From1904(
+        businessdays::WeekStart(date.ComputeDaysFrom1904(), CCALENDARMANAGER::Resolve(strategy).GetFirstDayOfWeek()));
+    return first;
+}
+
+CDATE LastDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) { return FirstDateWeek(date, strategy) + 6; }
+
+CDATE FirstDateMonth(const CDATE& date) { return FirstOf(date.GetMonth(), date.GetYear()); }
+
+CDATE LastDateMonth(const CDATE& date) {
+    CDATE next = AddMonths(date, 1);
+    next.SetDay(1);
+    return next - 1;
+}
+
+CDATE FirstDateBimestre(const CDATE& date) { return FirstOf(2 * date.GetBimestreNumber() - 1, date.GetYear()); }
+
+CDATE LastDateBimestre(const CDATE& date) {
+    return LastDateMonth(FirstOf(2 * date.GetBimestreNumber(), date.GetYear()));
+}
+
+CDATE FirstDateTrimestre(const CDATE& date) { return FirstOf(3 * (date.GetTrimestreNumber() - 1) + 1, date.GetYear()); }
+
+CDATE LastDateTrimestre(const CDATE& date) {
+    return LastDateMonth(FirstOf(3 * date.GetTrimestreNumber(), date.GetYear()));
+}
+
+CDATE FirstDateSemestre(const CDATE& date) { return FirstOf(date.GetSemestreNumber() == 1 ? 1 : 7, date.GetYear()); }
+
+CDATE LastDateSemestre(const CDATE& date) {
+    return date.GetSemestreNumber() == 1 ? CDATE(30, 6, date.GetYear()) : CDATE(31, 12, date.GetYear());
+}
+
+CDATE FirstDateYear(const CDATE& date) { return FirstOf(1, date.GetYear()); }
+
+CDATE LastDateYear(const CDATE& date) { return {31, 12, date.GetYear()}; }
+
+CDATE FirstDateEchelonnement(const CDATE& date, CDATE::eTypeEchelonnement type, CCALENDARSTRATEGY* strategy) {
+    const PERIOD* const period = FindPeriod(date, type);
+    return period != nullptr ? period->first(date, strategy) : CDATE::Null();
+}
+
+CDATE LastDateEchelonnement(const CDATE& date, CDATE::eTypeEchelonnement type, CCALENDARSTRATEGY* strategy) {
+    const PERIOD* const period = FindPeriod(date, type);
+    return period != nullptr ? period->last(date, strategy) : CDATE::Null();
+}
+
+CDATETIME FirstDateTimeWeek(const CDATETIME& moment, CCALENDARSTRATEGY* strategy) {
+    return Start(FirstDateWeek(moment.GetDate(), strategy));
+}
+
+CDATETIME LastDateTimeWeek(const CDATETIME& moment, CCALENDARSTRATEGY* strategy) {
+    return End(LastDateWeek(moment.GetDate(), strategy));
+}
+
+CDATETIME FirstDateTimeMonth(const CDATETIME& moment) { return Start(FirstDateMonth(moment.GetDate())); }
+
+CDATETIME LastDateTimeMonth(const CDATETIME& moment) { return End(LastDateMonth(moment.GetDate())); }
+
+CDATETIME FirstDateTimeBimestre(const CDATETIME& moment) { return Start(FirstDateBimestre(moment.GetDate())); }
+
+CDATETIME LastDateTimeBimestre(const CDATETIME& moment) { return End(LastDateBimestre(moment.GetDate())); }
+
+CDATETIME FirstDateTimeTrimestre(const CDATETIME& moment) { return Start(FirstDateTrimestre(moment.GetDate())); }
+
+CDATETIME LastDateTimeTrimestre(const CDATETIME& moment) { return End(LastDateTrimestre(moment.GetDate())); }
+
+CDATETIME FirstDateTimeSemestre(const CDATETIME& moment) { return Start(FirstDateSemestre(moment.GetDate())); }
+
+CDATETIME LastDateTimeSemestre(const CDATETIME& moment) { return End(LastDateSemestre(moment.GetDate())); }
+
+CDATETIME FirstDateTimeYear(const CDATETIME& moment) { return Start(FirstDateYear(moment.GetDate())); }
+
+CDATETIME LastDateTimeYear(const CDATETIME& moment) { return End(LastDateYear(moment.GetDate())); }
+
+}  // namespace MLCore

@@ -1,0 +1,21 @@
+/// Decimal numbers in text, read and written the same in every locale.
+#pragma once
+
+#include <MLCore/platform/Export.h>
+
+#include <string>
+#include <string_view>
+
+namespace MLCore {
+
+/// 1 when every character is a decimal digit; 1 for the empty text too.
+[[nodiscard]] MLCORE_API int IsDigits(std::string_view text) noexcept;
+
+/// The integer at the front of `text`: blanks, a sign, digits, each optional; what follows is ignored, and without
+/// digits it is 0. As the C library's atoi(), but a number beyond `int` gives the nearest int.
+[[nodiscard]] MLCORE_API int LeadingInteger(std::string_view text) noexcept;
+
+/// Appends `value` with at least `digits` digits, filled up with zeros behind the sign: as printf's "%.*lld".
+MLCORE_API void AppendPadded(std::string& text, long long value, int digits);
+
+}  // namespace MLCore
