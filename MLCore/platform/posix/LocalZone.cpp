@@ -9,23 +9,22 @@ namespace {
 /// The Gregorian calendar repeats itself, weekdays included, every 400 years.
 constexpr std::int64_t kCycleSeconds = 146097LL * 86400;
 
-/// Far enough from today to be governed by the zone's last rule, near enough for the system's years.
-constexpr std::int64_t kFarCycles = 1'000'000;
+/// 100,000 years: governed by a zone's first or last rule, and within what the C library computes without overflow.
+constexpr std::int64_t kFarSeconds = 250 * kCycleSeconds;
 
-/// Brings an instant whose year overflows the system's type to the same day of a year that does not.
-constexpr std::int64_t NearerInstant(std::int64_t unixSeconds) noexcept {
-    const std::int64_t far = kFarCycles * kCycleSeconds;
-    return unixSeconds % kCycleSeconds + (unixSeconds < 0 ? -far : far);
+/// The instant itself, or the same day of a far year where the C library still counts right.
+constexpr std::int64_t Convertible(std::int64_t unixSeconds) noexcept {
+    if (unixSeconds > kFarSeconds) {
+        return kFarSeconds + unixSeconds % kCycleSeconds;
+    }
+    return unixSeconds < -kFarSeconds ? unixSeconds % kCycleSeconds - kFarSeconds : unixSeconds;
 }
 
 std::tm LocalTime(std::int64_t unixSeconds) noexcept {
     static_assert(sizeof(std::time_t) == sizeof(std::int64_t));
-    std::time_t instant = unixSeconds;
+    const std::time_t instant = Convertible(unixSeconds);
     std::tm local{};
-    if (localtime_r(&instant, &local) == nullptr) {
-        instant = NearerInstant(unixSeconds);
-        localtime_r(&instant, &local);
-    }
+    localtime_r(&instant, &local);
     return local;
 }
 
