@@ -11,14 +11,17 @@ void CKEYBUILDER::AddKey(const std::string& name) {
     if (name.empty() || name.find_first_of(".[]") != std::string::npos) {
         FailOSErr(kErrUnknownKey);
     }
-    mPath += mPath.empty() ? name : "." + name;
+    if (!mPath.empty()) {
+        mPath += '.';
+    }
+    mPath += name;
 }
 
 void CKEYBUILDER::AddIndex(long index) {
     if (index < 0 || index > std::numeric_limits<std::int32_t>::max()) {
         FailOSErr(kErrUnknownKey);
     }
-    mPath += "[" + std::to_string(index) + "]";
+    mPath.append("[").append(std::to_string(index)).append("]");
 }
 
 }  // namespace MLCore
