@@ -125,7 +125,8 @@ show_failures() {
             if (line ~ /^\[ RUN      \]/) current[test] = line "\n"
             else if (line ~ /^\[       OK \]/) current[test] = ""
             else if (line ~ /^\[  FAILED  \] .* ms\)$/) { shown[test] = shown[test] current[test] line "\n"; current[test] = "" }
-            else current[test] = substr(current[test] line "\n", 1, 8000)
+            else if (line ~ /^(Test command|Working Directory|Environment variables|Test timeout)/ || line ~ /^  ?[A-Z]+=/) next
+            else if (length(current[test]) < 4000) current[test] = current[test] line "\n"
             next
         }
         /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / && !/ Passed +[0-9.]+ sec$/ {
