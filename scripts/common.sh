@@ -123,8 +123,9 @@ show_failures() {
             test = $0; sub(/:.*/, "", test)
             line = $0; sub(/^[0-9]+: /, "", line)
             if (line ~ /^\[ RUN      \]/) current[test] = line "\n"
-            else if (line ~ /^\[       OK \]/) current[test] = ""
-            else if (line ~ /^\[  FAILED  \] .* ms\)$/) { shown[test] = shown[test] current[test] line "\n"; current[test] = "" }
+            # A sanitizer may complain while the test itself is content.
+            else if (line ~ /^\[       OK \]/ && current[test] !~ /Sanitizer/) current[test] = ""
+            else if (line ~ /^\[       OK \]|^\[  FAILED  \] .* ms\)$/) { shown[test] = shown[test] current[test] line "\n"; current[test] = "" }
             else if (line ~ /^(Test command|Working Directory|Environment variables|Test timeout)/ || line ~ /^  ?[A-Z]+=/) next
             else if (length(current[test]) < 4000) current[test] = current[test] line "\n"
             next
