@@ -1,0 +1,97 @@
+#include <MLCore/platform/Preferences.h>
+
+#include <charconv>
+#include <cstdlib>
+#include <fstream>
+#include <string_view>
+
+namespace MLCore::platform {
+
+namespace {
+
+/// Also keeps a key from naming a file outside the folder.
+bool IsUsable(const char* text) noexcept {
+    const std::string_view view = text == nullptr ? "" : text;
+    return !view.empty() && view.front() != '.' && view.find_first_of("/\r\n") == std::string_view::npos;
+}
+
+std::string_view Trimmed(std::string_view text) noexcept {
+    constexpr std::string_view kBlanks = " \t\r";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+char Lower(char character) noexcept {
+    const bool isUpper = character >= 'A' && character <= 'Z';
+    return isUpper ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+bool IsSameName(std::string_view left, std::string_view right) noexcept {
+    if (left.size() != right.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        if (Lower(left[i]) != Lower(right[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The folder of the user's settings, empty when there is none. Relative paths are not valid there by the XDG base
+/// directory rules.
+std::string SettingsFolder() {
+    const char* const configured = std::getenv("XDG_CONFIG_HOME");
+    if (configured != nullptr && configured[0] == '/') {
+        return configured;
+    }
+    const char* const home = std::getenv("HOME");
+    return home != nullptr && home[0] == '/' ? std::string(home) + "/.config" : std::string();
+}
+
+}  // namespace
+
+std::optional<std::string> ReadPreferenceText(const char* key, const char* name) {
+    const std::string folder = SettingsFolder();
+    if (folder.empty() || !IsUsable(key) || !IsUsable(name)) {
+        return std::nullopt;
+    }
+    const std::string_view keyText = key;
+    const std::size_t fileEnd = keyText.find('\\');
+    const std::string_view section = fileEnd == std::string_view::npos ? "" : keyText.substr(fileEnd + 1);
+    std::ifstream file(folder + '/' + std::string(keyText.substr(0, fileEnd)) + ".ini");
+    std::string line;
+    bool isInSection = section.empty();
+    while (std::getline(file, line)) {
+        const std::string_view text = Trimmed(line);
+        if (text.empty() || text.front() == ';' || text.front() == '#') {
+            continue;
+        }
+        if (text.front() == '[' && text.back() == ']') {
+            isInSection = IsSameName(Trimmed(text.substr(1, text.size() - 2)), section);
+            continue;
+        }
+        const std::size_t equals = text.find('=');
+        if (isInSection && equals != std::string_view::npos && IsSameName(Trimmed(text.substr(0, equals)), name)) {
+            return std::string(Trimmed(text.substr(equals + 1)));
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::int32_t> ReadPreferenceNumber(const char* key, const char* name) {
+    const std::optional<std::string> text = ReadPreferenceText(key, name);
+    if (!text) {
+        return std::nullopt;
+    }
+    const bool hasPlus = text->size() > 1 && (*text)[0] == '+' && (*text)[1] != '-';
+    const char* const end = text->data() + text->size();
+    std::int32_t number = 0;
+    const auto [stop, error] = std::from_chars(text->data() + (hasPlus ? 1 : 0), end, number);
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace MLCore::platform

@@ -1,0 +1,76 @@
+#include <MLCore/platform/ProtectedMemory.h>
+#include <MLCore/platform/RandomBytes.h>
+#include <sodium.h>
+
+namespace MLCore::platform {
+
+namespace {
+
+static_assert(sizeof(MEMORYSEAL::nonce) == crypto_stream_xchacha20_NONCEBYTES);
+
+bool IsSealable(std::size_t size) noexcept { return size % kSealBlockSize == 0; }
+
+bool IsReady() noexcept {
+    static const bool isReady = sodium_init() >= 0;
+    return isReady;
+}
+
+/// The process's key, made at its first use and never freed: secrets may outlive every other static object.
+const unsigned char* ProcessKey() noexcept {
+    static const unsigned char* const key = [] {
+        void* const memory = IsReady() ? sodium_malloc(crypto_stream_xchacha20_KEYBYTES) : nullptr;
+        if (memory != nullptr && !RandomBytes(memory, crypto_stream_xchacha20_KEYBYTES)) {
+            sodium_free(memory);
+            return static_cast<unsigned char*>(nullptr);
+        }
+        if (memory != nullptr) {
+            sodium_mprotect_readonly(memory);
+        }
+        return static_cast<unsigned char*>(memory);
+    }();
+    return key;
+}
+
+/// The stream cipher is its own inverse.
+bool Cipher(void* memory, std::size_t size, const MEMORYSEAL& seal) noexcept {
+    const unsigned char* const key = ProcessKey();
+    if (key == nullptr) {
+        return false;
+    }
+    unsigned char* const bytes = static_cast<unsigned char*>(memory);
+    return crypto_stream_xchacha20_xor(bytes, bytes, size, seal.nonce, key) == 0;
+}
+
+}  // namespace
+
+void* AllocateSecret(std::size_t size) noexcept {
+    if (size == 0 || !IsSealable(size) || !IsReady()) {
+        return nullptr;
+    }
+    void* const memory = sodium_malloc(size);
+    if (memory != nullptr) {
+        sodium_memzero(memory, size);
+    }
+    return memory;
+}
+
+void FreeSecret(void* memory, std::size_t) noexcept {
+    sodium_free(memory);  // wipes, and knows the size
+}
+
+bool SealMemory(void* memory, std::size_t size, MEMORYSEAL& seal) noexcept {
+    MEMORYSEAL fresh;
+    if (!IsSealable(size) || !RandomBytes(fresh.nonce, sizeof(fresh.nonce)) || !Cipher(memory, size, fresh)) {
+        return false;
+    }
+    seal = fresh;
+    return true;
+}
+
+bool OpenMemory(void* memory, std::size_t size, const MEMORYSEAL& seal) noexcept {
+    return IsSealable(size) && Cipher(memory, size, seal);
+}
+
+void WipeMemory(void* memory, std::size_t size) noexcept { sodium_memzero(memory, size); }
+
+}  // namespace MLCore::platform

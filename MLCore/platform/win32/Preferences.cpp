@@ -1,0 +1,59 @@
+#include <MLCore/platform/Preferences.h>
+#include <MLCore/platform/WinTypes.h>
+
+#include <charconv>
+#include <cstring>
+#include <string_view>
+
+namespace MLCore::platform {
+
+namespace {
+
+/// The same texts as on the other system, where a key names a file.
+bool IsUsable(const char* text) noexcept {
+    const std::string_view view = text == nullptr ? "" : text;
+    return !view.empty() && view.front() != '.' && view.find_first_of("/\r\n") == std::string_view::npos;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadPreferenceText(const char* key, const char* name) {
+    if (!IsUsable(key) || !IsUsable(name)) {
+        return std::nullopt;
+    }
+    const std::string path = std::string("Software\\") + key;
+    constexpr DWORD kTypes = RRF_RT_REG_DWORD | RRF_RT_REG_SZ;
+    std::string bytes(256, '\0');
+    DWORD type = 0;
+    LSTATUS status = ERROR_MORE_DATA;
+    while (status == ERROR_MORE_DATA) {  // the value may grow between two calls
+        DWORD size = static_cast<DWORD>(bytes.size());
+        status = RegGetValueA(HKEY_CURRENT_USER, path.c_str(), name, kTypes, &type, bytes.data(), &size);
+        if (status == ERROR_MORE_DATA) {
+            bytes.resize(std::string::size_type{size} + 1);
+        }
+    }
+    if (status != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    if (type == REG_DWORD) {
+        std::int32_t number = 0;
+        std::memcpy(&number, bytes.data(), sizeof(number));
+        return std::to_string(number);
+    }
+    return std::string(bytes.c_str());
+}
+
+std::optional<std::int32_t> ReadPreferenceNumber(const char* key, const char* name) {
+    const std::optional<std::string> text = ReadPreferenceText(key, name);
+    if (!text) {
+        return std::nullopt;
+    }
+    const bool hasPlus = text->size() > 1 && (*text)[0] == '+' && (*text)[1] != '-';
+    const char* const end = text->data() + text->size();
+    std::int32_t number = 0;
+    const auto [stop, error] = std::from_chars(text->data() + (hasPlus ? 1 : 0), end, number);
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace MLCore::platform

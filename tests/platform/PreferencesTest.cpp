@@ -1,0 +1,133 @@
+#include <MLCore/platform/Preferences.h>
+#include <MLCore/platform/WinTypes.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#if !defined(_WIN32)
+#include <unistd.h>
+#endif
+
+namespace {
+
+using namespace MLCore::platform;
+
+#if defined(_WIN32)
+
+/// Keeps settings in the user's registry while it lives.
+class PreferencesTest : public testing::Test {
+protected:
+    void SetUp() override {
+        DeleteAll();
+        SetText("Log", "Name", "some text");
+        SetText("Log", "Number", "42");
+        SetText("Log", "Negative", "-7");
+        SetText("Log", "NoNumber", "12x");
+        SetText("Log", "Large", "2147483648");
+        SetText("Log", "Empty", "");
+        SetText("Log", "Long", std::string(5000, 'x').c_str());
+        SetText("Other", "Name", "another text");
+        const DWORD number = 0xFFFFFFFE;
+        RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\MLCorePreferencesTest\\Log", "Dword", REG_DWORD, &number, 4);
+    }
+    void TearDown() override { DeleteAll(); }
+
+private:
+    static void DeleteAll() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\MLCorePreferencesTest"); }
+    static void SetText(const std::string& section, const char* name, const char* text) {
+        const std::string key = "Software\\MLCorePreferencesTest\\" + section;
+        RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, text, static_cast<DWORD>(std::strlen(text) + 1));
+    }
+};
+
+TEST_F(PreferencesTest, ADwordIsASignedNumber) {
+    EXPECT_EQ(ReadPreferenceNumber("MLCorePreferencesTest\\Log", "Dword"), -2);
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Dword"), "-2");
+}
+
+#else
+
+/// Keeps settings in a folder of its own while it lives.
+class PreferencesTest : public testing::Test {
+protected:
+    void SetUp() override {
+        const char* const previous = std::getenv("XDG_CONFIG_HOME");
+        mHadPrevious = previous != nullptr;
+        mPrevious = mHadPrevious ? previous : "";
+        mFolder = std::filesystem::temp_directory_path() / ("MLCorePreferencesTest." + std::to_string(getpid()));
+        std::filesystem::create_directories(mFolder);
+        std::ofstream file(mFolder / "MLCorePreferencesTest.ini");
+        file << "outside = of sections\r\n"
+                "; Name = in a comment\n"
+                "# [Log]\n"
+                "[Other]\nName = another text\n"
+                "[ log ]\n"
+                "this line means nothing\n"
+                "  Name\t=  some text  \r\n"
+                "Name = a later one\n"
+                "Number=42\nNegative = -7\nNoNumber = 12x\nLarge = 2147483648\nEmpty =\nPlus = +5\nBothSigns = +-5\n"
+                "Equation = a = b ; c\n"
+             << "Long = " << std::string(5000, 'x');
+        setenv("XDG_CONFIG_HOME", mFolder.c_str(), 1);
+    }
+    void TearDown() override {
+        if (mHadPrevious) {
+            setenv("XDG_CONFIG_HOME", mPrevious.c_str(), 1);
+        } else {
+            unsetenv("XDG_CONFIG_HOME");
+        }
+        std::filesystem::remove_all(mFolder);
+    }
+
+private:
+    bool mHadPrevious = false;
+    std::string mPrevious;
+    std::filesystem::path mFolder;
+};
+
+TEST_F(PreferencesTest, LinesOfTheFile) {
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest", "outside"), "of sections");
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest", "Name"), std::nullopt);
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Equation"), "a = b ; c");
+    EXPECT_EQ(ReadPreferenceNumber("MLCorePreferencesTest\\Log", "Plus"), 5);
+    EXPECT_EQ(ReadPreferenceNumber("MLCorePreferencesTest\\Log", "BothSigns"), std::nullopt);
+}
+
+TEST_F(PreferencesTest, ARelativeFolderIsNoFolder) {
+    setenv("XDG_CONFIG_HOME", "relative", 1);
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Name"), std::nullopt);
+}
+
+#endif
+
+TEST_F(PreferencesTest, TextsAndNumbers) {
+    const char* const key = "MLCorePreferencesTest\\Log";
+    EXPECT_EQ(ReadPreferenceText(key, "Name"), "some text");
+    EXPECT_EQ(ReadPreferenceText(key, "nAME"), "some text");
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\LOG", "Name"), "some text");
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Other", "Name"), "another text");
+    EXPECT_EQ(ReadPreferenceText(key, "Number"), "42");
+    EXPECT_EQ(ReadPreferenceText(key, "Empty"), "");
+    EXPECT_EQ(ReadPreferenceText(key, "Long"), std::string(5000, 'x'));
+    EXPECT_EQ(ReadPreferenceNumber(key, "Number"), 42);
+    EXPECT_EQ(ReadPreferenceNumber(key, "Negative"), -7);
+    for (const char* const name : {"Name", "NoNumber", "Large", "Empty", "Missing"}) {
+        EXPECT_EQ(ReadPreferenceNumber(key, name), std::nullopt) << name;
+    }
+}
+
+TEST_F(PreferencesTest, WhatIsMissingOrMalformedIsNothing) {
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Missing"), std::nullopt);
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Missing", "Name"), std::nullopt);
+    EXPECT_EQ(ReadPreferenceText("MLCoreNoSuchKey\\Log", "Name"), std::nullopt);
+    for (const char* const text : {static_cast<const char*>(nullptr), "", "../x", "a/b", "a\nb"}) {
+        EXPECT_EQ(ReadPreferenceText(text, "Name"), std::nullopt);
+        EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", text), std::nullopt);
+    }
+}
+
+}  // namespace
