@@ -1,0 +1,29 @@
+/// The whole library. Programs that care for their compile time include the headers of the classes they use.
+#pragma once
+
+#include <MLCore/core/CCLASSTYPEINFO.h>
+#include <MLCore/core/CINDEXEDACCESS.h>
+#include <MLCore/core/CKEYBUILDER.h>
+#include <MLCore/core/CKEYPARSER.h>
+#include <MLCore/core/COBJECT.h>
+#include <MLCore/core/COBJECTFACTORY.h>
+#include <MLCore/core/CSHAREOBJECT.h>
+#include <MLCore/core/CSHAREOBJECTCOUNTER.h>
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/core/CSINGLETON.h>
+#include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/core/FrameworkException.h>
+#include <MLCore/datetime/CCALENDARBANQUEPORTOSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARBANQUESTRATEGY.h>
+#include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARMANAGER.h>
+#include <MLCore/datetime/CCALENDARPORTOSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARSTRATEGY.h>
+#include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/CDATETIME.h>
+#include <MLCore/datetime/CTIME.h>
+#include <MLCore/datetime/CTIMESPAN.h>
+#include <MLCore/datetime/Chrono.h>
+#include <MLCore/datetime/Periods.h>
