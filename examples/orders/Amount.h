@@ -1,0 +1,32 @@
+/// Amounts of money in exact decimal arithmetic: 0.1 + 0.2 is 0.3.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orders {
+
+/// Counts ten-thousandths, the finest that the order lines tell.
+class AMOUNT {
+public:
+    constexpr AMOUNT() noexcept = default;
+
+    /// Reads "[-]digits[.digits]" with at most 12 digits before the point and 4 behind it, and nothing else; false, and
+    /// the amount left alone, for any other text.
+    [[nodiscard]] bool FromText(std::string_view text) noexcept;
+
+    /// "-1,234.5600"
+    [[nodiscard]] std::string ToText() const;
+
+    /// Throws std::overflow_error beyond 900 million millions.
+    AMOUNT& operator+=(const AMOUNT& other);
+
+private:
+    std::int64_t mTenThousandths = 0;
+};
+
+/// "1,234,567"
+[[nodiscard]] std::string GroupThousands(std::uint64_t number);
+
+}  // namespace orders

@@ -1,0 +1,145 @@
+#include "Options.h"
+
+#include <MLCore/datetime/CCALENDARBANQUEPORTOSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARBANQUESTRATEGY.h>
+#include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARPORTOSTRATEGY.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <iterator>
+#include <system_error>
+
+namespace orders {
+
+namespace {
+
+using namespace MLCore;
+
+template <class STRATEGY>
+CSHAREOBJECTPTR<CCALENDARSTRATEGY> Create() {
+    return STRATEGY::Create();
+}
+
+// The first one is the default.
+constexpr CALENDARCHOICE kCalendars[] = {
+    {"french", Create<CCALENDARFRENCHSTRATEGY>},
+    {"bank", Create<CCALENDARBANQUESTRATEGY>},
+    {"portuguese", Create<CCALENDARPORTOSTRATEGY>},
+    {"portuguese-bank", Create<CCALENDARBANQUEPORTOSTRATEGY>},
+};
+
+const CALENDARCHOICE* ReadCalendar(const std::string& text) {
+    const auto* const found = std::find_if(std::begin(kCalendars), std::end(kCalendars),
+                                           [&text](const CALENDARCHOICE& choice) { return choice.name == text; });
+    if (found == std::end(kCalendars)) {
+        throw USAGEERROR("unknown calendar \"" + text + '"');
+    }
+    return found;
+}
+
+int ReadDays(const std::string& text) {
+    int days = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, days);
+    if (error != std::errc() || stop != end || days < 0) {
+        throw USAGEERROR('"' + text + "\" is no number of days");
+    }
+    return days;
+}
+
+CDATE ReadDate(const std::string& text) {
+    CDATE date;
+    if (date.FromString(text.c_str()) == 0) {
+        throw USAGEERROR('"' + text + "\" is no date");
+    }
+    return date;
+}
+
+struct OPTION {
+    std::string_view name;
+    std::string_view value;  // what the help calls it; empty: the option takes none
+    std::string_view help;
+    void (*apply)(OPTIONS& options, const std::string& value);
+};
+
+constexpr OPTION kOptions[] = {
+    {"--calendar", "NAME", "french (the default), bank, portuguese or portuguese-bank",
+     [](OPTIONS& options, const std::string& value) { options.calendar = ReadCalendar(value); }},
+    {"--late", "N", "list the orders that took more than N business days (4)",
+     [](OPTIONS& options, const std::string& value) { options.late = ReadDays(value); }},
+    {"--from", "DATE", "leave out what was ordered before: 2016-01-31, 31/01/2016, 31012016",
+     [](OPTIONS& options, const std::string& value) { options.from = ReadDate(value); }},
+    {"--to", "DATE", "leave out what was ordered after",
+     [](OPTIONS& options, const std::string& value) { options.to = ReadDate(value); }},
+    {"--all", "", "list every order, late or not",
+     [](OPTIONS& options, const std::string&) { options.listsAll = true; }},
+    {"--progress", "", "show on the error output how far the file has been read",
+     [](OPTIONS& options, const std::string&) { options.showsProgress = true; }},
+    {"--help", "", "show this text", [](OPTIONS& options, const std::string&) { options.wantsHelp = true; }},
+};
+
+const OPTION& FindOption(const std::string& name) {
+    const auto* const found = std::find_if(std::begin(kOptions), std::end(kOptions),
+                                           [&name](const OPTION& option) { return option.name == name; });
+    if (found == std::end(kOptions)) {
+        throw USAGEERROR("unknown option " + name);
+    }
+    return *found;
+}
+
+void ReadFile(OPTIONS& options, const std::string& argument) {
+    if (!options.file.empty()) {
+        throw USAGEERROR("more than one file: " + argument);
+    }
+    options.file = argument;
+}
+
+void Check(const OPTIONS& options) {
+    if (options.wantsHelp) {
+        return;
+    }
+    if (options.file.empty()) {
+        throw USAGEERROR("no file given");
+    }
+    if (options.to < options.from) {
+        throw USAGEERROR("--to is before --from");
+    }
+}
+
+}  // namespace
+
+OPTIONS ReadOptions(const std::vector<std::string>& arguments) {
+    OPTIONS options = {.file = {}, .calendar = &kCalendars[0], .from = {}};
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        if (!argument->starts_with('-')) {
+            ReadFile(options, *argument);
+            continue;
+        }
+        const OPTION& option = FindOption(*argument);
+        if (!option.value.empty() && ++argument == arguments.end()) {
+            throw USAGEERROR(std::string(option.name) + " needs a value");
+        }
+        option.apply(options, *argument);
+    }
+    Check(options);
+    return options;
+}
+
+std::string HelpText() {
+    constexpr std::size_t kWidth = 18;
+    std::string text =
+        "usage: orders FILE [OPTION...]\n"
+        "Reports on a file of order lines: how many business days passed from order to\n"
+        "shipping, and what was sold in each month and quarter.\n\n";
+    for (const OPTION& option : kOptions) {
+        std::string line = "  ";
+        line.append(option.name).append(" ").append(option.value);
+        line.resize(std::max(line.size(), kWidth), ' ');
+        text.append(line).append(" ").append(option.help).append("\n");
+    }
+    return text;
+}
+
+}  // namespace orders
