@@ -2,9 +2,12 @@
 #
 #   mlcore_add_resources(<target> NAME <name> FILE <file> TYPE <number> [NAME ... FILE ... TYPE ...]...)
 #
-# <target>  an executable, a shared library or a module that links MLCore. A linker may drop the resources of a static library.
-# <name>    letters, digits, "_", "-" and ".", starting with a letter or "_", whose case does not count; or "#" and a number.
-# <file>    relative to the current source folder. The target is built again when the file changes.
+# <target>  an executable, a shared library or a module that links MLCore. A linker may drop those of a
+#           static library.
+# <name>    letters, digits, "_", "-" and ".", starting with a letter or "_", whose case does not count; or "#" and a
+#           number.
+# <file>    relative to the current source folder. The target is built again when the file changes. An empty file
+#           is not found at run time.
 # <number>  the type, 1 to 65535; 10 is plain data. From 1 to 24, Windows expects its own formats in the others.
 #
 # May be called several times for one target.
@@ -28,7 +31,8 @@ function(mlcore_add_resources target)
         endif()
         list(POP_FRONT ARGN nameWord name fileWord file typeWord type)
         if(NOT "${nameWord} ${fileWord} ${typeWord}" STREQUAL "NAME FILE TYPE")
-            message(FATAL_ERROR "mlcore_add_resources: expected NAME, FILE and TYPE, got: ${nameWord}, ${fileWord}, ${typeWord}")
+            message(FATAL_ERROR
+                "mlcore_add_resources: expected NAME, FILE and TYPE, got: ${nameWord}, ${fileWord}, ${typeWord}")
         endif()
         if(NOT name MATCHES "^(#[0-9]+|[A-Za-z_][A-Za-z0-9_.-]*)$")
             message(FATAL_ERROR "mlcore_add_resources: not a resource name: ${name}")
@@ -94,7 +98,8 @@ ${objects}
 }
 ")
     endif()
-    # Unchanged content leaves the file alone, and nothing is compiled again. Not file(CONFIGURE): it would expand names.
+    # Unchanged content leaves the file alone, and nothing is compiled again. file(CONFIGURE) would do so too, but expand
+    # what looks like a variable in a name.
     set(previous "")
     if(EXISTS "${source}")
         file(READ "${source}" previous)

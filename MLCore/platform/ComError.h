@@ -28,7 +28,8 @@ struct COMERRORPARTS {
 /// Adds a reference to `errorInfo`; null is allowed.
 MLCORE_API void AddRefErrorInfo(IErrorInfo* errorInfo) noexcept;
 
-/// Releases a reference to `errorInfo`; null is allowed. The pointer must not be used afterwards by the one who released it.
+/// Releases a reference to `errorInfo`; null is allowed. The pointer must not be used afterwards by the one who
+/// released it.
 MLCORE_API void ReleaseErrorInfo(IErrorInfo* errorInfo) noexcept;
 
 }  // namespace MLCore::platform

@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// Names of Windows types that public interfaces mention, declared and not defined, exactly as the Windows headers declare
-/// them. A client may include `<windows.h>` and `<comdef.h>` before or after this header, or never.
+/// Names of Windows types that public interfaces mention, declared and not defined, exactly as the Windows headers
+/// declare them. A client may include `<windows.h>` and `<comdef.h>` before or after this header, or never.
 ///
 /// Whoever needs the complete types includes MLCore/platform/WinTypes.h in a source file.
 

@@ -6,16 +6,17 @@
 
 namespace MLCore::platform {
 
-/// Movable memory blocks known by a handle: the form in which streams and object values hand blocks of bytes to each other.
+/// Movable memory blocks known by a handle: the form in which streams and object values hand blocks of bytes to each
+/// other.
 ///
-/// A handle is not an address: a block is locked to get at its bytes, and only an unlocked block may move. On Windows these
-/// are the system's global blocks. On Linux the library keeps them: a handle that was never given out or is freed already is
-/// recognised and refused, a block may keep hidden slack so that growing by small steps stays cheap, and the size told is
-/// always exactly the size asked for.
+/// A handle is not an address: a block is locked to get at its bytes, and only an unlocked block may move. On Windows
+/// these are the system's global blocks. On Linux the library keeps them: a handle that was never given out or is freed
+/// already is recognised and refused, a block may keep hidden slack so that growing by small steps stays cheap, and the
+/// size told is always exactly the size asked for.
 ///
-/// After a failure LastError() tells why: 6 for what is no handle, 8 for too little memory, 87 for a size or flag that does
-/// not go. All functions may be called from any thread; one block's bytes are its users' affair. Whoever gets a handle owns
-/// the block until it is freed.
+/// After a failure LastError() tells why: 6 for what is no handle, 8 for too little memory, 87 for a size or flag that
+/// does not go. All functions may be called from any thread; one block's bytes are its users' affair. Whoever gets a
+/// handle owns the block until it is freed.
 
 /// Resizing may move a locked block; pointers got by locking are then invalid.
 inline constexpr unsigned int kGlobalMoveable = 0x0002;
@@ -34,7 +35,8 @@ inline constexpr unsigned int kGlobalZeroInit = 0x0040;
 ///
 /// \param flags  any of kGlobalMoveable and kGlobalZeroInit.
 /// \return the handle to use from now on, or null with the block unchanged: for a null handle, for size 0 without
-///         kGlobalMoveable or on a locked block, and for a locked block that would have to move without kGlobalMoveable.
+///         kGlobalMoveable or on a locked block, and for a locked block that would have to move without
+///         kGlobalMoveable.
 [[nodiscard]] MLCORE_API void* GlobalBlockReAlloc(void* block, std::size_t size, unsigned int flags = 0) noexcept;
 
 /// Locks a block once more and returns its first byte, which stays in place until the last lock is taken off.

@@ -9,15 +9,16 @@ namespace MLCore::platform {
 
 /// Files that are compiled into a program or a shared library and read from memory: tables, texts, pictures.
 ///
-/// A resource is found in a module by a name and a numeric type. The CMake function `mlcore_add_resources` puts files into
-/// a module: as a compiled resource script on Windows, as data with a RESOURCEREGISTRATION on Linux.
+/// A resource is found in a module by a name and a numeric type. The CMake function `mlcore_add_resources` puts files
+/// into a module: as a compiled resource script on Windows, as data with a RESOURCEREGISTRATION on Linux.
 ///
-/// A name is a text of letters, digits, `_`, `-` and `.`, compared without regard to ASCII case, or a number from 1 to 65535,
-/// given as `"#123"` or as a pointer with that value. The type is a number from 1 to 65535; 10 is plain data.
+/// A name is a text of letters, digits, `_`, `-` and `.`, compared without regard to ASCII case, or a number from 1 to
+/// 65535, given as `"#123"` or as a pointer with that value. The type is a number from 1 to 65535; 10 is plain data. An
+/// empty file is not found.
 ///
-/// A module handle is what loading the module gives: on Windows the `HMODULE`, on Linux what `dlopen` returns. Null is the
-/// program itself. All functions may be called from any thread. Nothing needs to be released: the bytes live as long as the
-/// module is loaded.
+/// A module handle is what loading the module gives: on Windows the `HMODULE`, on Linux what `dlopen` returns. Null is
+/// the program itself. All functions may be called from any thread. Nothing needs to be released: the bytes live as
+/// long as the module is loaded.
 
 /// The module that holds the function or the static object at `address`; null when there is none.
 [[nodiscard]] MLCORE_API HINSTANCE ModuleOf(const void* address) noexcept;
@@ -36,8 +37,8 @@ namespace MLCore::platform {
 
 #if !defined(_WIN32)
 
-/// A resource of the module that defines this object. For static objects, as `mlcore_add_resources` makes them: the resource
-/// can be found as long as the object lives.
+/// A resource of the module that defines this object. For static objects, as `mlcore_add_resources` makes them: the
+/// resource can be found as long as the object lives.
 class MLCORE_API RESOURCEREGISTRATION {
 public:
     /// \param name  `NAME` or `"#123"`; it and the `size` bytes at `data`, which lie in the module, outlive the object.

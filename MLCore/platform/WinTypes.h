@@ -3,10 +3,10 @@
 /// \file
 /// The complete Windows types and functions that appear in the library's interfaces.
 ///
-/// This header is for source files only: no other public header includes it, because on Windows it is `<windows.h>` with all
-/// its macros. On Linux it defines the same names with the same meaning, so that an application compiles unchanged. Two
-/// widths differ from a naive translation: `LONG`, `DWORD`, `ULONG` and `HRESULT` stay 32 bits wide, and a wide character,
-/// and so a BSTR's element, is a 4-byte `wchar_t`.
+/// This header is for source files only: no other public header includes it, because on Windows it is `<windows.h>`
+/// with all its macros. On Linux it defines the same names with the same meaning, so that an application compiles
+/// unchanged. Two widths differ from a naive translation: `LONG`, `DWORD`, `ULONG` and `HRESULT` stay 32 bits wide, and
+/// a wide character, and so a BSTR's element, is a 4-byte `wchar_t`.
 
 #include <MLCore/platform/ForwardTypes.h>
 
@@ -93,7 +93,8 @@ typedef struct tagUDATE {
     USHORT wDayOfYear;
 } UDATE;
 
-/// Converts `*udate` to a DATE by the rules of MLCore/platform/OleDate.h; weekday, milliseconds and day of the year are ignored.
+/// Converts `*udate` to a DATE by the rules of MLCore/platform/OleDate.h; weekday, milliseconds and day of the year are
+/// ignored.
 ///
 /// \param flags  must be 0.
 /// \return S_OK; E_INVALIDARG, with `*date` unchanged, for a null pointer, other flags or a result out of range.
@@ -120,10 +121,12 @@ typedef const IID& REFIID;
 
 // Counted wide strings. All functions accept null, which is an empty string.
 
-/// A new BSTR holding a copy of the zero-terminated `text`, to be freed with SysFreeString; null for null or without memory.
+/// A new BSTR holding a copy of the zero-terminated `text`, to be freed with SysFreeString; null for null or without
+/// memory.
 [[nodiscard]] MLCORE_API BSTR SysAllocString(const OLECHAR* text) noexcept;
 
-/// A new BSTR of `length` characters, copied from `text`, or uninitialised when `text` is null; always terminated by a zero.
+/// A new BSTR of `length` characters, copied from `text`, or uninitialised when `text` is null; always terminated by a
+/// zero.
 [[nodiscard]] MLCORE_API BSTR SysAllocStringLen(const OLECHAR* text, UINT length) noexcept;
 
 /// Frees a BSTR.
@@ -134,8 +137,8 @@ MLCORE_API void SysFreeString(BSTR text) noexcept;
 
 /// Owns a BSTR and converts between wide text and narrow text in code page 1252.
 ///
-/// A character that the code page lacks becomes '?' in narrow text. Copies are deep. The narrow text is made at its first use
-/// and belongs to the object: concurrent first uses of one object need a lock.
+/// A character that the code page lacks becomes '?' in narrow text. Copies are deep. The narrow text is made at its
+/// first use and belongs to the object: concurrent first uses of one object need a lock.
 class MLCORE_API _bstr_t {
 public:
     _bstr_t() noexcept = default;
@@ -195,8 +198,8 @@ public:
     [[nodiscard]] IErrorInfo* ErrorInfo() const noexcept;  ///< with a reference for the caller, or null
     [[nodiscard]] _bstr_t Description() const;             ///< the description in the error information, or empty
 
-    /// The system's message for the code, or a text made of the code: see platform::ReadComError. Belongs to the object;
-    /// made at the first use, so concurrent first uses of one object need a lock.
+    /// The system's message for the code, or a text made of the code: see platform::ReadComError. Belongs to the
+    /// object; made at the first use, so concurrent first uses of one object need a lock.
     [[nodiscard]] const char* ErrorMessage() const;
 
     /// n for 0x80040200 + n up to 0x8004FFFF, the codes that dispatch interfaces define for themselves; else 0.
@@ -215,11 +218,12 @@ inline constexpr UINT GMEM_MOVEABLE = 0x0002;
 inline constexpr UINT GMEM_ZEROINIT = 0x0040;
 inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
-/// A new block of exactly `size` bytes, or null. `flags` holds GMEM_MOVEABLE, with or without GMEM_ZEROINIT; others give null.
+/// A new block of exactly `size` bytes, or null. `flags` holds GMEM_MOVEABLE, with or without GMEM_ZEROINIT; others
+/// give null.
 [[nodiscard]] MLCORE_API HGLOBAL GlobalAlloc(UINT flags, SIZE_T size) noexcept;
 
-/// Resizes a block; returns its handle, or null with the block unchanged. `flags` is 0, GMEM_MOVEABLE (a locked block may
-/// move) or GMEM_ZEROINIT (new bytes are 0), or both; others give null.
+/// Resizes a block; returns its handle, or null with the block unchanged. `flags` is 0, GMEM_MOVEABLE (a locked block
+/// may move) or GMEM_ZEROINIT (new bytes are 0), or both; others give null.
 [[nodiscard]] MLCORE_API HGLOBAL GlobalReAlloc(HGLOBAL block, SIZE_T size, UINT flags) noexcept;
 
 /// Locks a block and returns its first byte, or null. Each lock needs one GlobalUnlock.

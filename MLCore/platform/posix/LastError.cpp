@@ -8,8 +8,9 @@ namespace MLCore::platform {
 
 namespace {
 
-/// An `errno` value beside the Win32 code that means the same. The first row with an `errno` gives its code, the first row with
-/// a code gives its `errno`; the rows that follow for the same `errno` are other codes that its text describes.
+/// An `errno` value beside the Win32 code that means the same. The first row with an `errno` gives its code, the first
+/// row with a code gives its `errno`; the rows that follow for the same `errno` are other codes that its text
+/// describes.
 struct ERRORPAIR {
     int errorNumber;
     unsigned int code;

@@ -82,7 +82,8 @@ HRSRC FindModuleResource(HINSTANCE module, const char* name, unsigned short type
     const RESOURCENAME wanted = ParseName(name);
     const std::lock_guard guard(gMutex);
     for (RESOURCEREGISTRATION* at = gFirst; at != nullptr; at = at->mNext) {
-        if (at->mModule == owner && at->mType == type && IsSame(ParseName(at->mName), wanted)) {
+        const bool isOwned = at->mModule == owner && at->mSize != 0;
+        if (isOwned && at->mType == type && IsSame(ParseName(at->mName), wanted)) {
             return reinterpret_cast<HRSRC>(at);
         }
     }
@@ -106,12 +107,7 @@ std::size_t ModuleResourceSize(HINSTANCE module, HRSRC resource) noexcept {
 
 RESOURCEREGISTRATION::RESOURCEREGISTRATION(const char* name, unsigned short type, const void* data,
                                            std::size_t size) noexcept
-    : mModule(ModuleOf(data)),
-      mName(name),
-      mData(data),
-      mSize(size),
-      mNext(nullptr),
-      mType(type) {
+    : mModule(ModuleOf(data)), mName(name), mData(data), mSize(size), mNext(nullptr), mType(type) {
     const std::lock_guard guard(gMutex);
     mNext = gFirst;
     gFirst = this;

@@ -9,8 +9,8 @@ namespace MLCore::platform {
 
 namespace {
 
-/// The text for a code: made here and not by `_com_error::ErrorMessage`, whose character type depends on the settings that
-/// its user was compiled with.
+/// The text for a code: made here and not by `_com_error::ErrorMessage`, whose character type depends on the settings
+/// that its user was compiled with.
 std::string MessageOf(const _com_error& error) {
     std::string message = SystemMessage(static_cast<unsigned int>(error.Error()));
     while (!message.empty() && (message.back() == '\n' || message.back() == '\r')) {
