@@ -98,8 +98,8 @@ ${objects}
 }
 ")
     endif()
-    # Unchanged content leaves the file alone, and nothing is compiled again. file(CONFIGURE) would do so too, but expand
-    # what looks like a variable in a name.
+    # Unchanged content leaves the file alone, and nothing is compiled again. file(CONFIGURE) would do so too, but
+    # expand what looks like a variable in a name.
     set(previous "")
     if(EXISTS "${source}")
         file(READ "${source}" previous)
