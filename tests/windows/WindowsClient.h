@@ -34,8 +34,12 @@ void UseLibraryAndSystem() {
     // The system's functions of those names are still there.
     char text[8] = "";
     EXPECT_EQ(GetClassName(nullptr, text, sizeof(text)), 0);
-    EXPECT_EQ(UnregisterClass("MLCore has no such window", GetModuleHandle(nullptr)), FALSE);
-    EXPECT_EQ(RegisterClass(nullptr), 0);
+    WNDCLASS window = {};
+    window.lpszClassName = "MLCore";
+    window.lpfnWndProc = DefWindowProc;
+    window.hInstance = GetModuleHandle(nullptr);
+    EXPECT_NE(RegisterClass(&window), 0);
+    EXPECT_NE(UnregisterClass(window.lpszClassName, window.hInstance), FALSE);
 
     EXPECT_THROW(MLCore::FailOLEErr(static_cast<unsigned int>(E_FAIL)), MLCore::FrameworkException);
     SYSTEMTIME time = MLCore::CDATE(5, 3, 2024).ToSystemTime();
