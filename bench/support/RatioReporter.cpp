@@ -33,7 +33,13 @@ std::vector<double> TimesPerItem(const std::vector<benchmark::BenchmarkReporter:
 }  // namespace
 
 bool RATIOREPORTER::ReportContext(const Context& context) {
-    PrintBasicContext(&GetErrorStream(), context);
+    std::ostream& out = GetOutputStream();
+    Print(out, "\n%s: %d processors of %.0f MHz", context.executable_name, context.cpu_info.num_cpus,
+          context.cpu_info.cycles_per_second / 1e6);
+    if (!context.cpu_info.load_avg.empty()) {
+        Print(out, ", load %.1f", context.cpu_info.load_avg.front());
+    }
+    out << '\n';
     return true;
 }
 
@@ -53,15 +59,15 @@ void RATIOREPORTER::ReportRuns(const std::vector<Run>& runs) {
 }
 
 void RATIOREPORTER::PrintTitle(const std::string& workload) {
-    Print(GetOutputStream(), "\n%-36s %12s %23s %12s\n", workload.c_str(), "ns per item", "least - most",
+    Print(GetOutputStream(), "\n%-40s %12s %23s %12s\n", workload.c_str(), "ns per item", "least - most",
           "ours/theirs");
 }
 
 void RATIOREPORTER::PrintRow(const std::string& who, const FIGURE& figure) {
     std::ostream& out = GetOutputStream();
-    Print(out, "  %-34s %12.2f %10.2f - %10.2f", who.c_str(), figure.median, figure.least, figure.most);
+    Print(out, "  %-38s %12.2f %10.2f - %10.2f", who.c_str(), figure.median, figure.least, figure.most);
     if (mOurs > 0) {
-        Print(out, " %12.3f", mOurs / figure.median);
+        Print(out, " %12.3g", mOurs / figure.median);
     } else {
         mOurs = figure.median;
     }
