@@ -67,9 +67,12 @@ TEST(ModulesTest, FailuresCrossModules) {
     EXPECT_EQ(depot::CatchInDepot([] { static_cast<void>(FailNull(nullptr)); }), -100);
 }
 
-#if defined(MLCORE_STATIC)
-TEST(ModulesTest, DISABLED_ALoadedModuleComesAndGoes) {}
-#else
+TEST(ModulesTest, AnArchiveKeepsItsRegistrations) {
+    EXPECT_EQ(COBJECTFACTORY::GetInstance()->IsRegistered("class attic::CTRUNK"), 1);
+    EXPECT_EQ(COBJECTFACTORY::GetInstance()->CreateObjectFromIdentifier("CTRUNK")->GetUseCount(), 1);
+}
+
+#if !defined(MLCORE_STATIC)
 TEST(ModulesTest, ALoadedModuleComesAndGoes) {
     int freed = 0;
     for (int round = 1; round <= 2; ++round) {
