@@ -413,6 +413,10 @@ int CDATE::FromXmlText(std::string_view text, const CDATEFORMAT& format) noexcep
         CDATETIME moment(date, time);
         moment.ToLocalZone();
         date = moment.GetDate();
+        // The zone may lead out of the years there are.
+        if (date.IsDate() == 0) {
+            return 0;
+        }
     }
     *this = date;
     return 1;

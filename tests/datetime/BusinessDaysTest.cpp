@@ -144,11 +144,11 @@ TEST(BusinessDaysTest, OwnCalendarsAgreeWithTheWalk) {
         for (int day = 0; day < 7; ++day) {
             calendar->SetOuvre(static_cast<CDATE::eDay>(day), static_cast<int>(weekdays >> day & 1U));
         }
-        for (std::int32_t serial = WALKED::kMin; serial <= k2101; ++serial) {
+        for (std::int32_t serial = WALKED::kMin; serial <= k2101; serial += kind < 4 ? 5 : 1) {
             const CDATE date = FromSerial(serial);
             ASSERT_EQ(date.IsOuvre(calendar) != 0, walked.IsOpen(serial)) << date;
-            for (const long days : {1L, -1L, long{between(2, 12)}, -long{between(2, 12)}, long{between(13, 30000)},
-                                    -long{between(13, 30000)}}) {
+            const long direction = between(0, 1) * 2 - 1;
+            for (const long days : {direction, -direction * between(2, 12), direction * between(13, 30000)}) {
                 CompareFrom(serial, days, walked, calendar);
             }
             CompareBetween(serial, serial + between(0, 20), walked, calendar);

@@ -1,0 +1,95 @@
+#include <MLCore/text/DecimalText.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace MLCore;
+
+constexpr long long kMost = std::numeric_limits<long long>::max();
+constexpr long long kLeast = std::numeric_limits<long long>::min();
+constexpr int kMostInt = std::numeric_limits<int>::max();
+constexpr int kLeastInt = std::numeric_limits<int>::min();
+
+TEST(DecimalTextTest, IsDigits) {
+    for (const char* const text : {"", "0", "0123456789", "00000000000000000000000000"}) {
+        EXPECT_EQ(IsDigits(text), 1) << text;
+    }
+    for (int character = 0; character < 256; ++character) {
+        const std::string text = {'1', static_cast<char>(character)};
+        EXPECT_EQ(IsDigits(text), character >= '0' && character <= '9' ? 1 : 0) << character;
+    }
+}
+
+TEST(DecimalTextTest, LeadingIntegerIsThatOfTheCLibraryButStopsAtTheRange) {
+    const struct {
+        const char* text;
+        int value;
+    } rows[] = {{"", 0},
+                {"12", 12},
+                {" \t\n\v\f\r+7x", 7},
+                {"-5", -5},
+                {"- 5", 0},
+                {"+-5", 0},
+                {"--5", 0},
+                {"x1", 0},
+                {"1a", 1},
+                {"007", 7},
+                {"2147483647", kMostInt},
+                {"2147483648", kMostInt},
+                {"1.9", 1},
+                {"-", 0},
+                {"-2147483648", kLeastInt},
+                {"-2147483649", kLeastInt},
+                {"+", 0},
+                {"   ", 0},
+                {"18446744073709551617", kMostInt},
+                {"-99999999999999999999", kLeastInt},
+                {"\xA0"
+                 "1",
+                 0}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(LeadingInteger(row.text), row.value) << row.text;
+    }
+    EXPECT_EQ(LeadingInteger(std::string(100000, '9')), kMostInt);
+    EXPECT_EQ(LeadingInteger("-" + std::string(100000, '0') + "8"), -8);
+    EXPECT_EQ(LeadingInteger(std::string_view("1\0"
+                                              "2",
+                                              3)),
+              1);
+    EXPECT_EQ(LeadingInteger(std::string_view("1234", 2)), 12);
+    std::mt19937 random(12);
+    const std::string characters = "0123456789999 +-\tx";
+    for (int i = 0; i < 100000; ++i) {
+        std::string text(random() % 15, ' ');
+        for (char& character : text) {
+            character = i % 5 != 0 ? characters[random() % characters.size()] : static_cast<char>(1 + random() % 127);
+        }
+        const long long value = std::strtoll(text.c_str(), nullptr, 10);
+        ASSERT_EQ(LeadingInteger(text), std::clamp<long long>(value, kLeastInt, kMostInt)) << text;
+    }
+}
+
+TEST(DecimalTextTest, AppendPaddedIsThatOfTheCLibrary) {
+    for (const long long value : {0LL, 5LL, -5LL, 99LL, 100LL, -100LL, 2024LL, kMost, kLeast, kLeast + 1}) {
+        for (const int digits : {1, 2, 4, 19, 20, 40}) {
+            char expected[64];
+            std::snprintf(expected, sizeof expected, "%.*lld", digits, value);
+            std::string text = "before ";
+            AppendPadded(text, value, digits);
+            EXPECT_EQ(text, std::string("before ") + expected);
+        }
+    }
+    std::string text;
+    AppendPadded(text, 7, -3);
+    EXPECT_EQ(text, "7");
+}
+
+}  // namespace
