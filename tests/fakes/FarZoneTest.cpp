@@ -1,4 +1,4 @@
-// In the place of the platform's local zone: one that no map shows, and a clock that stands still or is nonsense.
+// In the place of the platform's local zone and clock: offsets that no map shows, and a clock that stands still.
 
 #include <MLCore/datetime/CDATETIME.h>
 #include <MLCore/platform/LocalZone.h>
