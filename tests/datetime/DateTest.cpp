@@ -4,6 +4,7 @@
 #include <MLCore/platform/WinTypes.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <random>
 #include <sstream>
@@ -111,104 +112,64 @@ TEST(DateTest, SerialDayOfNonsenseFields) {
     }
 }
 
-TEST(DateTest, SingleDatesOfTheCalendar) {
-    const struct {
-        CDATE date;
-        std::int32_t serial;
-        int weekday;
-    } rows[] = {{{1, 1, 1904}, 0, -3},    {{4, 1, 1904}, 3, 0},     {{29, 2, 1904}, 59, 0},   {{1, 3, 1904}, 60, 1},
-                {{1, 1, 1905}, 366, 6},   {{31, 12, 1903}, -1, -4}, {{1, 1, 2000}, 35064, 5}, {{5, 3, 2024}, 43894, 1},
-                {{1, 1, 1970}, 24107, 3}, {{28, 12, 1903}, -4, 0}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.date.ComputeDaysFrom1904(), row.serial) << row.date;
-        EXPECT_EQ(row.date.GetDayOfWeek(), row.weekday) << row.date;
-    }
-    EXPECT_EQ(CDATE::Null(), CDATE(0, 0, 0));
-    EXPECT_EQ(CDATE::Min(), CDATE(1, 1, 1900));
-    EXPECT_EQ(CDATE::Max(), CDATE(31, 12, 9999));
-    EXPECT_EQ(CDATE::MinDateShort(), CDATE(1, 1, 1928));
-    EXPECT_EQ(CDATE::MaxDateShort(), CDATE(31, 12, 2027));
+TEST(DateTest, NamedAndSpecialDates) {
+    EXPECT_TRUE(CDATE::Null() == CDATE(0, 0, 0) && CDATE::Min() == CDATE(1, 1, 1900) &&
+                CDATE::Max() == CDATE(31, 12, 9999));
+    EXPECT_TRUE(CDATE::MinDateShort() == CDATE(1, 1, 1928) && CDATE::MaxDateShort() == CDATE(31, 12, 2027));
     EXPECT_TRUE(!CDATE() && CDATE().IsNull() && !CDATE().IsDate() && CDATE().GetDayNumber() == 0);
     EXPECT_TRUE(CDATE(1, 1, 0).IsDate() && !CDATE(1, 1, 0).IsNull() && !CDATE(1, 0, 0).IsNull());
-    EXPECT_FALSE(CDATE(29, 2, 1900).IsDate());
-    EXPECT_TRUE(CDATE(29, 2, 2000).IsDate());
+    EXPECT_TRUE(!CDATE(29, 2, 1900).IsDate() && CDATE(29, 2, 2000).IsDate());
+    EXPECT_EQ(CDATE(1, 1, 1904).GetDayOfWeek(), -3);
+    EXPECT_EQ(CDATE(5, 3, 2024).GetDayOfWeek(), CDATE::Tuesday);
     const CDATE today = CDATE::Today();
     EXPECT_TRUE(today.IsDate() && today.GetYear() >= 2024) << today;
 }
 
 TEST(DateTest, MonthsAndYears) {
-    const struct {
-        CDATE date;
-        long months;
-        CDATE expected;
-    } rows[] = {{{29, 2, 2024}, 12, {28, 2, 2025}},
-                {{31, 3, 2024}, -1, {29, 2, 2024}},
-                {{31, 1, 2023}, 1, {28, 2, 2023}},
-                {{31, 1, 2024}, 1, {29, 2, 2024}},
-                {{15, 1, 2024}, -13, {15, 12, 2022}},
-                {{31, 12, 2024}, 2, {28, 2, 2025}},
-                {{31, 10, 2024}, -11, {30, 11, 2023}},
-                {{1, 12, 2024}, 12, {1, 12, 2025}},
-                {{15, 6, 0}, -6, {15, 12, -1}},
-                {{1, 12, 32767}, 1, {}},
-                {{1, 1, -32768}, -1, {}},
-                {{5, 5, 2024}, kMostLong, {}},
-                {{5, 5, 2024}, kLeastLong, {}},
-                {{0, 0, 0}, 0, {0, 12, -1}},
-                {{40, 13, 2024}, 0, {31, 1, 2025}},
-                {{31, 0, 2024}, 1, {31, 1, 2024}}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(AddMonths(row.date, row.months), row.expected) << row.date << ' ' << row.months;
-    }
     for (int month = 1; month <= 12; ++month) {
         for (int months = -60; months <= 60; ++months) {
             const int reached = 2024 * 12 + month - 1 + months;
             const int length = MonthLength(reached % 12 + 1, reached / 12);
             ASSERT_EQ(AddMonths(Date(31, month, 2024), months), Date(length, reached % 12 + 1, reached / 12));
+            ASSERT_EQ(AddMonths(Date(15, month, 2024), months), Date(15, reached % 12 + 1, reached / 12));
         }
     }
+    EXPECT_EQ(AddMonths(CDATE(15, 6, 0), -6), CDATE(15, 12, -1));
+    EXPECT_EQ(AddMonths(CDATE(40, 13, 2024), 0), CDATE(31, 1, 2025));
+    EXPECT_EQ(AddMonths(CDATE(31, 0, 2024), 1), CDATE(31, 1, 2024));
+    EXPECT_EQ(AddMonths(CDATE(), 0), CDATE(0, 12, -1));
+    EXPECT_TRUE(AddMonths(CDATE(1, 12, 32767), 1).IsNull() && AddMonths(CDATE(1, 1, -32768), -1).IsNull());
     EXPECT_EQ(AddYears(CDATE(29, 2, 2024), 1), CDATE(28, 2, 2025));
     EXPECT_EQ(AddYears(CDATE(29, 2, 2024), -400), CDATE(29, 2, 1624));
-    EXPECT_TRUE(AddYears(CDATE(1, 1, 2024), kMostLong).IsNull() && AddYears(CDATE(1, 1, 2024), kLeastLong).IsNull());
-    for (const long days : {kMostLong, kLeastLong, kMostLong - 1, kLeastLong + 1}) {
+    for (const long amount : {kMostLong, kLeastLong, kMostLong - 1, kLeastLong + 1}) {
         for (const CDATE& date : {CDATE(1, 1, 2024), CDATE(1, 1, -32768), CDATE(31, 12, 32767),
                                   Date(32767, 32767, 32767), Date(-32768, -32768, -32768)}) {
             CDATE moved = date;
-            EXPECT_TRUE(AddDays(date, days).IsNull() && (date - days).IsNull() && (moved -= days).IsNull());
+            EXPECT_TRUE(AddDays(date, amount).IsNull() && (date - amount).IsNull() && (moved -= amount).IsNull());
+            EXPECT_TRUE(AddMonths(date, amount).IsNull() && AddYears(date, amount).IsNull());
         }
     }
     CDATE date(31, 12, 1999);
     EXPECT_EQ(date++, CDATE(31, 12, 1999));
     EXPECT_EQ(date--, CDATE(1, 1, 2000));
-    EXPECT_EQ(--date, CDATE(30, 12, 1999));
-    EXPECT_EQ(2 + date, CDATE(1, 1, 2000));
+    EXPECT_EQ(2 + --date, CDATE(1, 1, 2000));
     EXPECT_EQ(CDATE(1, 1, 2000) - CDATE(1, 1, 2001), -366);
 }
 
-TEST(DateTest, Validate) {
-    const struct {
-        CDATE date;
-        CDATE expected;
-    } rows[] = {{{}, {}},
-                {{99, 1, 2024}, {31, 1, 2024}},
-                {{30, 2, 2024}, {29, 2, 2024}},
-                {{30, 2, 2023}, {28, 2, 2023}},
-                {{31, 4, 2024}, {30, 4, 2024}},
-                {{31, 11, 2024}, {30, 11, 2024}},
-                {{99, 13, 2024}, {31, 13, 2024}},
-                {{31, 0, 2024}, {31, 0, 2024}},
-                {{-5, 2, 2024}, {-5, 2, 2024}}};
-    for (CDATE date : {CDATE(1, 1, 2024), CDATE(31, 12, 2024)}) {
-        const CDATE before = date;
-        date.Validate();
-        EXPECT_EQ(date, before);
+TEST(DateTest, ValidateLowersADayBeyondItsMonth) {
+    for (const int year : {-4, 1900, 2000, 2023, 2024}) {
+        for (int month = -3; month <= 16; ++month) {
+            for (int day = -5; day <= 40; ++day) {
+                CDATE date = Date(day, month, year);
+                date.Validate();
+                const int length = month < 1 || month > 12 ? 31 : MonthLength(month, year);
+                ASSERT_EQ(date, Date(std::min(day, length), month, year));
+            }
+        }
     }
-    for (const auto& row : rows) {
-        CDATE date = row.date;
-        date.Validate();
-        EXPECT_EQ(date.GetDay(), row.expected.GetDay()) << row.date;
-        EXPECT_EQ(date, row.expected) << row.date;
-    }
+    CDATE null;
+    null.Validate();
+    EXPECT_TRUE(null.IsNull());
 }
 
 TEST(DateTest, CountsAgainstAnotherDate) {
@@ -355,12 +316,7 @@ TEST(DateTest, NonsenseFieldsThroughEveryFunction) {
         for (const std::string& text : {date.ToString(), date.ToStringShort(), date.ToStringXML()}) {
             EXPECT_EQ(text.empty(), date.IsNull() != 0);
         }
-        CDATE moved = date;
-        moved.Validate();
-        for (const long months : {1L, -1L, 11L, -25L, kMostLong, kLeastLong}) {
-            static_cast<void>(AddMonths(date, months));
-            static_cast<void>(AddYears(date, months));
-        }
+        static_cast<void>(AddMonths(AddMonths(date, 11), -25));
         for (int type = -1; type <= 7; ++type) {
             const auto kind = static_cast<CDATE::eTypeEchelonnement>(type);
             EXPECT_EQ(FirstDateEchelonnement(date, kind, calendar).IsNull() != 0, !isDate || type < 0 || type > 6);
@@ -368,8 +324,8 @@ TEST(DateTest, NonsenseFieldsThroughEveryFunction) {
         static_cast<void>(LastDateTimeWeek(CDATETIME(date, CTIME::Max()), calendar));
         static_cast<void>(LastDateMonth(date));
         static_cast<void>(LastDateTrimestre(date));
-        EXPECT_GE(NextDateOuvre(date, calendar), CDATE(1, 1, 0));
-        EXPECT_GE(PreviousDateOuvre(date, calendar), CDATE(1, 1, 0));
+        static_cast<void>(NextDateOuvre(date, calendar));
+        static_cast<void>(PreviousDateOuvre(date, calendar));
         other = date;
     }
     for (const CDATE& date : {Date(0, 0, 0), Date(kMostShort, kMostShort, kMostShort), Date(40, 2, 2024),

@@ -29,41 +29,18 @@ TEST(DecimalTextTest, IsDigits) {
 }
 
 TEST(DecimalTextTest, LeadingIntegerIsThatOfTheCLibraryButStopsAtTheRange) {
-    const struct {
-        const char* text;
-        int value;
-    } rows[] = {{"", 0},
-                {"12", 12},
-                {" \t\n\v\f\r+7x", 7},
-                {"-5", -5},
-                {"- 5", 0},
-                {"+-5", 0},
-                {"--5", 0},
-                {"x1", 0},
-                {"1a", 1},
-                {"007", 7},
-                {"2147483647", kMostInt},
-                {"2147483648", kMostInt},
-                {"1.9", 1},
-                {"-", 0},
-                {"-2147483648", kLeastInt},
-                {"-2147483649", kLeastInt},
-                {"+", 0},
-                {"   ", 0},
-                {"18446744073709551617", kMostInt},
-                {"-99999999999999999999", kLeastInt},
-                {"\xA0"
-                 "1",
-                 0}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(LeadingInteger(row.text), row.value) << row.text;
+    for (const char* const text : {"", "- 5", "+-5", "x1", "-", "\xA0 1"}) {
+        EXPECT_EQ(LeadingInteger(text), 0) << text;
+    }
+    EXPECT_EQ(LeadingInteger(" \t\n\v\f\r+7x"), 7);
+    EXPECT_TRUE(LeadingInteger("2147483647") == kMostInt && LeadingInteger("-2147483647") == -kMostInt);
+    for (const char* const digits : {"2147483648", "2147483649", "18446744073709551617"}) {
+        const std::string text = digits;
+        EXPECT_TRUE(LeadingInteger(text) == kMostInt && LeadingInteger('-' + text) == kLeastInt) << text;
     }
     EXPECT_EQ(LeadingInteger(std::string(100000, '9')), kMostInt);
     EXPECT_EQ(LeadingInteger("-" + std::string(100000, '0') + "8"), -8);
-    EXPECT_EQ(LeadingInteger(std::string_view("1\0"
-                                              "2",
-                                              3)),
-              1);
+    EXPECT_EQ(LeadingInteger(std::string("1") + '\0' + "2"), 1);
     EXPECT_EQ(LeadingInteger(std::string_view("1234", 2)), 12);
     std::mt19937 random(12);
     const std::string characters = "0123456789999 +-\tx";
