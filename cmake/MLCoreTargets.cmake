@@ -9,8 +9,12 @@ function(mlcore_target_settings target)
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
     if(MSVC)
+        # C functions of the library throw. Members of standard classes are exported as part of a class, on purpose.
+        target_compile_options(${target} PUBLIC /EHs /EHc- /wd4251 /wd4275)
         target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${MLCORE_WERROR}>:/WX>)
     else()
+        # Unique symbols would keep a shared library loaded after its last user has closed it.
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
         target_compile_options(${target} PRIVATE
             -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${MLCORE_WERROR}>:-Werror>)
     endif()

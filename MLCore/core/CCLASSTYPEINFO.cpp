@@ -2,11 +2,12 @@
 
 namespace MLCore {
 
+PROTOCOL::~PROTOCOL() = default;
+
 __protocol_base__::~__protocol_base__() = default;
 
 CCLASSTYPEINFO::CCLASSTYPEINFO(const char* name, const CCLASSTYPEINFO* super, unsigned long long offset)
-    : mName(name),
-      mSuper(super) {
+    : mName(name), mSuper(super) {
     if (super != nullptr) {
         AppendProtocolsOf(*super, offset);
     }
@@ -41,8 +42,7 @@ PROTOCOL* CCLASSTYPEINFO::GetProtocol(const CCLASSTYPEINFO* protocol, void* obje
     return elem != nullptr ? elem->mBase->Produce(static_cast<char*>(object) + elem->mOffset, object) : nullptr;
 }
 
-void CCLASSTYPEINFO::AddProtocol(const CCLASSTYPEINFO* protocol, const __protocol_base__* base,
-                                 unsigned long long offset) {
+void CCLASSTYPEINFO::AddProtocol(const CCLASSTYPEINFO* protocol, __protocol_base__* base, unsigned long long offset) {
     mProtocols.emplace_back(protocol, base, offset);
     AppendProtocolsOf(*protocol, offset);
 }

@@ -6,17 +6,21 @@
 
 namespace MLCore {
 
-/// The type behind a PROTOCOL*: never defined. The pointer stands for the protocol sub-object of some object; its real
-/// type is the protocol asked for, and ProtocolCast() gives it back.
-class PROTOCOL;
+/// The root of all protocols. A PROTOCOL* is the protocol sub-object of some object; ProtocolCast() gives it its type back.
+class MLCORE_API PROTOCOL {
+protected:
+    PROTOCOL() = default;
+    PROTOCOL(const PROTOCOL&) = default;
+    PROTOCOL& operator=(const PROTOCOL&) = default;
+    virtual ~PROTOCOL();
+};
 
-/// Produces the PROTOCOL* of one protocol for an object. One adapter serves all classes that conform to the protocol.
-/// The name with its underscores is the library's established one for it.
+/// Produces the PROTOCOL* of one protocol for an object. The name with its underscores is the library's established one.
 class MLCORE_API __protocol_base__ {
 public:
     virtual ~__protocol_base__();
     /// `subObject` is the start of the protocol's sub-object, `object` the start of the object that holds it.
-    virtual PROTOCOL* Produce(void* subObject, void* object) const = 0;
+    virtual PROTOCOL* Produce(void* subObject, void* object) = 0;
 };
 
 /// The run-time description of a class: its name, its base class and the protocols that it conforms to. A protocol is an
@@ -29,16 +33,14 @@ public:
     /// One protocol of a class.
     class MLCORE_API PROTOCOLELEM {
     public:
-        PROTOCOLELEM(const CCLASSTYPEINFO* protocol, const __protocol_base__* base, unsigned long long offset)
-        noexcept : mProtocol(protocol),
-                   mBase(base),
-                   mOffset(offset) {}
+        PROTOCOLELEM(const CCLASSTYPEINFO* protocol, __protocol_base__* base, unsigned long long offset)
+        noexcept : mProtocol(protocol), mBase(base), mOffset(offset) {}
         [[nodiscard]] const CCLASSTYPEINFO* GetProtocol() const noexcept { return mProtocol; }
 
     private:
         friend class CCLASSTYPEINFO;
         const CCLASSTYPEINFO* mProtocol;
-        const __protocol_base__* mBase;
+        __protocol_base__* mBase;
         unsigned long long mOffset;  // bytes from the start of the object to its protocol sub-object
     };
 
@@ -67,7 +69,7 @@ public:
 
     /// 1 when the class conforms to `protocol` (null: 0).
     [[nodiscard]] int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const noexcept;
-    /// The protocol sub-object of `object`, an object of this class given by its start; null when the class does not
+    /// The protocol sub-object of `object`, an object of this class given by its start (not null); null when the class does not
     /// conform to `protocol`.
     [[nodiscard]] PROTOCOL* GetProtocol(const CCLASSTYPEINFO* protocol, void* object) const;
 
@@ -75,7 +77,7 @@ private:
     template <class Class, class Base, class... Protocols>
     friend class CLASSDESCRIPTION;
 
-    void AddProtocol(const CCLASSTYPEINFO* protocol, const __protocol_base__* base, unsigned long long offset);
+    void AddProtocol(const CCLASSTYPEINFO* protocol, __protocol_base__* base, unsigned long long offset);
     void AppendProtocolsOf(const CCLASSTYPEINFO& other, unsigned long long offset);
     [[nodiscard]] const PROTOCOLELEM* FindProtocol(const CCLASSTYPEINFO* protocol) const noexcept;
 

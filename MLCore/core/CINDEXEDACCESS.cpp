@@ -3,8 +3,10 @@
 
 namespace MLCore {
 
+CINDEXEDACCESS::~CINDEXEDACCESS() = default;
+
 const CCLASSTYPEINFO& CINDEXEDACCESS::ClassInfoStatic() {
-    static const CLASSDESCRIPTION<CINDEXEDACCESS, void> gClassInfo("CINDEXEDACCESS");
+    static CLASSDESCRIPTION<CINDEXEDACCESS, void> gClassInfo("CINDEXEDACCESS");
     return gClassInfo;
 }
 

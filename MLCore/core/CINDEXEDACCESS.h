@@ -10,7 +10,7 @@ class COBJECT;
 
 /// The protocol of objects with numbered elements, such as arrays: what an index step of a key path ("orders[2]") asks
 /// for.
-class MLCORE_API CINDEXEDACCESS {
+class MLCORE_API CINDEXEDACCESS : public PROTOCOL {
 public:
     /// The number of elements; they are numbered from 0.
     [[nodiscard]] virtual long GetCount() const = 0;
@@ -23,7 +23,7 @@ public:
     static const CCLASSTYPEINFO& ClassInfoStatic();
 
 protected:
-    ~CINDEXEDACCESS() = default;
+    ~CINDEXEDACCESS() override;
 };
 
 }  // namespace MLCore

@@ -2,14 +2,17 @@
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 
+#include <cstring>
 #include <functional>
 #include <map>
+#include <memory>
+#include <new>
 #include <string>
 #include <utility>
 
 namespace MLCore {
 
-template class CSINGLETON<COBJECTFACTORY, noautorelease>;
+MLCORE_DEFINE_SINGLETON(COBJECTFACTORY, noautorelease)
 
 namespace {
 
@@ -40,15 +43,17 @@ struct COBJECTFACTORY::IMPLEMENTATION {
 
 namespace {
 
+bool IsSameText(const char* left, const char* right) noexcept {
+    return left != nullptr && right != nullptr && std::strcmp(left, right) == 0;
+}
+
 // The registrars of all loaded modules, first to last. Constant-initialised: it stands before any registrar runs.
 CLASSREGISTRAR* gFirstRegistrar = nullptr;
 
 }  // namespace
 
 CLASSREGISTRAR::CLASSREGISTRAR(std::string className, const char* classIdentifier, CREATOR creator)
-    : mClassName(std::move(className)),
-      mClassIdentifier(classIdentifier),
-      mCreator(creator) {
+    : mClassName(std::move(className)), mClassIdentifier(classIdentifier), mCreator(creator) {
     if (mCreator == nullptr) {
         return;
     }
@@ -67,18 +72,18 @@ CLASSREGISTRAR::~CLASSREGISTRAR() {
             break;
         }
     }
-    if (COBJECTFACTORY* const factory = COBJECTFACTORY::mInstance) {
-        factory->Leave(*this);
+    if (mCreator != nullptr && COBJECTFACTORY::mInstance != nullptr) {
+        COBJECTFACTORY::mInstance->Leave(*this);
     }
 }
 
-COBJECTFACTORY::COBJECTFACTORY() : mImplementation(new IMPLEMENTATION) {
+COBJECTFACTORY::COBJECTFACTORY() : mImplementation(std::make_unique<IMPLEMENTATION>()) {
     for (const CLASSREGISTRAR* registrar = gFirstRegistrar; registrar != nullptr; registrar = registrar->mNext) {
         Enter(*registrar);
     }
 }
 
-COBJECTFACTORY::~COBJECTFACTORY() { delete mImplementation; }
+COBJECTFACTORY::~COBJECTFACTORY() = default;
 
 void COBJECTFACTORY::RegisterClass(const char* className, const char* classIdentifier, CREATOR creator) {
     FailNull(className);
@@ -144,11 +149,31 @@ void COBJECTFACTORY::Enter(const CLASSREGISTRAR& registrar) {
     RegisterClass(registrar.mClassName.c_str(), registrar.mClassIdentifier, registrar.mCreator);
 }
 
-// Another module may have registered a class of the same name since: that one stays.
+// A class of the same name that another module has registered since stays; one that this registrar had replaced comes
+// back, the latest of them.
 void COBJECTFACTORY::Leave(const CLASSREGISTRAR& registrar) noexcept {
-    const ENTRY* const entry = Find(mImplementation->byName, registrar.mClassName.c_str());
-    if (entry != nullptr && entry->creator == registrar.mCreator) {
-        UnregisterClass(registrar.mClassName.c_str());
+    const char* const name = registrar.mClassName.c_str();
+    const char* const identifier = registrar.mClassIdentifier;
+    const ENTRY* const entry = Find(mImplementation->byName, name);
+    if (entry == nullptr || entry->creator != registrar.mCreator) {
+        return;
+    }
+    UnregisterClass(name);
+    const CLASSREGISTRAR* sameName = nullptr;
+    const CLASSREGISTRAR* sameIdentifier = nullptr;
+    for (const CLASSREGISTRAR* other = gFirstRegistrar; other != nullptr; other = other->mNext) {
+        sameName = other->mClassName == name ? other : sameName;
+        sameIdentifier = IsSameText(other->mClassIdentifier, identifier) ? other : sameIdentifier;
+    }
+    try {
+        if (sameIdentifier != nullptr && IsRegisteredIdentifier(identifier) == 0) {
+            Enter(*sameIdentifier);
+        }
+        if (sameName != nullptr && IsRegistered(name) == 0) {
+            Enter(*sameName);
+        }
+    } catch (const std::bad_alloc&) {
+        // A module is being unloaded: nobody is there to be told.
     }
 }
 

@@ -6,6 +6,8 @@
 #include <MLCore/core/CSINGLETON.h>
 #include <MLCore/platform/Export.h>
 
+#include <memory>
+
 // <windows.h> makes macros of two names below. They are set aside while the class is declared, and put back for the
 // client's own calls of the system functions.
 #pragma push_macro("RegisterClass")
@@ -16,7 +18,7 @@
 namespace MLCore {
 
 class COBJECTFACTORY;
-extern template class MLCORE_API CSINGLETON<COBJECTFACTORY, noautorelease>;
+MLCORE_DECLARE_SINGLETON(COBJECTFACTORY, noautorelease)
 
 /// Creates objects by the name of their class, for readers of streams and key streams. One per process, reached through
 /// GetInstance(), and not released by itself: the application may call Free() at its end.
@@ -44,20 +46,21 @@ public:
     [[nodiscard]] int IsRegistered(const char* className) const;
     [[nodiscard]] int IsRegisteredIdentifier(const char* classIdentifier) const;
 
-    /// A new object of the class. A name or identifier that is not registered (null included) fails with 123.
+    /// What the creator of the class returns, normally a new object; its exceptions pass through. A name or identifier
+    /// that is not registered (null included) fails with 123.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateObject(const char* className) const;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateObjectFromIdentifier(const char* classIdentifier) const;
 
 #ifdef _WIN32
     // What the calls become in a client that includes <windows.h> after this header.
-    template <class... Args>
-    void RegisterClassA(Args... args) {
-        RegisterClass(args...);
+    void RegisterClassA(const char* className, const char* classIdentifier, CREATOR creator) {
+        RegisterClass(className, classIdentifier, creator);
     }
-    template <class... Args>
-    void RegisterClassW(Args... args) {
-        RegisterClass(args...);
+    void RegisterClassW(const char* className, const char* classIdentifier, CREATOR creator) {
+        RegisterClass(className, classIdentifier, creator);
     }
+    void RegisterClassA(const char* className, CREATOR creator) { RegisterClass(className, creator); }
+    void RegisterClassW(const char* className, CREATOR creator) { RegisterClass(className, creator); }
     void UnregisterClassA(const char* className) { UnregisterClass(className); }
     void UnregisterClassW(const char* className) { UnregisterClass(className); }
 #endif
@@ -72,7 +75,7 @@ private:
     void Leave(const CLASSREGISTRAR& registrar) noexcept;
 
     struct IMPLEMENTATION;
-    IMPLEMENTATION* mImplementation;
+    std::unique_ptr<IMPLEMENTATION> mImplementation;
 };
 
 }  // namespace MLCore

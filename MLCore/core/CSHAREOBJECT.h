@@ -11,7 +11,9 @@ namespace MLCore {
 /// itself when the last owner lets go. Owners are normally CSHAREOBJECTPTR holders and need not count by hand.
 ///
 /// The count is atomic: each thread may hold and release its own references to one object. Everything else about an
-/// object belongs to one thread at a time. Releasing more often than referencing is undefined.
+/// object belongs to one thread at a time. Releasing more often than referencing is undefined, and so is taking a new
+/// reference while the object is being destroyed: a destructor hands `this` to nobody. Destructors, Release and NoMoreRef
+/// do not throw.
 class MLCORE_API CSHAREOBJECT {
 protected:
     CSHAREOBJECT() noexcept { mUseCount.exchange(1); }

@@ -9,12 +9,22 @@
 #include <new>
 #include <type_traits>
 
+// The library's own singletons: declared before their class, defined in its source. Compilers differ in which of the two
+// exports the instantiation.
+#if defined(_MSC_VER) && defined(MLCORE_BUILDING)
+#define MLCORE_DECLARE_SINGLETON(T, POLICY)
+#define MLCORE_DEFINE_SINGLETON(T, POLICY) template class MLCORE_API CSINGLETON<T, POLICY>;
+#else
+#define MLCORE_DECLARE_SINGLETON(T, POLICY) extern template class MLCORE_API CSINGLETON<T, POLICY>;
+#define MLCORE_DEFINE_SINGLETON(T, POLICY) template class CSINGLETON<T, POLICY>;
+#endif
+
 namespace MLCore {
 
 /// The singleton is freed when its module is unloaded.
-struct autorelease {};
+struct MLCORE_TEMPLATE_API autorelease {};
 /// The singleton lives until its owner calls Free().
-struct noautorelease {};
+struct MLCORE_TEMPLATE_API noautorelease {};
 
 /// The base of a class with one instance per process, created at the first use by any thread.
 ///
@@ -97,7 +107,8 @@ void CSINGLETON<T, Policy>::Free() {
 template <class T, class Policy>
 CSINGLETON<T, Policy>::CSINGLETON() {
     if constexpr (std::is_same_v<Policy, autorelease>) {
-        std::atexit([] { Free(); });
+        // Once, however often an instance is created: one call at the end frees the last of them.
+        [[maybe_unused]] static const int registered = std::atexit([] { Free(); });
     }
 }
 

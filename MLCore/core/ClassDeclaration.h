@@ -14,13 +14,13 @@
 ///
 /// A protocol is an interface class with a description of its own that says which protocols it includes:
 ///
-///     class CINDEXEDACCESS {
+///     class CINDEXEDACCESS : public PROTOCOL {
 ///     public:
 ///         static const CCLASSTYPEINFO& ClassInfoStatic();
 ///         ...
 ///     };
 ///     const CCLASSTYPEINFO& CINDEXEDACCESS::ClassInfoStatic() {
-///         static const CLASSDESCRIPTION<CINDEXEDACCESS, void> gClassInfo("CINDEXEDACCESS");
+///         static CLASSDESCRIPTION<CINDEXEDACCESS, void> gClassInfo("CINDEXEDACCESS");
 ///         return gClassInfo;
 ///     }
 #pragma once
@@ -31,20 +31,35 @@
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 
 #include <cstdint>
+#include <tuple>
 #include <type_traits>
 
 namespace MLCore {
 
-/// The adapter of one protocol.
+/// The adapter of one protocol. A protocol that includes several others has several PROTOCOL bases: which one stands for
+/// it does not matter, as long as the way back is the same.
 template <class Protocol>
 class PROTOCOLADAPTER final : public __protocol_base__ {
 public:
-    PROTOCOL* Produce(void* subObject, void*) const override { return static_cast<PROTOCOL*>(subObject); }
+    static_assert(std::is_base_of_v<PROTOCOL, Protocol>, "a protocol derives from PROTOCOL");
 
-    static const PROTOCOLADAPTER& Instance() {
-        static const PROTOCOLADAPTER adapter;
-        return adapter;
+    PROTOCOL* Produce(void* subObject, void*) override {
+        if constexpr (kIsDirect) {
+            return static_cast<Protocol*>(subObject);
+        } else {
+            return static_cast<PROTOCOL*>(subObject);
+        }
     }
+    static Protocol* Restore(PROTOCOL* protocol) {
+        if constexpr (kIsDirect) {
+            return static_cast<Protocol*>(protocol);
+        } else {
+            return static_cast<Protocol*>(static_cast<void*>(protocol));
+        }
+    }
+
+private:
+    static constexpr bool kIsDirect = std::is_convertible_v<Protocol*, PROTOCOL*>;
 };
 
 /// The description of `Class`, which derives from `Base` (void for a root or a protocol) and adds `Protocols`. Each of
@@ -53,7 +68,8 @@ template <class Class, class Base, class... Protocols>
 class CLASSDESCRIPTION final : public CCLASSTYPEINFO {
 public:
     explicit CLASSDESCRIPTION(const char* name) : CCLASSTYPEINFO(name, InfoOf<Base>(), OffsetOf<Base>()) {
-        (AddProtocol(InfoOf<Protocols>(), &PROTOCOLADAPTER<Protocols>::Instance(), OffsetOf<Protocols>()), ...);
+        (AddProtocol(InfoOf<Protocols>(), &std::get<PROTOCOLADAPTER<Protocols>>(mAdapters), OffsetOf<Protocols>()),
+         ...);
     }
 
 private:
@@ -79,63 +95,70 @@ private:
             return reinterpret_cast<std::uintptr_t>(static_cast<Part*>(whole)) - kStart;
         }
     }
+
+    // Members rather than statics of a template: those would keep the module loaded for ever on some systems.
+    std::tuple<PROTOCOLADAPTER<Protocols>...> mAdapters;
 };
 
 /// The sub-object of `object` that implements the protocol P, or null when its class does not conform (or `object` is
 /// null). Borrowed: valid while the object is referenced.
 template <class P>
 [[nodiscard]] P* ProtocolCast(COBJECT* object) {
-    return object != nullptr ? static_cast<P*>(static_cast<void*>(object->GetProtocolInstance(&P::ClassInfoStatic())))
+    return object != nullptr ? PROTOCOLADAPTER<P>::Restore(object->GetProtocolInstance(&P::ClassInfoStatic()))
                              : nullptr;
 }
 
 }  // namespace MLCore
 
-/// In the class body, first: declares what COBJECT asks of a class. `CNAME` derives from `CBASE` as its first base and
-/// conforms to the protocols that follow. What comes after it is private.
-#define MLCORE_CLASS(CNAME, CBASE, ...)                                                                              \
-public:                                                                                                              \
-    static const ::MLCore::CCLASSTYPEINFO& ClassInfoStatic();                                                        \
-    static const char* _ClassIdentifier();                                                                           \
-    const ::MLCore::CCLASSTYPEINFO& ClassInfo() const override;                                                      \
-    ::MLCore::PROTOCOL* GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) override;                      \
-    const char* ClassName() const override;                                                                          \
-                                                                                                                     \
-protected:                                                                                                           \
-    static const ::MLCore::CCLASSTYPEINFO* _ClassInfo();                                                             \
-                                                                                                                     \
-private:                                                                                                             \
-    using CLASSDESCRIPTION_ = ::MLCore::CLASSDESCRIPTION<CNAME, CBASE __VA_OPT__(, ) __VA_ARGS__>;                   \
-    const char* ClassIdentifier() const override;                                                                    \
-    static const ::MLCore::CLASSREGISTRAR gRegistrar_;                                                               \
-    template <class CLASS_>                                                                                          \
-    static constexpr ::MLCore::CLASSREGISTRAR::CREATOR Creator_() {                                                  \
-        if constexpr (requires { new CLASS_(); }) {                                                                  \
-            return [] { return ::MLCore::CSHAREOBJECTPTR<::MLCore::COBJECT>(::MLCore::AdoptObject(new CLASS_())); }; \
-        } else {                                                                                                     \
-            return nullptr;                                                                                          \
-        }                                                                                                            \
+/// In the class body, first: MLCORE_CLASS(CNAME, CBASE, protocols...) declares what COBJECT asks of a class. CNAME derives
+/// from CBASE and from the protocols that it adds. What comes after it is private.
+#define MLCORE_CLASS(CNAME, ...)                                                                           \
+public:                                                                                                    \
+    static const ::MLCore::CCLASSTYPEINFO& ClassInfoStatic();                                              \
+    static const char* _ClassIdentifier();                                                                 \
+    const ::MLCore::CCLASSTYPEINFO& ClassInfo() const override;                                            \
+    ::MLCore::PROTOCOL* GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) override;            \
+    const char* ClassName() const override;                                                                \
+                                                                                                           \
+protected:                                                                                                 \
+    static const ::MLCore::CCLASSTYPEINFO* _ClassInfo();                                                   \
+                                                                                                           \
+private:                                                                                                   \
+    using CLASSDESCRIPTION_ = ::MLCore::CLASSDESCRIPTION<CNAME, __VA_ARGS__>;                              \
+    const char* ClassIdentifier() const override;                                                          \
+    static ::MLCore::CLASSREGISTRAR gRegistrar_;                                                           \
+    template <class CLASS_>                                                                                \
+    static constexpr ::MLCore::CLASSREGISTRAR::CREATOR Creator_() {                                        \
+        using HOLDER = ::MLCore::CSHAREOBJECTPTR<::MLCore::COBJECT>;                                       \
+        if constexpr (requires(::MLCore::CSHAREOBJECTPTR<CLASS_> holder) { holder = CLASS_::Create(); }) { \
+            return [] { return HOLDER(CLASS_::Create()); };                                                \
+        } else if constexpr (requires { new CLASS_(); }) {                                                 \
+            return [] { return HOLDER(::MLCore::AdoptObject(new CLASS_())); };                             \
+        } else {                                                                                           \
+            return nullptr;                                                                                \
+        }                                                                                                  \
     }
 
-/// In the source of the class, inside its namespace: defines what MLCORE_CLASS declared. A class that is not abstract
-/// and has a default constructor (of any access) is registered with the object factory when its module loads and
-/// unregistered when it unloads; its identifier is its name, or the literal that follows. Other classes have no
-/// identifier.
-#define MLCORE_REGISTER_CLASS(CNAME, ...)                                                                   \
-    const ::MLCore::CCLASSTYPEINFO* CNAME::_ClassInfo() {                                                   \
-        static const CLASSDESCRIPTION_ gClassInfo(#CNAME);                                                  \
-        return &gClassInfo;                                                                                 \
-    }                                                                                                       \
-    const ::MLCore::CCLASSTYPEINFO& CNAME::ClassInfoStatic() { return *_ClassInfo(); }                      \
-    const ::MLCore::CCLASSTYPEINFO& CNAME::ClassInfo() const { return ClassInfoStatic(); }                  \
-    ::MLCore::PROTOCOL* CNAME::GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) {              \
-        return ClassInfoStatic().GetProtocol(protocol, this);                                               \
-    }                                                                                                       \
-    const char* CNAME::ClassName() const { return #CNAME; }                                                 \
-    const char* CNAME::ClassIdentifier() const { return _ClassIdentifier(); }                               \
-    const char* CNAME::_ClassIdentifier() {                                                                 \
-        constexpr const char* kNames[] = {__VA_ARGS__ __VA_OPT__(, ) #CNAME};                               \
-        return Creator_<CNAME>() != nullptr ? kNames[0] : nullptr;                                          \
-    }                                                                                                       \
-    const ::MLCore::CLASSREGISTRAR CNAME::gRegistrar_(::MLCore::FactoryNameOf<CNAME>(), _ClassIdentifier(), \
-                                                      Creator_<CNAME>());
+/// In the source of the class, inside its namespace: defines what MLCORE_CLASS declared, and registers the class with the
+/// object factory while its module is loaded, when it can be created: by its own `Create()` without arguments, or else,
+/// when it is not abstract, by its default constructor of any access. Its identifier is its name, or the literal that
+/// follows; a class that cannot be created has none.
+#define MLCORE_REGISTER_CLASS(CNAME, ...)                                                             \
+    const ::MLCore::CCLASSTYPEINFO* CNAME::_ClassInfo() {                                             \
+        static CLASSDESCRIPTION_ gClassInfo(#CNAME);                                                  \
+        return &gClassInfo;                                                                           \
+    }                                                                                                 \
+    const ::MLCore::CCLASSTYPEINFO& CNAME::ClassInfoStatic() { return *_ClassInfo(); }                \
+    const ::MLCore::CCLASSTYPEINFO& CNAME::ClassInfo() const { return ClassInfoStatic(); }            \
+    ::MLCore::PROTOCOL* CNAME::GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) {        \
+        return ClassInfoStatic().GetProtocol(protocol, this);                                         \
+    }                                                                                                 \
+    const char* CNAME::ClassName() const { return #CNAME; }                                           \
+    const char* CNAME::ClassIdentifier() const { return _ClassIdentifier(); }                         \
+    const char* CNAME::_ClassIdentifier() {                                                           \
+        constexpr const char* kOwn = "" __VA_ARGS__;                                                  \
+        constexpr const char* kIdentifier = kOwn[0] != '\0' ? kOwn : #CNAME;                          \
+        return Creator_<CNAME>() != nullptr ? kIdentifier : nullptr;                                  \
+    }                                                                                                 \
+    ::MLCore::CLASSREGISTRAR CNAME::gRegistrar_(::MLCore::FactoryNameOf<CNAME>(), _ClassIdentifier(), \
+                                                Creator_<CNAME>());

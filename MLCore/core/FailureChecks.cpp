@@ -61,7 +61,9 @@ void FailNullPtr(const void* pointer) { FailNull(pointer); }
 
 void FailLastError(int result) {
     if (result == 0) {
-        throw FrameworkException(platform::LastError());
+        // Read before the exception's memory is had, which may change it.
+        const unsigned int code = platform::LastError();
+        throw FrameworkException(code);
     }
 }
 

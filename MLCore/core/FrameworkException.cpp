@@ -43,7 +43,7 @@ constexpr STANDARDCODE kStandardCodes[] = {
     {Is<std::bad_alloc>, kErrNull},
     {Is<std::bad_exception>, kErrBadException},
     {Is<std::bad_cast>, kErrBadCast},
-    {Is<std::bad_typeid>, kErrUnknownClass},
+    {Is<std::bad_typeid>, kErrBadTypeId},
     {Is<std::ios_base::failure>, kErrStreamFailure},
     {Is<std::range_error>, kErrRange},
     {Is<std::overflow_error>, kErrOverflow},
@@ -70,16 +70,10 @@ short CodeOf(const std::exception& error) {
 FrameworkException::FrameworkException(short errorClass, short msg) noexcept : mClass(errorClass), mMsg(msg) {}
 
 FrameworkException::FrameworkException(short errorClass, short msg, short kind, unsigned short field, const char* text)
-    : mClass(errorClass),
-      mMsg(msg),
-      mKind(kind),
-      mField(field),
-      mText(CopyText(text)) {}
+    : mClass(errorClass), mMsg(msg), mKind(kind), mField(field), mText(CopyText(text)) {}
 
 FrameworkException::FrameworkException(unsigned int code) noexcept
-    : mClass(NumberOfSystemCode(code)),
-      mMsg(mClass),
-      mCode(code) {}
+    : mClass(NumberOfSystemCode(code)), mMsg(mClass), mCode(code) {}
 
 // Delegates first, so that the reference is released even when there is no memory for the text.
 FrameworkException::FrameworkException(const _com_error& error) : FrameworkException() {
@@ -94,9 +88,7 @@ FrameworkException::FrameworkException(const _com_error& error) : FrameworkExcep
 }
 
 FrameworkException::FrameworkException(const std::exception& error)
-    : mClass(CodeOf(error)),
-      mMsg(mClass),
-      mText(CopyText(error.what())) {}
+    : mClass(CodeOf(error)), mMsg(mClass), mText(CopyText(error.what())) {}
 
 FrameworkException::FrameworkException(const FrameworkException& other)
     : mClass(other.mClass),

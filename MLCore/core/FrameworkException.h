@@ -16,7 +16,7 @@ namespace MLCore {
 ///     try {
 ///         object->GetKeyValue("name");
 ///     } catch (const FrameworkException& failure) {
-///         std::cerr << "failure " << failure.GetMsg() << '\n';  // 151: the class does not know the key
+///         std::cerr << "failure " << failure.GetMsg();  // 151: the class does not know the key
 ///     }
 ///
 /// It derives from no standard exception, so `catch (const std::exception&)` does not see it. One exception object is

@@ -136,8 +136,8 @@ namespace {
 CDATE Nearest(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, CDATE date, int direction, const CDATE& bound) {
     do {
         date.AddDays(direction);
-        const bool isOutside = date.IsNull() != 0 || date.GetYear() < 0 || date.GetYear() > 9999;
-        if (isOutside) {
+        const bool hasLeftCalendar = direction > 0 ? date.GetYear() > 9999 : date.GetYear() < 0;
+        if (hasLeftCalendar || date.IsNull() != 0) {
             return bound;
         }
     } while (!predicate(calendar, date) && date != bound);

@@ -35,8 +35,8 @@ using PREDICATE = bool (*)(const CCALENDARSTRATEGY& calendar, const CDATE& date)
 /// Moves `date` by `days` days that satisfy the predicate, up to MinDate or MaxDate.
 void Step(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, CDATE& date, long days);
 
-/// The nearest day after (before) `date` that satisfies the predicate; MaxDate (MinDate) when there is none up to it or
-/// the years 0 to 9999 are left.
+/// The nearest day after (before) `date` that satisfies the predicate; MaxDate (MinDate) when there is none up to it, or
+/// when the walk leaves the year 9999 (0).
 [[nodiscard]] CDATE Next(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, const CDATE& date);
 [[nodiscard]] CDATE Previous(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, const CDATE& date);
 

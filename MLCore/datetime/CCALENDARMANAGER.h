@@ -8,7 +8,7 @@
 namespace MLCore {
 
 class CCALENDARMANAGER;
-extern template class MLCORE_API CSINGLETON<CCALENDARMANAGER, autorelease>;
+MLCORE_DECLARE_SINGLETON(CCALENDARMANAGER, autorelease)
 
 /// Holds the current calendar of the process, which dates ask when they are given none: a CCALENDARFRENCHSTRATEGY at
 /// first. Reached through GetInstance(); freed when the library is unloaded.
@@ -18,7 +18,7 @@ class MLCORE_API CCALENDARMANAGER : public CSINGLETON<CCALENDARMANAGER, autorele
 public:
     /// The current calendar, borrowed: take a holder to keep it beyond the next SetCalendar().
     [[nodiscard]] CCALENDARSTRATEGY* GetCalendar() const;
-    /// Makes `calendar` the current one and adds a reference to it.
+    /// Makes `calendar` the current one and adds a reference to it. Not to be called by a strategy while it answers.
     void SetCalendar(CCALENDARSTRATEGY& calendar);
 
     /// `strategy`, or the current calendar when it is null.

@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::size_t kLongestText = 255;
 
-constexpr int kMostYears = 65536;  // more than any two years of 16 bits are apart
+constexpr int kMostYears = 65538;  // more than any two years of 16 bits are apart, and a month out of range carries
 
 int FullYear(int twoDigits) noexcept { return 1900 + (twoDigits < 51 ? twoDigits + 100 : twoDigits); }
 
@@ -45,15 +45,8 @@ platform::CIVILTIME Midnight(const CDATE& date) noexcept {
     return {date.GetYear(), date.GetMonth(), date.GetDay(), 0, 0, 0};
 }
 
-// The first day of week 1 of `year`, in serial days.
-std::int32_t FirstWeekStart(int year, int firstDayOfWeek, int firstWeek) noexcept {
-    const std::int32_t newYear = serialday::FromFields(1, 1, year);
-    const std::int32_t weekStart = businessdays::WeekStart(newYear, firstDayOfWeek);
-    const int daysInOldYear = newYear - weekStart;
-    const bool belongsToOldYear = (firstWeek == CCALENDARSTRATEGY::FirstWeekOfFourDays && daysInOldYear > 3) ||
-                                  (firstWeek == CCALENDARSTRATEGY::FirstFullWeek && daysInOldYear > 0);
-    return belongsToOldYear ? weekStart + 7 : weekStart;
-}
+// The day of a week, from 0, whose year is the year of the week: by CCALENDARSTRATEGY::eKindOfFirstWeekOfYear.
+constexpr int kDecidingDays[] = {6, 3, 0};
 
 }  // namespace
 
@@ -150,20 +143,13 @@ std::int16_t CDATE::GetWeekNumber(std::int16_t* year, CCALENDARSTRATEGY* strateg
         firstWeek >= CCALENDARSTRATEGY::FirstWeekContainsNewYear && firstWeek <= CCALENDARSTRATEGY::FirstFullWeek;
     // An unknown rule means the plain one, and the current calendar's weeks rather than those of the calendar given.
     const int firstDay = (isKnownRule ? calendar : CCALENDARMANAGER::Resolve(nullptr)).GetFirstDayOfWeek();
-
-    const std::int32_t serial = ComputeDaysFrom1904();
-    int weekYear = mYear;
-    std::int32_t start = FirstWeekStart(weekYear, firstDay, firstWeek);
-    if (serial < start) {
-        start = FirstWeekStart(--weekYear, firstDay, firstWeek);
-    } else if (const std::int32_t next = FirstWeekStart(weekYear + 1, firstDay, firstWeek); serial >= next) {
-        start = next;
-        ++weekYear;
-    }
-    if (year != nullptr) {
+    const std::int32_t weekStart = businessdays::WeekStart(ComputeDaysFrom1904(), firstDay);
+    const std::int32_t decidingDay = weekStart + kDecidingDays[isKnownRule ? firstWeek : 0];
+    const int weekYear = serialday::ToFields(decidingDay).year;
+    if (year != nullptr && std::in_range<std::int16_t>(weekYear)) {
         *year = static_cast<std::int16_t>(weekYear);
     }
-    return static_cast<std::int16_t>((serial - start) / 7 + 1);
+    return static_cast<std::int16_t>((decidingDay - serialday::FromFields(1, 1, weekYear)) / 7 + 1);
 }
 
 int CDATE::IsOuvre(CCALENDARSTRATEGY* strategy) const {

@@ -18,7 +18,7 @@ class CCALENDARSTRATEGY;
 struct CDATEFORMAT;
 
 /// A calendar date: day, month and year of the proleptic Gregorian calendar, or null. A value type of 6 bytes, copied
-/// freely; nothing throws.
+/// freely. No operation fails; only texts take memory, and what an application's own strategy throws passes through.
 ///
 ///     CDATE date(31, 1, 2024);
 ///     date.AddMonths(1);               // 29/2/2024: the day is clamped to the month
@@ -50,9 +50,7 @@ public:
     /// The null date.
     constexpr CDATE() noexcept = default;
     constexpr CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept
-        : mDay(day),
-          mMonth(month),
-          mYear(year) {}
+        : mDay(day), mMonth(month), mYear(year) {}
     /// Takes wDay, wMonth and wYear.
     explicit CDATE(const _SYSTEMTIME& time) noexcept;
     /// From a short date, see ToSDate(). 0 gives the null date.
@@ -107,7 +105,8 @@ public:
     /// The day of the year, 1 on 1 January; 0 for what is no date.
     [[nodiscard]] std::int16_t GetDayNumber() const noexcept;
     /// The number of the week under the strategy's first day of the week and rule for week 1; `year` (may be null)
-    /// receives the year that the week belongs to. For what is no date 0, with the year field.
+    /// receives the year that the week belongs to (or, where that does not fit 16 bits, the date's own). For what is no date
+    /// 0, with the year field.
     [[nodiscard]] std::int16_t GetWeekNumber(std::int16_t* year = nullptr, CCALENDARSTRATEGY* strategy = nullptr) const;
     [[nodiscard]] constexpr std::int16_t GetBimestreNumber() const noexcept {
         return static_cast<std::int16_t>((mMonth - 1) / 2 + 1);
@@ -120,11 +119,11 @@ public:
     }
 
     /// 1 on a day of the week that is open for business (ouvré) and no public holiday.
-    int IsOuvre(CCALENDARSTRATEGY* strategy = nullptr) const;
+    [[nodiscard]] int IsOuvre(CCALENDARSTRATEGY* strategy = nullptr) const;
     /// 1 on a worked day (travaillé): what counts is the strategy's own rule.
-    int IsTravaille(CCALENDARSTRATEGY* strategy = nullptr) const;
+    [[nodiscard]] int IsTravaille(CCALENDARSTRATEGY* strategy = nullptr) const;
     /// 1 on a public holiday (férié).
-    int IsFerie(CCALENDARSTRATEGY* strategy = nullptr) const;
+    [[nodiscard]] int IsFerie(CCALENDARSTRATEGY* strategy = nullptr) const;
 
     /// Days from 1 January 1904, negative before it. Defined for any fields.
     [[nodiscard]] constexpr std::int32_t ComputeDaysFrom1904() const noexcept {
@@ -164,8 +163,8 @@ public:
     /// Keeps the day where the month has it and lowers it where not: 31 January + 1 month is the end of February.
     CDATE& AddMonths(long months) noexcept;
     CDATE& AddYears(long years) noexcept;
-    /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate. Where no day
-    /// of the week is open for business it becomes MinDate for negative `days`, MaxDate otherwise, 0 included.
+    /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate; a date at or
+    /// beyond the bound that it would move towards stays. Where no day of the week is open for business it becomes MinDate for negative `days`, MaxDate otherwise, 0 included.
     CDATE& AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy = nullptr);
     /// The same by worked days; only the bounds stop it.
     CDATE& AddDaysTravaille(long days, CCALENDARSTRATEGY* strategy = nullptr);
@@ -205,7 +204,7 @@ public:
     /// 32 bits: day, month << 8, year << 16.
     [[nodiscard]] constexpr std::int32_t ToLDate() const noexcept { return ComparisonKey(); }
     /// The OLE Automation date (days from 30 December 1899). 0.0 for the null date and for what the system refuses: it
-    /// takes years from 100 to 9999, and 0 to 29 for 2000 to 2029, 30 to 99 for 1930 to 1999.
+    /// takes years from 100 to 9999, and two digits for years near our time (0 is 2000, 99 is 1999).
     [[nodiscard]] double ToWDate() const noexcept;
     /// With wDayOfWeek (Sunday 0) and the time of day 0.
     [[nodiscard]] _SYSTEMTIME ToSystemTime() const noexcept;

@@ -11,8 +11,7 @@ namespace MLCore {
 namespace {
 
 constexpr long long kDay = 86400;
-constexpr long long k1904FromUnixEpoch = -24107 * kDay;
-static_assert(serialday::FromFields(1, 1, 1970) == 24107);
+constexpr long long k1904FromUnixEpoch = -serialday::kUnixEpoch * kDay;
 
 long long OffsetAt(long long secondsFrom1904) noexcept {
     return platform::LocalOffsetFromUtc(secondsFrom1904 + k1904FromUnixEpoch);
@@ -102,7 +101,7 @@ std::string CDATETIME::ToStringXML() const {
     }
     CDATETIME utc = *this;
     utc.ToGMZone();
-    return utc.mDate.ToStringXML() + 'T' + utc.mTime.ToString();
+    return utc.IsNull() != 0 ? std::string() : utc.mDate.ToStringXML() + 'T' + utc.mTime.ToString();
 }
 
 int CDATETIME::FromString(const char* text) noexcept {
@@ -133,6 +132,9 @@ int CDATETIME::FromStringXML(const char* text) noexcept {
             return 0;
         }
         moment.ToLocalZone();
+        if (moment.IsDateTime() == 0) {
+            return 0;
+        }
     }
     *this = moment;
     return 1;

@@ -13,7 +13,8 @@
 
 namespace MLCore {
 
-/// A date and a time of day: a moment, in whichever zone its user means. A value type of 10 bytes; nothing throws.
+/// A date and a time of day: a moment, in whichever zone its user means. A value type of 10 bytes. Nothing
+/// fails; only texts take memory.
 ///
 ///     CDATETIME moment(CDATE(5, 3, 2024), CTIME(23, 30, 0));
 ///     moment.ToLocalZone();                  // from UTC to the process's local zone
@@ -21,8 +22,8 @@ namespace MLCore {
 ///     CTIMESPAN since = CDATETIME::Now() - moment;
 ///
 /// It is null when its date is. Arithmetic and zone conversion leave a null date-time alone, and give the null date-time
-/// where the year does not fit 16 bits. Parts out of range are stored and compared as they are, and normalised by
-/// arithmetic.
+/// where the year does not fit 16 bits. Parts out of range are stored and compared as they are; spans, seconds, minutes and
+/// hours added normalise both, days, months and years the date only.
 class MLCORE_API CDATETIME {
 public:
     /// The null date-time.
@@ -72,8 +73,7 @@ public:
     [[nodiscard]] std::string ToString() const;
     /// Taken for local time and written in UTC: "2024-03-05T07:05:09"; "" for null.
     [[nodiscard]] std::string ToStringXML() const;
-    /// Reads what ToString() writes, the date in any form of CDATE::FromStringLong() of 8 characters. "" gives null.
-    /// Returns 1, or 0 and leaves the value alone (null too).
+    /// Reads what ToString() writes of the years 0 to 9999, the date as CDATE::FromStringLong() does. "" gives null. Returns 1, or 0 and leaves the value alone (null too).
     int FromString(const char* text) noexcept;
     /// Reads a date and, behind "T", a time as CTIME::FromStringXML() reads it, taken for UTC, into local time. "" gives
     /// null. Returns 1, or 0 and leaves the value alone (null too).

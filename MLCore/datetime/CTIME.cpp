@@ -184,6 +184,9 @@ int CTIME::FromXmlText(std::string_view text) noexcept {
     }
     CDATETIME moment(date, time);
     moment.ToLocalZone();
+    if (moment.IsNull() != 0) {
+        return 0;
+    }
     *this = moment.GetTime();
     return 1;
 }

@@ -24,7 +24,8 @@ struct MLTIME {
 // Two-byte alignment, so that a date-time is 10 bytes in memory as it is in streams.
 #pragma pack(push, 2)
 
-/// A time of day in whole seconds since midnight, without a zone. A value type of 4 bytes; nothing throws.
+/// A time of day in whole seconds since midnight, without a zone. A value type of 4 bytes. Nothing fails; only texts take
+/// memory.
 ///
 ///     CTIME time(23, 30, 0);
 ///     time += 3600;              // 00:30:00: arithmetic wraps around midnight

@@ -1,7 +1,8 @@
 /// Bridges between the dates and times of the library and those of std::chrono.
 ///
-/// A null or invalid date becomes a year_month_day that is not ok(); a chrono date whose year does not fit 16 bits becomes
-/// the null date.
+/// A null or invalid date becomes a year_month_day that is not ok(), and such a one becomes fields that are no date. As days
+/// or seconds, what is no date counts as its serial day does (CDATE::ComputeDaysFrom1904), null too: ask IsNull() first.
+/// Days and seconds whose year does not fit 16 bits become null.
 #pragma once
 
 #include <MLCore/datetime/CDATE.h>
@@ -26,11 +27,11 @@ namespace MLCore {
 }
 
 [[nodiscard]] constexpr std::chrono::sys_days ToSysDays(const CDATE& date) noexcept {
-    return std::chrono::sys_days(std::chrono::days(date.ComputeDaysFrom1904() - 24107));
+    return std::chrono::sys_days(std::chrono::days(date.ComputeDaysFrom1904() - serialday::kUnixEpoch));
 }
 
 [[nodiscard]] constexpr CDATE FromSysDays(std::chrono::sys_days day) noexcept {
-    const auto serial = static_cast<long long>(day.time_since_epoch().count()) + 24107;
+    const auto serial = static_cast<long long>(day.time_since_epoch().count()) + serialday::kUnixEpoch;
     CDATE date;
     if (serial >= serialday::kFirst && serial <= serialday::kLast) {
         date.From1904(static_cast<long>(serial));

@@ -30,8 +30,7 @@ bool IsSelected(std::int32_t serial, unsigned weekdays) noexcept {
 }  // namespace
 
 HOLIDAYCALENDAR::HOLIDAYCALENDAR(std::span<const FIXEDDAY> fixedDays, std::span<const int> easterOffsets)
-    : mFixedDays(fixedDays),
-      mEasterOffsets(easterOffsets) {
+    : mFixedDays(fixedDays), mEasterOffsets(easterOffsets) {
     for (int i = 0; i < kYearCount; ++i) {
         const auto at = static_cast<std::size_t>(i);
         const YEAR& year = mYears[at] = Compute(kFirstYear + i);

@@ -11,6 +11,14 @@ CDATE FirstOf(int month, int year) noexcept {
     return {1, static_cast<std::int16_t>(month), static_cast<std::int16_t>(year)};
 }
 
+// The day of the date's week, 0 for the first.
+CDATE DayOfWeek(const CDATE& date, CCALENDARSTRATEGY* strategy, int day) {
+    const int firstDayOfWeek = CCALENDARMANAGER::Resolve(strategy).GetFirstDayOfWeek();
+    CDATE result;
+    result.From1904(businessdays::WeekStart(date.ComputeDaysFrom1904(), firstDayOfWeek) + day);
+    return result;
+}
+
 CDATETIME Start(const CDATE& date) noexcept { return {date, CTIME::Null()}; }
 
 CDATETIME End(const CDATE& date) noexcept { return {date, CTIME::Max()}; }
@@ -45,18 +53,17 @@ const PERIOD* FindPeriod(const CDATE& date, CDATE::eTypeEchelonnement type) noex
 
 }  // namespace
 
-CDATE FirstDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) {
-    CDATE first;
-    first.From1904(
-        businessdays::WeekStart(date.ComputeDaysFrom1904(), CCALENDARMANAGER::Resolve(strategy).GetFirstDayOfWeek()));
-    return first;
-}
+CDATE FirstDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) { return DayOfWeek(date, strategy, 0); }
 
-CDATE LastDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) { return FirstDateWeek(date, strategy) + 6; }
+CDATE LastDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) { return DayOfWeek(date, strategy, 6); }
 
 CDATE FirstDateMonth(const CDATE& date) { return FirstOf(date.GetMonth(), date.GetYear()); }
 
 CDATE LastDateMonth(const CDATE& date) {
+    if (const int days = CDATE::DaysInMonth(date.GetMonth(), date.GetYear()); days != 0) {
+        return {static_cast<std::int16_t>(days), date.GetMonth(), date.GetYear()};
+    }
+    // A month that there is not: the day before the first of what one month more makes of it.
     CDATE next = AddMonths(date, 1);
     next.SetDay(1);
     return next - 1;

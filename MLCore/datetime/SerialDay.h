@@ -21,11 +21,9 @@ inline constexpr std::uint32_t kDayShift = 146097U * 83U + 695361U;  // from 1 M
 /// The serial day of the fields; any 16-bit values are taken. As walking month by month would have it, a month before
 /// the first adds no days and a month after the last those of the whole year; days are just added.
 constexpr std::int32_t FromFields(int day, int month, int year) noexcept {
-    if (month < 1) {
+    if (static_cast<unsigned>(month) - 1U > 11U) {  // one test for the rare case of both sides
+        year += month > 12 ? 1 : 0;
         month = 1;
-    } else if (month > 12) {
-        month = 1;
-        ++year;
     }
     const bool isBeforeMarch = month < 3;
     const std::uint32_t y = static_cast<std::uint32_t>(year) + kYearShift - (isBeforeMarch ? 1U : 0U);
@@ -51,6 +49,9 @@ constexpr FIELDS ToFields(std::int32_t serial) noexcept {
     const std::uint32_t day = (n3 & 0xFFFFU) / 2141 + 1;
     return {static_cast<std::int32_t>(year), static_cast<int>(month), static_cast<int>(day)};
 }
+
+/// 1 January 1970, where the clocks of systems start.
+inline constexpr std::int32_t kUnixEpoch = FromFields(1, 1, 1970);
 
 /// The first and the last day whose year fits 16 bits.
 inline constexpr std::int32_t kFirst = FromFields(1, 1, -32768);

@@ -11,7 +11,7 @@ namespace zoo {
 
 using namespace MLCore;
 
-class CSPEAKS {
+class CSPEAKS : public PROTOCOL {
 public:
     virtual std::string Speak() const = 0;
     static const CCLASSTYPEINFO& ClassInfoStatic() {
@@ -20,7 +20,7 @@ public:
     }
 
 protected:
-    ~CSPEAKS() = default;
+    ~CSPEAKS() override = default;
 };
 
 struct FILLER {

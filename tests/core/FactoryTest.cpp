@@ -11,7 +11,19 @@ class CLOADED : public MLCore::COBJECT {
     MLCORE_CLASS(CLOADED, MLCore::COBJECT)
 };
 
+/// Says itself how it is created.
+class CNUMBERED : public MLCore::COBJECT {
+    MLCORE_CLASS(CNUMBERED, MLCore::COBJECT)
+public:
+    static MLCore::CSHAREOBJECTPTR<CNUMBERED> Create() { return MLCore::AdoptObject(new CNUMBERED(7)); }
+    const int number;
+
+private:
+    explicit CNUMBERED(int its) : number(its) {}
+};
+
 MLCORE_REGISTER_CLASS(CLOADED)
+MLCORE_REGISTER_CLASS(CNUMBERED)
 
 }  // namespace factorytest
 
@@ -117,6 +129,27 @@ TEST_F(FactoryTest, WhatTheCreatorDoesPassesThrough) {
     EXPECT_THROW(static_cast<void>(factory.CreateObjectFromIdentifier("id")), std::runtime_error);
     factory.RegisterClass("a", []() -> CSHAREOBJECTPTR<COBJECT> { return nullptr; });
     EXPECT_FALSE(factory.CreateObject("a"));
+}
+
+TEST_F(FactoryTest, AClassMayCreateItself) {
+    const CSHAREOBJECTPTR<COBJECT> object = factory.CreateObjectFromIdentifier("CNUMBERED");
+    EXPECT_EQ(dynamic_cast<factorytest::CNUMBERED&>(*object).number, 7);
+    EXPECT_EQ(object->GetUseCount(), 1);
+}
+
+TEST_F(FactoryTest, ARegistrarThatGoesLeavesTheRegistrationBefore) {
+    const CLASSREGISTRAR first("a", "id", CMADE<1>::Make);
+    {
+        const CLASSREGISTRAR second("a", "id", CMADE<2>::Make);
+        EXPECT_EQ(MadeFrom("id"), "2");
+    }
+    EXPECT_EQ(Made("a"), "1");
+    EXPECT_EQ(MadeFrom("id"), "1");
+    {
+        const CLASSREGISTRAR second("b", "id", CMADE<2>::Make);
+        EXPECT_EQ(MadeFrom("id"), "2");
+    }
+    EXPECT_EQ(MadeFrom("id"), "1");
 }
 
 TEST(FactoryLifeTest, ANewFactoryKnowsWhatIsLoaded) {

@@ -41,13 +41,13 @@ private:
 };
 
 /// A protocol.
-class DEPOT_API CLABELLED {
+class DEPOT_API CLABELLED : public MLCore::PROTOCOL {
 public:
     virtual std::string Label() const = 0;
     static const MLCore::CCLASSTYPEINFO& ClassInfoStatic();
 
 protected:
-    ~CLABELLED() = default;
+    ~CLABELLED() override = default;
 };
 
 /// Only there to take the first place in an object.

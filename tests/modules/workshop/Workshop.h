@@ -16,13 +16,13 @@
 namespace workshop {
 
 /// A protocol of this module.
-class WORKSHOP_API CREPAIRED {
+class WORKSHOP_API CREPAIRED : public MLCore::PROTOCOL {
 public:
     virtual int Repairs() const = 0;
     static const MLCore::CCLASSTYPEINFO& ClassInfoStatic();
 
 protected:
-    ~CREPAIRED() = default;
+    ~CREPAIRED() override = default;
 };
 
 /// Stands in front of the base class with the class information: whatever is inherited lies further behind.
