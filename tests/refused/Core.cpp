@@ -25,7 +25,7 @@ public:
     const char* ClassName() const override { return "CSTONE"; }
 };
 
-class CLABELLED {
+class CLABELLED : public PROTOCOL {
 public:
     static const CCLASSTYPEINFO& ClassInfoStatic() {
         static const CLASSDESCRIPTION<CLABELLED, void> gClassInfo("CLABELLED");
