@@ -10,7 +10,9 @@ HINSTANCE ModuleOf(const void* address) noexcept {
 }
 
 HRSRC FindModuleResource(HINSTANCE module, const char* name, unsigned short type) noexcept {
-    return name != nullptr ? FindResourceA(module, name, MAKEINTRESOURCEA(type)) : nullptr;
+    const HRSRC resource = name != nullptr ? FindResourceA(module, name, MAKEINTRESOURCEA(type)) : nullptr;
+    // Resource compilers differ in whether they enter an empty file.
+    return ModuleResourceSize(module, resource) != 0 ? resource : nullptr;
 }
 
 void* LoadModuleResource(HINSTANCE module, HRSRC resource) noexcept {
