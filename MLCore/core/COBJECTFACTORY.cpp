@@ -149,28 +149,26 @@ void COBJECTFACTORY::Enter(const CLASSREGISTRAR& registrar) {
     RegisterClass(registrar.mClassName.c_str(), registrar.mClassIdentifier, registrar.mCreator);
 }
 
-// A class of the same name that another module has registered since stays; one that this registrar had replaced comes
-// back, the latest of them.
+// A class of the same name that was registered since stays. Those that this registrar had replaced come back, in the order
+// in which they were loaded.
 void COBJECTFACTORY::Leave(const CLASSREGISTRAR& registrar) noexcept {
     const char* const name = registrar.mClassName.c_str();
     const char* const identifier = registrar.mClassIdentifier;
-    const ENTRY* const entry = Find(mImplementation->byName, name);
-    if (entry == nullptr || entry->creator != registrar.mCreator) {
+    const auto isInForce = [this](const CLASSREGISTRAR& entered) {
+        const ENTRY* const entry = Find(mImplementation->byName, entered.mClassName.c_str());
+        return entry != nullptr && entry->creator == entered.mCreator;
+    };
+    if (!isInForce(registrar)) {
         return;
     }
     UnregisterClass(name);
-    const CLASSREGISTRAR* sameName = nullptr;
-    const CLASSREGISTRAR* sameIdentifier = nullptr;
-    for (const CLASSREGISTRAR* other = gFirstRegistrar; other != nullptr; other = other->mNext) {
-        sameName = other->mClassName == name ? other : sameName;
-        sameIdentifier = IsSameText(other->mClassIdentifier, identifier) ? other : sameIdentifier;
-    }
+    const bool isIdentifierFree = IsRegisteredIdentifier(identifier) == 0;
     try {
-        if (sameIdentifier != nullptr && IsRegisteredIdentifier(identifier) == 0) {
-            Enter(*sameIdentifier);
-        }
-        if (sameName != nullptr && IsRegistered(name) == 0) {
-            Enter(*sameName);
+        for (const CLASSREGISTRAR* other = gFirstRegistrar; other != nullptr; other = other->mNext) {
+            const bool lostIdentifier = isIdentifierFree && IsSameText(other->mClassIdentifier, identifier);
+            if (other->mClassName == name || (lostIdentifier && isInForce(*other))) {
+                Enter(*other);
+            }
         }
     } catch (const std::bad_alloc&) {
         // A module is being unloaded: nobody is there to be told.

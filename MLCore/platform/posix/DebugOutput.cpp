@@ -17,7 +17,7 @@ void WriteToStandardError(const char* text) noexcept {
     std::size_t left = std::strlen(text);
     while (left != 0) {
         const ssize_t written = write(STDERR_FILENO, text, left);
-        if (written < 0 && errno != EINTR) {
+        if (written == 0 || (written < 0 && errno != EINTR)) {
             break;
         }
         if (written > 0) {

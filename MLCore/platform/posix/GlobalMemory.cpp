@@ -4,10 +4,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <unordered_map>
 
 namespace MLCore::platform {
@@ -39,7 +41,8 @@ struct BLOCKTABLE {
 
 /// Lives until the process ends: objects that are destroyed late may still free their blocks.
 BLOCKTABLE& Table() noexcept {
-    static BLOCKTABLE& table = *new BLOCKTABLE;
+    alignas(BLOCKTABLE) static std::byte storage[sizeof(BLOCKTABLE)];
+    static BLOCKTABLE& table = *new (storage) BLOCKTABLE;
     return table;
 }
 

@@ -56,16 +56,4 @@ COMERRORPARTS ReadComError(const _com_error& error) {
     return parts;
 }
 
-void AddRefErrorInfo(IErrorInfo* errorInfo) noexcept {
-    if (errorInfo != nullptr) {
-        errorInfo->AddRef();
-    }
-}
-
-void ReleaseErrorInfo(IErrorInfo* errorInfo) noexcept {
-    if (errorInfo != nullptr) {
-        errorInfo->Release();
-    }
-}
-
 }  // namespace MLCore::platform
