@@ -1,4 +1,3 @@
-#include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
 #include <MLCore/datetime/Periods.h>
 #include <gtest/gtest.h>
 
@@ -10,71 +9,57 @@ using namespace MLCore;
 using support::Date;
 using support::DAY;
 
-struct PERIOD {
+// By CDATE::eTypeEchelonnement from 2.
+const struct {
     CDATE (*first)(const CDATE&);
     CDATE (*last)(const CDATE&);
     CDATETIME (*firstMoment)(const CDATETIME&);
     CDATETIME (*lastMoment)(const CDATETIME&);
     int months;
-};
-
-// By CDATE::eTypeEchelonnement from 2.
-const PERIOD kPeriods[] = {
-    {FirstDateMonth, LastDateMonth, FirstDateTimeMonth, LastDateTimeMonth, 1},
-    {FirstDateBimestre, LastDateBimestre, FirstDateTimeBimestre, LastDateTimeBimestre, 2},
-    {FirstDateTrimestre, LastDateTrimestre, FirstDateTimeTrimestre, LastDateTimeTrimestre, 3},
-    {FirstDateSemestre, LastDateSemestre, FirstDateTimeSemestre, LastDateTimeSemestre, 6},
-    {FirstDateYear, LastDateYear, FirstDateTimeYear, LastDateTimeYear, 12},
-};
+} kPeriods[] = {{FirstDateMonth, LastDateMonth, FirstDateTimeMonth, LastDateTimeMonth, 1},
+                {FirstDateBimestre, LastDateBimestre, FirstDateTimeBimestre, LastDateTimeBimestre, 2},
+                {FirstDateTrimestre, LastDateTrimestre, FirstDateTimeTrimestre, LastDateTimeTrimestre, 3},
+                {FirstDateSemestre, LastDateSemestre, FirstDateTimeSemestre, LastDateTimeSemestre, 6},
+                {FirstDateYear, LastDateYear, FirstDateTimeYear, LastDateTimeYear, 12}};
 
 TEST(PeriodsTest, EveryDayOfSomeYears) {
-    DAY day;
-    for (const int year : {0, 1899, 1900, 1904, 2023, 2024, 9999}) {
-        while (day.year < year) {
-            day.Advance();
+    for (DAY day; day.year < 10000; day.Advance()) {
+        if (day.year % 303 != 0 && day.year != 1904) {  // 0, 303 ... 2424 ... 9999
+            continue;
         }
-        for (; day.year == year; day.Advance()) {
-            const CDATE date = day.Date();
-            const CDATETIME moment(date, CTIME(14, 5, 0));
-            for (std::size_t i = 0; i < std::size(kPeriods); ++i) {
-                const PERIOD& period = kPeriods[i];
-                const int firstMonth = (day.month - 1) / period.months * period.months + 1;
-                const int lastMonth = firstMonth + period.months - 1;
-                const CDATE first = Date(1, firstMonth, year);
-                const CDATE last = Date(support::MonthLength(lastMonth, year), lastMonth, year);
-                ASSERT_EQ(period.first(date), first) << date << i;
-                ASSERT_EQ(period.last(date), last) << date << i;
-                ASSERT_EQ(period.firstMoment(moment), CDATETIME(first, CTIME(0, 0, 0))) << date << i;
-                ASSERT_EQ(period.lastMoment(moment), CDATETIME(last, CTIME(23, 59, 59))) << date << i;
-                const auto kind = static_cast<CDATE::eTypeEchelonnement>(i + 2);
-                ASSERT_EQ(FirstDateEchelonnement(date, kind, nullptr), first);
-                ASSERT_EQ(LastDateEchelonnement(date, kind, nullptr), last);
-            }
-            ASSERT_EQ(date.GetBimestreNumber(), (day.month + 1) / 2);
-            ASSERT_EQ(date.GetTrimestreNumber(), (day.month + 2) / 3);
-            ASSERT_EQ(date.GetSemestreNumber(), day.month < 7 ? 1 : 2);
-            ASSERT_EQ(FirstDateEchelonnement(date, CDATE::EchelonDay), date);
-            ASSERT_EQ(LastDateEchelonnement(date, CDATE::EchelonDay), date);
+        const CDATE date = day.Date();
+        const CDATETIME moment(date, CTIME(14, 5, 0));
+        for (int i = 0; i < 5; ++i) {
+            const auto& period = kPeriods[i];
+            const int firstMonth = (day.month - 1) / period.months * period.months + 1;
+            const int lastMonth = firstMonth + period.months - 1;
+            const CDATE first = Date(1, firstMonth, day.year);
+            const CDATE last = Date(support::MonthLength(lastMonth, day.year), lastMonth, day.year);
+            ASSERT_TRUE(period.first(date) == first && period.last(date) == last) << date << i;
+            ASSERT_EQ(period.firstMoment(moment), CDATETIME(first, CTIME(0, 0, 0))) << date << i;
+            ASSERT_EQ(period.lastMoment(moment), CDATETIME(last, CTIME(23, 59, 59))) << date << i;
+            const auto kind = static_cast<CDATE::eTypeEchelonnement>(i + 2);
+            ASSERT_EQ(FirstDateEchelonnement(date, kind, nullptr), first);
+            ASSERT_EQ(LastDateEchelonnement(date, kind, nullptr), last);
         }
+        ASSERT_EQ(date.GetBimestreNumber(), (day.month + 1) / 2);
+        ASSERT_EQ(date.GetTrimestreNumber(), (day.month + 2) / 3);
+        ASSERT_EQ(date.GetSemestreNumber(), day.month < 7 ? 1 : 2);
+        ASSERT_EQ(FirstDateEchelonnement(date, CDATE::EchelonDay), date);
+        ASSERT_EQ(LastDateEchelonnement(date, CDATE::EchelonDay), date);
     }
 }
 
 TEST(PeriodsTest, Weeks) {
-    const CSHAREOBJECTPTR<CCALENDARSTRATEGY> calendar = CCALENDARFRENCHSTRATEGY::Create();
+    const support::CALENDAR calendar = support::OwnCalendar(0);
     const struct {
         CDATE::eDay firstDay;
         CDATE date, first, last;
     } rows[] = {{CDATE::Monday, {6, 3, 2024}, {4, 3, 2024}, {10, 3, 2024}},
-                {CDATE::Monday, {4, 3, 2024}, {4, 3, 2024}, {10, 3, 2024}},
-                {CDATE::Monday, {10, 3, 2024}, {4, 3, 2024}, {10, 3, 2024}},
-                {CDATE::Sunday, {6, 3, 2024}, {3, 3, 2024}, {9, 3, 2024}},
                 {CDATE::Sunday, {1, 1, 1904}, {27, 12, 1903}, {2, 1, 1904}},
-                {CDATE::Saturday, {1, 1, 1900}, {30, 12, 1899}, {5, 1, 1900}},
-                {CDATE::Monday, {31, 12, 2024}, {30, 12, 2024}, {5, 1, 2025}}};
+                {CDATE::Saturday, {1, 1, 1900}, {30, 12, 1899}, {5, 1, 1900}}};
     for (const auto& row : rows) {
         calendar->SetFirstDayOfWeek(row.firstDay);
-        EXPECT_EQ(FirstDateWeek(row.date, calendar), row.first);
-        EXPECT_EQ(LastDateWeek(row.date, calendar), row.last);
         EXPECT_EQ(FirstDateEchelonnement(row.date, CDATE::EchelonWeek, calendar), row.first);
         EXPECT_EQ(LastDateEchelonnement(row.date, CDATE::EchelonWeek, calendar), row.last);
         const CDATETIME moment(row.date, CTIME(14, 5, 0));
@@ -87,14 +72,11 @@ TEST(PeriodsTest, Weeks) {
 TEST(PeriodsTest, WhatIsNoDate) {
     for (int kind = -2; kind <= 9; ++kind) {
         const auto type = static_cast<CDATE::eTypeEchelonnement>(kind);
-        EXPECT_TRUE(FirstDateEchelonnement(CDATE(), type).IsNull() && LastDateEchelonnement(CDATE(), type).IsNull());
-        EXPECT_TRUE(FirstDateEchelonnement(CDATE(30, 2, 2024), type).IsNull());
+        EXPECT_TRUE(FirstDateEchelonnement({}, type).IsNull() && LastDateEchelonnement({30, 2, 2024}, type).IsNull());
         EXPECT_EQ(LastDateEchelonnement(CDATE(1, 2, 2024), type).IsNull() != 0, kind < 0 || kind > 6);
     }
-    EXPECT_EQ(FirstDateMonth(CDATE()), CDATE(1, 0, 0));
-    EXPECT_EQ(FirstDateYear(CDATE()), CDATE(1, 1, 0));
-    EXPECT_EQ(LastDateYear(CDATE()), CDATE(31, 12, 0));
-    EXPECT_EQ(LastDateMonth(CDATE(31, 2, 2023)), CDATE(28, 2, 2023));
+    EXPECT_TRUE(FirstDateMonth({}) == CDATE(1, 0, 0) && FirstDateYear({}) == CDATE(1, 1, 0));
+    EXPECT_TRUE(LastDateYear({}) == CDATE(31, 12, 0) && LastDateMonth({31, 2, 2023}) == CDATE(28, 2, 2023));
 }
 
 }  // namespace

@@ -1,26 +1,22 @@
 /// The calendar as the tests know it: walked day by day, and Easter by another algorithm than the library's.
 #pragma once
 
-#include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/CCALENDARBANQUEPORTOSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARBANQUESTRATEGY.h>
+#include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
+#include <MLCore/datetime/CCALENDARPORTOSTRATEGY.h>
 
 #include <cstdint>
+#include <set>
+#include <utility>
 
 namespace support {
 
 constexpr bool IsLeap(int year) { return year % 400 == 0 || (year % 4 == 0 && year % 100 != 0); }
 
 constexpr int MonthLength(int month, int year) {
-    switch (month) {
-        case 2:
-            return IsLeap(year) ? 29 : 28;
-        case 4:
-        case 6:
-        case 9:
-        case 11:
-            return 30;
-        default:
-            return month >= 1 && month <= 12 ? 31 : 0;
-    }
+    constexpr int kLengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return month < 1 || month > 12 ? 0 : month == 2 && IsLeap(year) ? 29 : kLengths[month - 1];
 }
 
 inline MLCore::CDATE Date(int day, int month, int year) {
@@ -62,6 +58,36 @@ constexpr int EasterInMarch(int year) {
     const int e = (2 * (year % 4) + 4 * (year % 7) + 6 * d + sunday) % 7;
     const bool isLate = e == 6 && (d == 29 || (d == 28 && (11 * moon + 11) % 30 < 19));
     return 22 + d + e - (isLate ? 7 : 0);
+}
+
+/// The days of a month that are always holidays, and the days from Easter Sunday that are.
+struct HOLIDAYS {
+    std::set<std::pair<int, int>> fixed;
+    std::set<int> fromEaster;
+
+    [[nodiscard]] bool Has(const DAY& day) const {
+        const int easter = EasterInMarch(day.year) + (IsLeap(day.year) ? 60 : 59);
+        return fixed.count({day.day, day.month}) != 0 || fromEaster.count(day.dayOfYear - easter) != 0;
+    }
+};
+
+inline const HOLIDAYS kFrench = {{{1, 1}, {1, 5}, {8, 5}, {14, 7}, {15, 8}, {1, 11}, {11, 11}, {25, 12}}, {1, 39, 50}};
+inline const HOLIDAYS kFrenchBank = {{{1, 1}, {1, 5}, {8, 5}, {14, 7}, {15, 8}, {1, 11}, {11, 11}, {25, 12}, {26, 12}},
+                                     {-2, 1, 39, 50}};
+inline const HOLIDAYS kPortuguese = {
+    {{1, 1}, {25, 4}, {1, 5}, {10, 6}, {15, 8}, {5, 10}, {1, 11}, {1, 12}, {8, 12}, {25, 12}}, {-47, -2, 1, 60}};
+inline const HOLIDAYS* const kOwnHolidays[] = {&kFrench, &kFrenchBank, &kPortuguese, &kPortuguese};
+
+using CALENDAR = MLCore::CSHAREOBJECTPTR<MLCore::CCALENDARSTRATEGY>;
+
+/// The library's own calendars, in the order of kOwnHolidays.
+inline CALENDAR OwnCalendar(int kind) {
+    if (kind < 2) {
+        return kind == 0 ? CALENDAR(MLCore::CCALENDARFRENCHSTRATEGY::Create())
+                         : CALENDAR(MLCore::CCALENDARBANQUESTRATEGY::Create());
+    }
+    return kind == 2 ? CALENDAR(MLCore::CCALENDARPORTOSTRATEGY::Create())
+                     : CALENDAR(MLCore::CCALENDARBANQUEPORTOSTRATEGY::Create());
 }
 
 }  // namespace support
