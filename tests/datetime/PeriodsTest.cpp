@@ -39,14 +39,14 @@ TEST(PeriodsTest, EveryDayOfSomeYears) {
             ASSERT_EQ(period.firstMoment(moment), CDATETIME(first, CTIME(0, 0, 0))) << date << i;
             ASSERT_EQ(period.lastMoment(moment), CDATETIME(last, CTIME(23, 59, 59))) << date << i;
             const auto kind = static_cast<CDATE::eTypeEchelonnement>(i + 2);
-            ASSERT_EQ(FirstDateEchelonnement(date, kind, nullptr), first);
-            ASSERT_EQ(LastDateEchelonnement(date, kind, nullptr), last);
+            ASSERT_TRUE(FirstDateEchelonnement(date, kind) == first && LastDateEchelonnement(date, kind) == last);
         }
-        ASSERT_EQ(date.GetBimestreNumber(), (day.month + 1) / 2);
-        ASSERT_EQ(date.GetTrimestreNumber(), (day.month + 2) / 3);
-        ASSERT_EQ(date.GetSemestreNumber(), day.month < 7 ? 1 : 2);
-        ASSERT_EQ(FirstDateEchelonnement(date, CDATE::EchelonDay), date);
-        ASSERT_EQ(LastDateEchelonnement(date, CDATE::EchelonDay), date);
+        ASSERT_TRUE(date.GetBimestreNumber() == (day.month + 1) / 2 &&
+                    date.GetTrimestreNumber() == (day.month + 2) / 3 &&
+                    date.GetSemestreNumber() == (day.month < 7 ? 1 : 2))
+            << date;
+        ASSERT_TRUE(FirstDateEchelonnement(date, CDATE::EchelonDay) == date &&
+                    LastDateEchelonnement(date, CDATE::EchelonDay) == date);
     }
 }
 

@@ -16,8 +16,6 @@ namespace {
 
 using namespace MLCore;
 
-constexpr double kUnknown[] = {HUGE_VAL, -HUGE_VAL, NAN, 1e308};
-
 long Floored(long long seconds) { return static_cast<long>((seconds % 86400 + 86400) % 86400); }
 
 TEST(TimeTest, EverySecondOfADay) {
@@ -100,13 +98,12 @@ TEST(TimeTest, FromMinutesAndHours) {
         EXPECT_EQ(time.FromMinutes(seconds / 60), whole < 86400 ? 1 : 0) << seconds;
         EXPECT_EQ(time.GetTotalSeconds(), Floored(whole)) << seconds;
     }
-    EXPECT_TRUE(time.FromHours(12.5) == 1 && time == CTIME(12, 30, 0));
-    EXPECT_TRUE(time.FromHours(-0.25) == 1 && time == CTIME(23, 45, 0));
-    EXPECT_TRUE(time.FromHours(49) == 0 && time == CTIME(1, 0, 0));
+    EXPECT_TRUE(time.FromHours(-0.25) == 1 && time == CTIME(23, 45, 0) && time.FromHours(49) == 0 &&
+                time == CTIME(1, 0, 0));
     EXPECT_TRUE(time.FromMinutes(1e300) == 0 && time.IsTime() && time.FromMinutes(-1e300) == 1 && time.IsTime());
     EXPECT_TRUE(time.FromHours(1e300) == 0 && time.IsTime() && time.FromHours(-1e300) == 1 && time.IsTime());
     time = CTIME(9, 9, 9);
-    for (const double unknown : kUnknown) {
+    for (const double unknown : {HUGE_VAL, -HUGE_VAL, std::nan(""), 1e308}) {
         EXPECT_TRUE(time.FromMinutes(unknown) == 0 && time.FromHours(unknown) == 0 && time == CTIME(9, 9, 9));
     }
     EXPECT_TRUE(time.FromSeconds(86400) == 0 && time.IsNull() && time.FromSeconds(-1) == 1 && time == CTIME::Max());
@@ -146,23 +143,6 @@ TEST(TimeTest, WorkedTexts) {
     }
     EXPECT_TRUE(IsStrTime("070509") && IsStrTime("") && !IsStrTime("24:00:00") && !IsStrTime(nullptr));
     EXPECT_EQ(Read(&CTIME::FromStringXML, ("10:00:00." + std::string(1000, '5')).c_str()), "10:00:00");
-    std::mt19937 random(4711);
-    const std::string characters = "0123459:::Z+-.T";
-    for (int i = 0; i < 60000; ++i) {
-        std::string text(1 + random() % 19, ' ');
-        for (char& character : text) {
-            character = i % 4 != 0 ? characters[random() % characters.size()] : static_cast<char>(1 + random() % 255);
-        }
-        if (i % 3 == 0 && text.size() >= 8) {
-            text[2] = text[5] = ':';
-        }
-        std::string written = Read(&CTIME::FromString, text.c_str());
-        if (text.find(':') == text.npos) {
-            std::erase(written, ':');
-        }
-        ASSERT_TRUE(written.empty() || written == text) << text;
-        Read(&CTIME::FromStringXML, text.c_str());
-    }
 }
 
 TEST(TimeTest, OrderHashAndStream) {
@@ -177,26 +157,19 @@ TEST(TimeTest, OrderHashAndStream) {
 }
 
 TEST(TimeSpanTest, TextsAndParts) {
-    const std::pair<long long, const char*> rows[] = {{0, "0:00:00"},
-                                                      {5, "0:00:05"},
-                                                      {-300, "-0:05:00"},
-                                                      {25509, "7:05:09"},
-                                                      {-25509, "-7:05:09"},
-                                                      {450000, "125:00:00"},
-                                                      {-3600, "-1:00:00"},
-                                                      {LLONG_MAX, "2562047788015215:30:07"},
-                                                      {LLONG_MIN, "-2562047788015215:30:08"}};
-    for (const auto& [seconds, text] : rows) {
+    std::istringstream rows(
+        "0 0:00:00 5 0:00:05 -300 -0:05:00 25509 7:05:09 -25509 -7:05:09 450000 125:00:00 -3600 -1:00:00 "
+        "9223372036854775807 2562047788015215:30:07 -9223372036854775808 -2562047788015215:30:08");
+    std::string text;
+    for (long long seconds = 0; rows >> seconds >> text;) {
         const CTIMESPAN span(seconds);
         EXPECT_EQ(span.ToString(), text);
         EXPECT_EQ(span.GetHours() * 3600 + span.GetMinutes() * 60 + span.GetSeconds(), seconds);
         CTIMESPAN built;
         built.SetSeconds(span.GetSeconds());
         built.SetMinutes(span.GetMinutes());
-        if (std::in_range<long>(span.GetHours())) {
-            built.SetHours(static_cast<long>(span.GetHours()));
-            EXPECT_EQ(built, span);
-        }
+        built.SetHours(static_cast<long>(span.GetHours()));
+        EXPECT_TRUE(built == span || !std::in_range<long>(span.GetHours()));
     }
     EXPECT_TRUE(CTIMESPAN::NbSecondsInOneMinute() == 60 && CTIMESPAN::NbSecondsInOneHour() == 3600 &&
                 CTIMESPAN::NbSecondsInOneDay() == 86400);

@@ -1,6 +1,8 @@
 #include <MLCore/datetime/Periods.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "support/CalendarArithmetic.h"
 
 namespace {
@@ -43,10 +45,11 @@ TEST(WeekNumberTest, AllFirstDaysAndRules) {
             for (const DAY& each : week) {
                 const CDATE date = each.Date();
                 std::int16_t year = 0;
-                ASSERT_TRUE(weekYear < 1890 || date.GetWeekNumber(&year, calendar) == number) << date << i;
-                ASSERT_TRUE(weekYear < 1890 || year == weekYear) << date << i;
-                ASSERT_EQ(FirstDateWeek(date, calendar), week[0].Date()) << date << i;
-                ASSERT_EQ(LastDateWeek(date, calendar), week[6].Date()) << date << i;
+                ASSERT_TRUE(weekYear < 1890 || (date.GetWeekNumber(&year, calendar) == number && year == weekYear))
+                    << date << i;
+                ASSERT_TRUE(FirstDateWeek(date, calendar) == week[0].Date() &&
+                            LastDateWeek(date, calendar) == week[6].Date())
+                    << date << i;
             }
         }
     }
@@ -54,20 +57,17 @@ TEST(WeekNumberTest, AllFirstDaysAndRules) {
 
 TEST(WeekNumberTest, WorkedDates) {
     // Number and year of the week under the three rules, for a week from Monday and for one from Sunday.
-    const struct {
-        CDATE date;
-        int weeks[2][3][2];
-    } rows[] = {{{31, 12, 2024}, {{{1, 2025}, {1, 2025}, {53, 2024}}, {{1, 2025}, {1, 2025}, {52, 2024}}}},
-                {{1, 1, 2021}, {{{1, 2021}, {53, 2020}, {52, 2020}}, {{1, 2021}, {53, 2020}, {52, 2020}}}},
-                {{31, 12, 1903}, {{{1, 1904}, {53, 1903}, {52, 1903}}, {{1, 1904}, {52, 1903}, {52, 1903}}}}};
-    for (const auto& row : rows) {
+    const std::pair<CDATE, const char*> rows[] = {{{31, 12, 2024}, "1/2025 1/2025 53/2024 1/2025 1/2025 52/2024 "},
+                                                  {{1, 1, 2021}, "1/2021 53/2020 52/2020 1/2021 53/2020 52/2020 "},
+                                                  {{31, 12, 1903}, "1/1904 53/1903 52/1903 1/1904 52/1903 52/1903 "}};
+    for (const auto& [date, weeks] : rows) {
+        std::ostringstream found;
         for (int i = 0; i < 6; ++i) {
             std::int16_t year = 0;
-            const auto& expected = row.weeks[i / 3][i % 3];
-            EXPECT_EQ(row.date.GetWeekNumber(&year, Calendar(i < 3 ? CDATE::Monday : CDATE::Sunday, i % 3)),
-                      expected[0]);
-            EXPECT_EQ(year, expected[1]) << row.date << i;
+            const int number = date.GetWeekNumber(&year, Calendar(i < 3 ? CDATE::Monday : CDATE::Sunday, i % 3));
+            found << number << '/' << year << ' ';
         }
+        EXPECT_EQ(found.str(), weeks) << date;
     }
 }
 
@@ -76,8 +76,8 @@ TEST(WeekNumberTest, UnknownRulesInvalidDatesAndNullArguments) {
     std::int16_t year = 0;
     for (const int rule : {-1, 3, 7}) {
         const CALENDAR calendar = Calendar(CDATE::Sunday, rule);
-        EXPECT_EQ(CDATE(7, 1, 2024).GetWeekNumber(nullptr, calendar), 1);
-        EXPECT_EQ(CDATE(8, 1, 2024).GetWeekNumber(nullptr, calendar), 2);
+        EXPECT_TRUE(CDATE(7, 1, 2024).GetWeekNumber({}, calendar) == 1 &&
+                    CDATE(8, 1, 2024).GetWeekNumber({}, calendar) == 2);
         EXPECT_TRUE(CDATE(31, 12, 2024).GetWeekNumber(&year, calendar) == 1 && year == 2025);
     }
     EXPECT_EQ(CDATE(31, 12, 2024).GetWeekNumber(), 1);
