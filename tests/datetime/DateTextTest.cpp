@@ -82,11 +82,10 @@ TEST(DateTextTest, RandomTextsAreReadInTheOrderOfTheForms) {
     std::mt19937 random(1904);
     const std::string alphabets[] = {"0123456789", "0123-/", "012-/ +a", "0123456789-/", "01239-/T:Z+. "};
     for (int i = 0; i < 100000; ++i) {
-        const std::size_t kind = random() % (std::size(alphabets) + 1);
+        const std::string& alphabet = alphabets[random() % std::size(alphabets)];
         std::string text(random() % (i % 1000 == 0 ? 400 : 13), ' ');
         for (char& character : text) {
-            character = kind < std::size(alphabets) ? alphabets[kind][random() % alphabets[kind].size()]
-                                                    : static_cast<char>(1 + random() % 255);
+            character = i % 6 != 0 ? alphabet[random() % alphabet.size()] : static_cast<char>(1 + random() % 255);
         }
         const RESULT read = Parse(Any, text);
         RESULT expected = text.find('-') == text.npos ? RESULT() : Parse(Xml, text);

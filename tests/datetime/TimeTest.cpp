@@ -48,7 +48,7 @@ TEST(TimeTest, PartsOutOfRangeAreKept) {
     EXPECT_TRUE(!CTIME(24, 0, 0).IsTime() && CTIME(12, 60, 0).IsTime() && !CTIME(0, 0, -1).IsTime());
     EXPECT_EQ(CTIME(24, 0, 0).GetHours(), 0);
     EXPECT_TRUE(CTIME(25, 30, 0) + 0L == CTIME(1, 30, 0) && CTIME(0, 0, -1) + 0L == CTIME(23, 59, 59));
-    CTIME time(1, 2, 3);
+    CTIME time;
     time.SetHours(7);
     time.SetMinutes(5);
     time.SetSeconds(9);

@@ -24,13 +24,9 @@ CALENDAR Calendar(int firstDay, int rule) {
 TEST(WeekNumberTest, AllFirstDaysAndRules) {
     constexpr int kDeciding[] = {6, 3, 0};
     for (int i = 0; i < 21; ++i) {
-        const int firstDay = i / 3;
-        const int rule = i % 3;
-        const CALENDAR calendar = Calendar(firstDay, rule);
+        const CALENDAR calendar = Calendar(i / 3, i % 3);
         DAY day;
-        while (day.year < 1880 || day.weekday != firstDay) {
-            day.Advance();
-        }
+        while (day.year < 1880 || day.weekday != i / 3) day.Advance();
         int number = 0;
         int numberedYear = 0;
         while (day.year < 2110) {
@@ -39,7 +35,7 @@ TEST(WeekNumberTest, AllFirstDaysAndRules) {
                 each = day;
                 day.Advance();
             }
-            const int weekYear = week[kDeciding[rule]].year;
+            const int weekYear = week[kDeciding[i % 3]].year;
             number = weekYear == numberedYear ? number + 1 : 1;
             numberedYear = weekYear;
             for (const DAY& each : week) {
@@ -47,9 +43,8 @@ TEST(WeekNumberTest, AllFirstDaysAndRules) {
                 std::int16_t year = 0;
                 ASSERT_TRUE(weekYear < 1890 || (date.GetWeekNumber(&year, calendar) == number && year == weekYear))
                     << date << i;
-                ASSERT_TRUE(FirstDateWeek(date, calendar) == week[0].Date() &&
-                            LastDateWeek(date, calendar) == week[6].Date())
-                    << date << i;
+                ASSERT_EQ(FirstDateWeek(date, calendar), week[0].Date()) << date << i;
+                ASSERT_EQ(LastDateWeek(date, calendar), week[6].Date()) << date << i;
             }
         }
     }
