@@ -33,8 +33,7 @@ TEST(DateTest, EveryDayOfTenThousandYears) {
         ASSERT_EQ(date.IsEndOfMonth() != 0, day.day == MonthLength(day.month, day.year)) << date;
         // Before 4 January 1904 the remainder keeps its sign.
         const int weekday = day.serial >= 3 || day.weekday == 0 ? day.weekday : day.weekday - 7;
-        ASSERT_EQ(date.GetDayOfWeek(), weekday) << date;
-        ASSERT_EQ(date.ToSystemTime().wDayOfWeek, (day.weekday + 1) % 7) << date;
+        ASSERT_TRUE(date.GetDayOfWeek() == weekday && date.ToSystemTime().wDayOfWeek == (day.weekday + 1) % 7) << date;
     }
 }
 
@@ -66,17 +65,17 @@ TEST(DateTest, YearsOfAllSixteenBits) {
 // A day out of range counts on from the first of its month; a month out of range has no days of its own: those below
 // are January, those above stand behind the whole year.
 TEST(DateTest, SerialDayOfNonsenseFields) {
-    for (const int year : {-32768, -401, -400, -4, 0, 1, 100, 1899, 1900, 1903, 1904, 2000, 2023, 2024, 2100, 32767}) {
+    for (const int year : {-32768, -401, -400, -4, 1, 100, 1899, 1900, 1903, 1904, 2000, 2023, 2024, 2100, 32767}) {
         for (int month = -5; month <= 20; ++month) {
             const std::int32_t before = month > 12 ? Date(31, 12, year).ComputeDaysFrom1904()
                                                    : Date(1, std::max(month, 1), year).ComputeDaysFrom1904() - 1;
             for (int day = -40; day <= 80; ++day) {
                 ASSERT_EQ(Date(day, month, year).ComputeDaysFrom1904(), before + day)
                     << day << ' ' << month << ' ' << year;
-                CDATE date = Date(day, month, std::max(year, 1));
+                CDATE date = Date(day, month, year);
                 date.Validate();
-                const int length = month < 1 || month > 12 ? 31 : MonthLength(month, std::max(year, 1));
-                ASSERT_EQ(date, Date(std::min(day, length), month, std::max(year, 1)));
+                const int length = month < 1 || month > 12 ? 31 : MonthLength(month, year);
+                ASSERT_EQ(date, Date(std::min(day, length), month, year));
             }
         }
     }
@@ -99,9 +98,9 @@ TEST(DateTest, MonthsAndYears) {
             ASSERT_EQ(AddMonths(Date(15, month, 2024), months), Date(15, reached % 12 + 1, reached / 12));
         }
     }
-    EXPECT_EQ(AddMonths(CDATE(15, 6, 0), -6), CDATE(15, 12, -1));
-    EXPECT_TRUE(AddMonths({40, 13, 2024}, 0) == CDATE(31, 1, 2025) && AddMonths({}, 0) == CDATE(0, 12, -1));
-    EXPECT_EQ(AddMonths(CDATE(31, 0, 2024), 1), CDATE(31, 1, 2024));
+    EXPECT_TRUE(AddMonths({15, 6, 0}, -6) == CDATE(15, 12, -1) && AddMonths({}, 0) == CDATE(0, 12, -1));
+    EXPECT_TRUE(AddMonths({40, 13, 2024}, 0) == CDATE(31, 1, 2025) &&
+                AddMonths({31, 0, 2024}, 1) == CDATE(31, 1, 2024));
     EXPECT_TRUE(AddMonths(CDATE(1, 12, 32767), 1).IsNull() && AddMonths(CDATE(1, 1, -32768), -1).IsNull());
     EXPECT_TRUE(AddYears({29, 2, 2024}, 1) == CDATE(28, 2, 2025) && AddYears({29, 2, 2024}, -4) == CDATE(29, 2, 2020));
     for (const long amount : {LONG_MAX, LONG_MIN, LONG_MAX - 1, LONG_MIN + 1}) {
@@ -142,7 +141,7 @@ TEST(DateTest, CountsAgainstAnotherDate) {
             std::int32_t weeks = 0;
             for (CDATE end = start; end < start + 40; ++end) {
                 ASSERT_EQ(start.ComputeWeeks(end, calendar), weeks) << start << end << firstDay;
-                ASSERT_EQ(end.ComputeWeeks(start, calendar), weeks) << start << end << firstDay;
+                ASSERT_EQ(end.ComputeWeeks(start, calendar), weeks);
                 weeks += (end.GetDayOfWeek() + 8) % 7 == firstDay ? 1 : 0;
             }
         }
@@ -170,16 +169,10 @@ TEST(DateTest, PackedForms) {
     EXPECT_EQ(CDATE(1, 1, 2030).ToSDate(), CDATE(31, 12, 2027).ToSDate());
     EXPECT_TRUE(CDATE(std::uint16_t{65535}) == CDATE(31, 15, 2027) && CDATE(std::uint16_t{0}) == CDATE());
     EXPECT_TRUE(CDATE(5, 3, 2024).ToLDate() == 2024 * 65536 + 3 * 256 + 5 && CDATE(-1) == CDATE(255, 255, -1));
-    for (const long tooLong : {LONG_MAX, LONG_MIN}) {
-        EXPECT_EQ(CDATE(tooLong).IsNull() != 0, sizeof(long) > 4);
-    }
-    for (DAY day; day.year < 2200; day.Advance()) {
-        if (day.year < 1900) {
-            continue;
-        }
-        const CDATE date = day.Date();
-        const std::int32_t oleDay = day.serial + 1462;  // 1 January 1900 is day 2 of an OLE Automation date
-        ASSERT_TRUE(day.year > 2027 || CDATE(date.ToSDate()) == date) << date;
+    EXPECT_EQ(CDATE(LONG_MAX).IsNull() && CDATE(LONG_MIN).IsNull(), sizeof(long) > 4);
+    CDATE date(1, 1, 1900);  // day 2 of an OLE Automation date
+    for (int oleDay = 2; oleDay < 110000; ++oleDay, ++date) {
+        ASSERT_TRUE(date.GetYear() > 2027 || CDATE(date.ToSDate()) == date) << date;
         const auto packed = date.ToLDate();
         ASSERT_TRUE(CDATE(static_cast<int>(packed)) == date && CDATE(static_cast<long>(packed)) == date) << date;
         ASSERT_TRUE(date.ToWDate() == oleDay && CDATE(oleDay + 0.25) == date) << date;
@@ -190,8 +183,8 @@ TEST(DateTest, PackedForms) {
     EXPECT_TRUE(CDATE(5, 3, 5).ToWDate() == 38416.0 && CDATE(1, 1, 50).ToWDate() == 18264.0);
     EXPECT_TRUE(CDATE(30, 12, 1899).ToWDate() == 0.0 && CDATE(1, 1, 10000).ToWDate() == 0.0);
     EXPECT_TRUE(CDATE(-1.25) == CDATE(29, 12, 1899) && CDATE(2.9999999) == CDATE(2, 1, 1900));
-    for (const double date : {0.0, -657435.0, 2958466.0, 1e300, -1e300, std::nan(""), HUGE_VAL}) {
-        EXPECT_TRUE(CDATE(date).IsNull()) << date;
+    for (const double day : {0.0, -657435.0, 2958466.0, 1e300, -1e300, std::nan(""), HUGE_VAL}) {
+        EXPECT_TRUE(CDATE(day).IsNull()) << day;
     }
 }
 
@@ -213,19 +206,17 @@ TEST(DateTest, NonsenseFieldsThroughEveryFunction) {
         std::int16_t year = 1;
         EXPECT_EQ(date.GetWeekNumber(&year, calendar) != 0, isDate);
         EXPECT_TRUE((isDate || year == date.GetYear()) && (date.GetDayNumber() != 0) == isDate);
-        EXPECT_EQ(date.ComputeDays(other) >= 0, isDate && other.IsDate());
-        EXPECT_EQ(date.ComputeWeeks(other, calendar) >= 0, isDate && other.IsDate());
+        const bool areDates = isDate && other.IsDate();
+        EXPECT_TRUE((date.ComputeDays(other) >= 0) == areDates && (date.ComputeWeeks(other) >= 0) == areDates) << date;
         EXPECT_TRUE(date.ComputeMonths(other) >= 0 && date.ComputeBimestres(other) >= 0 &&
                     date.ComputeYears(other) >= 0 && date.ComputeTrimestres(other) >= 0 &&
                     date.ComputeSemestres(other) >= 0);
         EXPECT_EQ(date - other, -(other - date));
-        EXPECT_TRUE(!date.IsFerie(calendar) || !date.IsOuvre(calendar));
-        EXPECT_EQ(date.IsOuvre(calendar) != 0, date.IsTravaille(calendar) != 0);
+        EXPECT_TRUE(date.IsOuvre(calendar) == date.IsTravaille(calendar) &&
+                    date.IsFerie(calendar) + date.IsOuvre(calendar) < 2);
         EXPECT_EQ((date.GetDayOfWeek() + 7) % 7, (date.ToSystemTime().wDayOfWeek + 6) % 7);
         EXPECT_EQ(CDATE(static_cast<int>(date.ToLDate())).ToLDate(), date.ToLDate());
-        for (const std::string& text : {date.ToString(), date.ToStringShort(), date.ToStringXML()}) {
-            EXPECT_EQ(text.empty(), date.IsNull() != 0);
-        }
+        EXPECT_TRUE(date.ToString().empty() == date.IsNull() && date.ToStringXML().empty() == date.IsNull());
         static_cast<void>(date.IsEndOfMonth() + date.ToSDate() + date.ToWDate());
         static_cast<void>(AddMonths(AddMonths(date, 11), -25) - LastDateMonth(LastDateTrimestre(date)));
         static_cast<void>(LastDateTimeWeek(CDATETIME(date, CTIME::Max()), calendar));

@@ -47,16 +47,13 @@ TEST(DateTimeTest, NullAndBeyondTheYears) {
             EXPECT_TRUE(start + span == CDATETIME() && start - span == CDATETIME());
         }
         EXPECT_TRUE(CDATETIME(start).AddDays(LONG_MIN).IsNull() && CDATETIME(start).AddYears(LONG_MAX).IsNull());
-        for (const long amount : {LONG_MAX, LONG_MIN}) {
-            for (CDATETIME& (CDATETIME::*add)(long) noexcept :
-                 {&CDATETIME::AddSeconds, &CDATETIME::AddMinutes, &CDATETIME::AddHours, &CDATETIME::AddMonths}) {
-                CDATETIME moved = start;
-                static_cast<void>((moved.*add)(amount));
-            }
+        for (const long n : {LONG_MAX, LONG_MIN}) {
+            static_cast<void>(CDATETIME(start).AddSeconds(n) - CDATETIME(start).AddMinutes(n));
+            static_cast<void>(CDATETIME(start).AddHours(n) - CDATETIME(start).AddMonths(n));
         }
     }
-    EXPECT_TRUE((CDATETIME({31, 12, 32767}, CTIME::Max()) + CTIMESPAN(1)).IsNull());
-    EXPECT_TRUE((CDATETIME({1, 1, -32768}, {}) - CTIMESPAN(1)).IsNull());
+    EXPECT_TRUE((CDATETIME({31, 12, 32767}, CTIME::Max()) + CTIMESPAN(1)).IsNull() &&
+                (CDATETIME({1, 1, -32768}, {}) - CTIMESPAN(1)).IsNull());
     // Parts out of range are kept, and put in order by arithmetic.
     const CDATETIME odd({31, 2, 2024}, {25, 0, 0});
     EXPECT_TRUE(!odd.IsDateTime() && odd.GetTime().GetTotalSeconds() == 90000);
@@ -79,9 +76,8 @@ TEST(DateTimeTest, Texts) {
         EXPECT_EQ(read.FromStringXML(text), 0) << text;
     }
     EXPECT_TRUE(read.FromString(nullptr) == 0 && read.FromStringXML(nullptr) == 0 && read == moment);
-    EXPECT_TRUE(read.FromString("") == 1 && read == CDATETIME());
-    read = moment;
-    EXPECT_TRUE(read.FromStringXML("") == 1 && read == CDATETIME());
+    CDATETIME xml = moment;
+    EXPECT_TRUE(read.FromString("") == 1 && read.IsNull() && xml.FromStringXML("") == 1 && xml == CDATETIME());
     std::ostringstream out;
     out << moment << CDATETIME();
     EXPECT_EQ(out.str(), "CDATETIME(05032024 07:05:09)CDATETIME()");
@@ -111,8 +107,8 @@ TEST(ChronoTest, BothDirections) {
     for (const CDATE& date : {CDATE(), CDATE(30, 2, 2024), CDATE(257, 1, 2024), CDATE(1, 257, 2024), CDATE(1, 1, -1)}) {
         EXPECT_FALSE(ToYearMonthDay(date).ok()) << date;
     }
-    EXPECT_FALSE(FromYearMonthDay(year(2023) / 2 / 29).IsDate());
-    EXPECT_TRUE(FromSysDays(sys_days(days(100000000))).IsNull() && FromSysDays(sys_days(days(-100000000))).IsNull());
+    EXPECT_TRUE(!FromYearMonthDay(year(2023) / 2 / 29).IsDate() && FromSysDays(sys_days(days(100000000))).IsNull() &&
+                FromSysDays(sys_days(days(-100000000))).IsNull());
 
     EXPECT_EQ(ToHhMmSs(CTIME(7, 5, 9)).to_duration(), seconds(25509));
     const auto fromSeconds = [](int value) { return FromHhMmSs(hh_mm_ss<seconds>(seconds(value))); };

@@ -26,7 +26,7 @@ std::array<SEEN, kThreads> seenBy;
 class FIRSTUSE : public ::testing::Environment {
     void SetUp() override {
         std::latch start(kThreads);
-        std::vector<std::thread> threads;
+        std::vector<std::jthread> threads;
         for (SEEN& seen : seenBy) {
             threads.emplace_back([&seen, &start] {
                 start.arrive_and_wait();
@@ -40,9 +40,6 @@ class FIRSTUSE : public ::testing::Environment {
                     first.ComputeDaysOuvre(last), first.ComputeDaysOuvre(last, CCALENDARBANQUESTRATEGY::Create()),
                     first.ComputeDaysTravaille(last, CCALENDARPORTOSTRATEGY::Create()), CDATE(14, 7, 2024).IsFerie()};
             });
-        }
-        for (std::thread& thread : threads) {
-            thread.join();
         }
     }
 };

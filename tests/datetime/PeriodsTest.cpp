@@ -50,25 +50,6 @@ TEST(PeriodsTest, EveryDayOfSomeYears) {
     }
 }
 
-TEST(PeriodsTest, Weeks) {
-    const support::CALENDAR calendar = support::OwnCalendar(0);
-    const struct {
-        CDATE::eDay firstDay;
-        CDATE date, first, last;
-    } rows[] = {{CDATE::Monday, {6, 3, 2024}, {4, 3, 2024}, {10, 3, 2024}},
-                {CDATE::Sunday, {1, 1, 1904}, {27, 12, 1903}, {2, 1, 1904}},
-                {CDATE::Saturday, {1, 1, 1900}, {30, 12, 1899}, {5, 1, 1900}}};
-    for (const auto& row : rows) {
-        calendar->SetFirstDayOfWeek(row.firstDay);
-        EXPECT_EQ(FirstDateEchelonnement(row.date, CDATE::EchelonWeek, calendar), row.first);
-        EXPECT_EQ(LastDateEchelonnement(row.date, CDATE::EchelonWeek, calendar), row.last);
-        const CDATETIME moment(row.date, CTIME(14, 5, 0));
-        EXPECT_EQ(FirstDateTimeWeek(moment, calendar), CDATETIME(row.first, CTIME(0, 0, 0)));
-        EXPECT_EQ(LastDateTimeWeek(moment, calendar), CDATETIME(row.last, CTIME(23, 59, 59)));
-    }
-    EXPECT_EQ(FirstDateWeek(CDATE(6, 3, 2024)), CDATE(4, 3, 2024));
-}
-
 TEST(PeriodsTest, WhatIsNoDate) {
     for (int kind = -2; kind <= 9; ++kind) {
         const auto type = static_cast<CDATE::eTypeEchelonnement>(kind);

@@ -82,12 +82,10 @@ using CALENDAR = MLCore::CSHAREOBJECTPTR<MLCore::CCALENDARSTRATEGY>;
 
 /// The library's own calendars, in the order of kOwnHolidays.
 inline CALENDAR OwnCalendar(int kind) {
-    if (kind < 2) {
-        return kind == 0 ? CALENDAR(MLCore::CCALENDARFRENCHSTRATEGY::Create())
-                         : CALENDAR(MLCore::CCALENDARBANQUESTRATEGY::Create());
-    }
-    return kind == 2 ? CALENDAR(MLCore::CCALENDARPORTOSTRATEGY::Create())
-                     : CALENDAR(MLCore::CCALENDARBANQUEPORTOSTRATEGY::Create());
+    using namespace MLCore;
+    const CALENDAR own[] = {CCALENDARFRENCHSTRATEGY::Create(), CCALENDARBANQUESTRATEGY::Create(),
+                            CCALENDARPORTOSTRATEGY::Create(), CCALENDARBANQUEPORTOSTRATEGY::Create()};
+    return own[kind];
 }
 
 }  // namespace support

@@ -32,8 +32,8 @@ TEST(DecimalTextTest, LeadingIntegerIsThatOfTheCLibraryButStopsAtTheRange) {
     }
     EXPECT_EQ(LeadingInteger(std::string(100000, '9')), INT_MAX);
     EXPECT_EQ(LeadingInteger("-" + std::string(100000, '0') + "8"), -8);
-    EXPECT_EQ(LeadingInteger(std::string("1") + '\0' + "2"), 1);
-    EXPECT_EQ(LeadingInteger(std::string_view("1234", 2)), 12);
+    EXPECT_TRUE(LeadingInteger(std::string("1") + '\0' + "2") == 1 &&
+                LeadingInteger(std::string_view("1234", 2)) == 12);
     std::mt19937 random(12);
     const std::string characters = "0123456789999 +-\tx";
     for (int i = 0; i < 50000; ++i) {

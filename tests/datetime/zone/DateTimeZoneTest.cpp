@@ -141,37 +141,15 @@ TEST_F(DateTimeZoneTest, XmlTexts) {
         EXPECT_TRUE(moment.FromStringXML(text) == 1 && moment == local) << moment;
         EXPECT_EQ(moment.ToStringXML(), utc);
     }
+    // At the ends the zone may lead out of the years there are: then nothing is read.
+    for (const char* const text : {"0000-01-01T00:00:00", "0000-01-01T23:59:59", "32767-12-31T23:59:59",
+                                   "32767-12-31T00:00:00", "00000101T000000", "9999-12-31T23:59:59"}) {
+        CDATE date(7, 8, 1999);
+        const bool isRead = date.FromStringXML(text) == 1;
+        EXPECT_TRUE((isRead ? date.IsDate() != 0 : date == CDATE(7, 8, 1999)) && IsStrXMLDate(text) == isRead) << text;
+    }
     EXPECT_TRUE(mZone != "UTC-2" || Local(At("2024-03-05T23:30:00")) == At("2024-03-06T01:30:00"));
     EXPECT_TRUE(mZone != "Europe/Paris" || At("2024-07-06T01:30:00").ToStringXML() == "2024-07-05T23:30:00");
-}
-
-// What is refused leaves the value as it was; what is read is one that the calendar or the clock has.
-template <class T, class... PARSE>
-void ReadOrRefuse(const std::string& text, const T& before, int (T::*isValid)() const noexcept, PARSE... parsers) {
-    for (int (T::*parse)(const char*) noexcept : {parsers...}) {
-        T value = before;
-        const bool isRead = (value.*parse)(text.c_str()) == 1;
-        ASSERT_TRUE(isRead ? (value.*isValid)() != 0 : value == before) << text << value;
-    }
-}
-
-TEST_F(DateTimeZoneTest, TextsAreReadOrRefused) {
-    std::mt19937 random(30);
-    const std::string characters = "0123456789-:TZ+. /";
-    const std::string texts[] = {"0000-01-01T00:00:00", "0000-01-01T23:59:59", "32767-12-31T23:59:59",
-                                 "00000101T000000",     "9999-12-31T23:59:59", "20240305T070509Z",
-                                 "05032024 07:05:09",   "07:05:09+01:00"};
-    for (std::size_t i = 0; i < 40000; ++i) {
-        // The first as they stand, then with some characters replaced.
-        std::string text = texts[i % 8];
-        for (std::size_t changes = i < 8 ? 0 : random() % 4; changes > 0; --changes) {
-            text[random() % text.size()] = characters[random() % characters.size()];
-        }
-        ReadOrRefuse(text, CDATE(7, 8, 1999), &CDATE::IsDate, &CDATE::FromString, &CDATE::FromStringXML);
-        ReadOrRefuse(text, CTIME(1, 2, 3), &CTIME::IsTime, &CTIME::FromString, &CTIME::FromStringXML);
-        ReadOrRefuse(text, CDATETIME({7, 8, 1999}, {1, 2, 3}), &CDATETIME::IsDateTime, &CDATETIME::FromString);
-        ASSERT_FALSE(HasFailure());
-    }
 }
 
 TEST_F(DateTimeZoneTest, TheClockInTheZone) {
