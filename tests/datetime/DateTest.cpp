@@ -113,7 +113,6 @@ TEST(DateTest, MonthsAndYears) {
     }
     CDATE date(31, 12, 1999);
     EXPECT_TRUE(date++ == CDATE(31, 12, 1999) && date-- == CDATE(1, 1, 2000) && 2 + --date == CDATE(1, 1, 2000));
-    EXPECT_EQ(CDATE(1, 1, 2000) - CDATE(1, 1, 2001), -366);
 }
 
 TEST(DateTest, CountsAgainstAnotherDate) {
@@ -133,7 +132,6 @@ TEST(DateTest, CountsAgainstAnotherDate) {
                 a.ComputeDaysTravaille(none) == -1);
     EXPECT_TRUE(none.ComputeMonths(a) == 3 && none.ComputeBimestres(a) == 1 && none.ComputeTrimestres(a) == 1 &&
                 none.ComputeSemestres(a) == 1 && none.ComputeYears(a) == 1);
-    EXPECT_EQ(CDATE(1, 1, 0).ComputeDays(CDATE(31, 12, 9999)), 3652424);
     // Week ends passed, counted one by one, for every first day of the week.
     for (int firstDay = 0; firstDay < 7; ++firstDay) {
         calendar->SetFirstDayOfWeek(static_cast<CDATE::eDay>(firstDay));
@@ -214,12 +212,12 @@ TEST(DateTest, NonsenseFieldsThroughEveryFunction) {
         EXPECT_EQ(date - other, -(other - date));
         EXPECT_TRUE(date.IsOuvre(calendar) == date.IsTravaille(calendar) &&
                     date.IsFerie(calendar) + date.IsOuvre(calendar) < 2);
-        EXPECT_EQ((date.GetDayOfWeek() + 7) % 7, (date.ToSystemTime().wDayOfWeek + 6) % 7);
-        EXPECT_EQ(CDATE(static_cast<int>(date.ToLDate())).ToLDate(), date.ToLDate());
+        EXPECT_TRUE((date.GetDayOfWeek() + 8) % 7 == date.ToSystemTime().wDayOfWeek &&
+                    CDATE(static_cast<int>(date.ToLDate())).ToLDate() == date.ToLDate());
         EXPECT_TRUE(date.ToString().empty() == date.IsNull() && date.ToStringXML().empty() == date.IsNull());
         static_cast<void>(date.IsEndOfMonth() + date.ToSDate() + date.ToWDate());
         static_cast<void>(AddMonths(AddMonths(date, 11), -25) - LastDateMonth(LastDateTrimestre(date)));
-        static_cast<void>(LastDateTimeWeek(CDATETIME(date, CTIME::Max()), calendar));
+        static_cast<void>(LastDateTimeWeek({date, CTIME::Max()}, calendar));
         static_cast<void>(NextDateOuvre(date, calendar) - PreviousDateOuvre(date, calendar));
         other = date;
     }

@@ -69,7 +69,6 @@ TEST(DateTextTest, WorkedTexts) {
     }
     // 255 characters are looked at, of the form that has no fixed length.
     const std::string zeros(246, '0');
-    EXPECT_EQ(Parse(Xml, "2024-03-" + zeros + "5"), CDATE(5, 3, 2024));
     EXPECT_EQ(Parse(Xml, "2024-03-" + zeros + "59999"), CDATE(5, 3, 2024));
     EXPECT_EQ(Parse(Any, "2024-03-" + zeros + "0005"), RESULT());
     EXPECT_EQ(Parse(Xml, zeros + "0000000002024-03-05"), RESULT());
@@ -107,13 +106,10 @@ TEST(DateTextTest, WrittenTextsAreReadBack) {
             continue;
         }
         const CDATE date = day.Date();
-        ASSERT_EQ(Parse(Long, date.ToString()), date);
-        ASSERT_EQ(Parse(Any, date.ToStringLong()), date);
-        ASSERT_EQ(Parse(Xml, date.ToStringXML()), date);
-        ASSERT_EQ(Parse(Any, date.ToStringXML()), date);
-        if (day.year > 1950 && day.year <= 2050) {
-            ASSERT_EQ(Parse(Short, date.ToStringShort()), date);
-        }
+        ASSERT_TRUE(Parse(Long, date.ToString()) == date && Parse(Any, date.ToStringLong()) == date) << date;
+        ASSERT_TRUE(Parse(Xml, date.ToStringXML()) == date && Parse(Any, date.ToStringXML()) == date) << date;
+        const bool hasShortForm = day.year > 1950 && day.year <= 2050;
+        ASSERT_TRUE(!hasShortForm || Parse(Short, date.ToStringShort()) == date) << date;
     }
     const struct {
         CDATE date;

@@ -9,17 +9,11 @@ using support::CALENDAR;
 using support::Date;
 using support::DAY;
 
-TEST(EasterTest, AgreesWithAnotherAlgorithmAndPublishedDates) {
+TEST(EasterTest, AgreesWithAnotherAlgorithm) {
     for (int year = 0; year <= 9999; ++year) {
         const int march = support::EasterInMarch(year);
         const CDATE expected = march > 31 ? Date(march - 31, 4, year) : Date(march, 3, year);
         ASSERT_EQ(CCALENDARSTRATEGY::GetPaquesDate(static_cast<short>(year)), expected);
-    }
-    // The earliest and the latest dates possible, the two exceptions of the reckoning (1954, 1981), and recent years.
-    const CDATE kDates[] = {{22, 3, 1598}, {22, 3, 1818}, {25, 4, 1886}, {23, 3, 1913}, {25, 4, 1943}, {18, 4, 1954},
-                            {2, 4, 1961},  {19, 4, 1981}, {23, 4, 2000}, {23, 3, 2008}, {31, 3, 2024}, {22, 3, 2285}};
-    for (const CDATE& date : kDates) {
-        EXPECT_EQ(CCALENDARSTRATEGY::GetPaquesDate(date.GetYear()), date);
     }
     for (const int year : {-32768, -1, 32767}) {
         static_cast<void>(CCALENDARSTRATEGY::GetPaquesDate(static_cast<short>(year)));
@@ -27,12 +21,14 @@ TEST(EasterTest, AgreesWithAnotherAlgorithmAndPublishedDates) {
 }
 
 TEST(HolidaysTest, PublishedMovableDays) {
-    // Shrove Tuesday, Good Friday, Easter Monday, Ascension, Whit Monday, Corpus Christi as calendars print them.
+    // Shrove Tuesday, Good Friday, Easter Monday, Ascension, Whit Monday, Corpus Christi as calendars print them: for
+    // the earliest and the latest Easter, and the two exceptions of the reckoning (1954, 1981).
     const CDATE kYears[][6] = {
         {{3, 2, 1818}, {20, 3, 1818}, {23, 3, 1818}, {30, 4, 1818}, {11, 5, 1818}, {21, 5, 1818}},
         {{9, 3, 1943}, {23, 4, 1943}, {26, 4, 1943}, {3, 6, 1943}, {14, 6, 1943}, {24, 6, 1943}},
         {{13, 2, 2024}, {29, 3, 2024}, {1, 4, 2024}, {9, 5, 2024}, {20, 5, 2024}, {30, 5, 2024}},
-        {{4, 3, 2025}, {18, 4, 2025}, {21, 4, 2025}, {29, 5, 2025}, {9, 6, 2025}, {19, 6, 2025}}};
+        {{2, 3, 1954}, {16, 4, 1954}, {19, 4, 1954}, {27, 5, 1954}, {7, 6, 1954}, {17, 6, 1954}},
+        {{3, 3, 1981}, {17, 4, 1981}, {20, 4, 1981}, {28, 5, 1981}, {8, 6, 1981}, {18, 6, 1981}}};
     const char* const kKept[] = {"001110", "011110", "111001", "111001"};
     for (const auto& year : kYears) {
         for (int i = 0; i < 24; ++i) {
