@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <support/Failure.h>
 
-#include <array>
-#include <cstring>
 #include <string>
 
 namespace zoo {
@@ -13,14 +11,11 @@ using namespace MLCore;
 
 class CSPEAKS : public PROTOCOL {
 public:
-    virtual std::string Speak() const = 0;
+    virtual int Sound() const = 0;
     static const CCLASSTYPEINFO& ClassInfoStatic() {
         static const CLASSDESCRIPTION<CSPEAKS, void> gClassInfo("CSPEAKS");
         return gClassInfo;
     }
-
-protected:
-    ~CSPEAKS() override = default;
 };
 
 struct FILLER {
@@ -48,17 +43,15 @@ class CDOG : public CANIMAL, public CSPEAKS {
     MLCORE_CLASS(CDOG, CANIMAL, CSPEAKS)
 public:
     int Legs() const override { return 4; }
-    std::string Speak() const override { return "woof"; }
+    int Sound() const override { return 1; }
 };
 
 class CPUPPY : public CDOG {
     MLCORE_CLASS(CPUPPY, CDOG)
 public:
-    explicit CPUPPY(int weeks) : mWeeks(weeks) {}
-    std::string Speak() const override { return mWeeks < 8 ? "yip" : "woof"; }
-
-private:
-    int mWeeks;
+    explicit CPUPPY(int its) : sound(its) {}
+    int Sound() const override { return sound; }
+    const int sound;
 };
 
 class CBIRD : public CANIMAL, public CSINGS {
@@ -66,7 +59,7 @@ class CBIRD : public CANIMAL, public CSINGS {
 public:
     int Legs() const override { return 2; }
     int Notes() const override { return 8; }
-    std::string Speak() const override { return "tweet"; }
+    int Sound() const override { return 2; }
 };
 
 MLCORE_REGISTER_CLASS(CANIMAL)
@@ -77,11 +70,9 @@ MLCORE_REGISTER_CLASS(CBIRD, "BIRD.2")
 /// Says nothing about its class.
 class CSTRAY : public COBJECT {
 public:
-    explicit CSTRAY(const char* name = "CSTRAY") : mName(name) {}
-    const char* ClassName() const override { return mName; }
-
-private:
-    const char* mName;
+    explicit CSTRAY(const char* its = "CSTRAY") : name(its) {}
+    const char* ClassName() const override { return name; }
+    const char* const name;
 };
 
 }  // namespace zoo
@@ -103,21 +94,20 @@ TEST(ClassInfoTest, Relations) {
     } kClasses[] = {{COBJECT::ClassInfoStatic(), "COBJECT", -1}, {CANIMAL::ClassInfoStatic(), "CANIMAL", 0},
                     {CDOG::ClassInfoStatic(), "CDOG", 1},        {CPUPPY::ClassInfoStatic(), "CPUPPY", 2},
                     {CBIRD::ClassInfoStatic(), "CBIRD", 1},      {CSPEAKS::ClassInfoStatic(), "CSPEAKS", -1}};
-    constexpr int kCount = 6;
     const auto derives = [&kClasses](int descendant, int ancestor) {
-        for (int at = kClasses[descendant].parent; at >= 0; at = kClasses[at].parent) {
-            if (at == ancestor) {
-                return true;
-            }
+        int at = kClasses[descendant].parent;
+        while (at > ancestor) {
+            at = kClasses[at].parent;
         }
-        return false;
+        return at == ancestor;
     };
-    for (int i = 0; i < kCount; ++i) {
+    for (int i = 0; i < 6; ++i) {
         const CCLASSTYPEINFO& self = kClasses[i].info;
+        const int parent = kClasses[i].parent;
         EXPECT_STREQ(self.GetName(), kClasses[i].name);
-        EXPECT_EQ(self.HasSuper(), kClasses[i].parent >= 0);
-        EXPECT_EQ(self.GetSuper(), kClasses[i].parent >= 0 ? &kClasses[kClasses[i].parent].info : nullptr);
-        for (int j = 0; j < kCount; ++j) {
+        EXPECT_EQ(self.HasSuper(), parent >= 0);
+        EXPECT_EQ(self.GetSuper(), parent >= 0 ? &kClasses[parent].info : nullptr);
+        for (int j = 0; j < 6; ++j) {
             const CCLASSTYPEINFO& other = kClasses[j].info;
             SCOPED_TRACE(std::string(kClasses[i].name) + " and " + kClasses[j].name);
             EXPECT_EQ(self.IsSame(other), i == j);
@@ -130,64 +120,57 @@ TEST(ClassInfoTest, Relations) {
 }
 
 TEST(ClassInfoTest, ObjectsKnowTheirClass) {
-    const CSHAREOBJECTPTR<COBJECT> dog = AdoptObject(new CDOG);
-    const CSHAREOBJECTPTR<COBJECT> puppy = AdoptObject(new CPUPPY(3));
-    const CSHAREOBJECTPTR<COBJECT> bird = AdoptObject(new CBIRD);
-    const CSHAREOBJECTPTR<COBJECT> stray = AdoptObject(new CSTRAY);
     const struct {
-        COBJECT* object;
+        CSHAREOBJECTPTR<COBJECT> object;
         const CCLASSTYPEINFO& info;
         const char* name;
         const char* identifier;
-        const char* factoryName;
-    } kRows[] = {{dog, CDOG::ClassInfoStatic(), "CDOG", "CDOG", "class zoo::CDOG"},
-                 {puppy, CPUPPY::ClassInfoStatic(), "CPUPPY", nullptr, "class zoo::CPUPPY"},
-                 {bird, CBIRD::ClassInfoStatic(), "CBIRD", "BIRD.2", "class zoo::CBIRD"},
-                 {stray, COBJECT::ClassInfoStatic(), "CSTRAY", nullptr, "class zoo::CSTRAY"}};
+    } kRows[] = {{AdoptObject(new CDOG), CDOG::ClassInfoStatic(), "CDOG", "CDOG"},
+                 {AdoptObject(new CPUPPY(3)), CPUPPY::ClassInfoStatic(), "CPUPPY", nullptr},
+                 {AdoptObject(new CBIRD), CBIRD::ClassInfoStatic(), "CBIRD", "BIRD.2"},
+                 {AdoptObject(new CSTRAY), COBJECT::ClassInfoStatic(), "CSTRAY", nullptr}};
     const COBJECTFACTORY& factory = *COBJECTFACTORY::GetInstance();
     for (const auto& row : kRows) {
         EXPECT_EQ(&row.object->ClassInfo(), &row.info) << row.name;
         EXPECT_STREQ(row.object->GetClassName(), row.name);
         EXPECT_STREQ(row.object->GetClassIdentifier(), row.identifier) << row.name;
         // Only what can be created is registered: not a class without a default constructor, nor an undeclared one.
-        EXPECT_EQ(factory.IsRegistered(row.factoryName), row.identifier != nullptr) << row.name;
+        const std::string factoryName = std::string("class zoo::") + row.name;
+        EXPECT_EQ(factory.IsRegistered(factoryName.c_str()), row.identifier != nullptr) << row.name;
         EXPECT_EQ(factory.IsRegisteredIdentifier(row.identifier), row.identifier != nullptr) << row.name;
     }
     EXPECT_EQ(factory.IsRegisteredIdentifier("CBIRD"), 0);
-    EXPECT_EQ(CANIMAL::_ClassIdentifier(), nullptr);
-    EXPECT_EQ(COBJECT::_ClassIdentifier(), nullptr);
     EXPECT_EQ(factory.IsRegistered("class zoo::CANIMAL"), 0) << "abstract";
-    EXPECT_EQ(FactoryNameOf<CDOG>(), "class zoo::CDOG");
+    EXPECT_TRUE(CANIMAL::_ClassIdentifier() == nullptr && COBJECT::_ClassIdentifier() == nullptr);
 }
 
 TEST(ClassInfoTest, Protocols) {
     const CSHAREOBJECTPTR<CPUPPY> puppy = AdoptObject(new CPUPPY(3));
     const CSHAREOBJECTPTR<CBIRD> bird = AdoptObject(new CBIRD);
     const CSHAREOBJECTPTR<CSTRAY> stray = AdoptObject(new CSTRAY);
+    const CCLASSTYPEINFO& speaks = CSPEAKS::ClassInfoStatic();
+    const CCLASSTYPEINFO& sings = CSINGS::ClassInfoStatic();
     EXPECT_EQ(CANIMAL::ClassInfoStatic().GetProtocols().size(), 0U);
-    EXPECT_EQ(CDOG::ClassInfoStatic().GetProtocols().size(), 1U);
     EXPECT_EQ(CPUPPY::ClassInfoStatic().GetProtocols().size(), 1U) << "inherited";
     ASSERT_EQ(CBIRD::ClassInfoStatic().GetProtocols().size(), 2U) << "declared, with what it includes";
-    EXPECT_EQ(CBIRD::ClassInfoStatic().GetProtocols()[0].GetProtocol(), &CSINGS::ClassInfoStatic());
-    EXPECT_EQ(CBIRD::ClassInfoStatic().GetProtocols()[1].GetProtocol(), &CSPEAKS::ClassInfoStatic());
+    EXPECT_EQ(CBIRD::ClassInfoStatic().GetProtocols()[0].GetProtocol(), &sings);
+    EXPECT_EQ(CBIRD::ClassInfoStatic().GetProtocols()[1].GetProtocol(), &speaks);
 
     ASSERT_EQ(ProtocolCast<CSPEAKS>(puppy), static_cast<CSPEAKS*>(puppy.Get()));
-    EXPECT_EQ(ProtocolCast<CSPEAKS>(puppy)->Speak(), "yip");
+    EXPECT_EQ(ProtocolCast<CSPEAKS>(puppy)->Sound(), 3);
     ASSERT_EQ(ProtocolCast<CSINGS>(bird), static_cast<CSINGS*>(bird.Get()));
     EXPECT_EQ(ProtocolCast<CSINGS>(bird)->Notes(), 8);
     ASSERT_EQ(ProtocolCast<CSPEAKS>(bird), static_cast<CSPEAKS*>(bird.Get()));
-    EXPECT_EQ(ProtocolCast<CSPEAKS>(bird)->Speak(), "tweet");
+    EXPECT_EQ(ProtocolCast<CSPEAKS>(bird)->Sound(), 2);
 
-    EXPECT_EQ(ProtocolCast<CSINGS>(puppy), nullptr);
-    EXPECT_EQ(ProtocolCast<CSPEAKS>(stray), nullptr);
+    EXPECT_TRUE(ProtocolCast<CSINGS>(puppy) == nullptr && ProtocolCast<CSPEAKS>(stray) == nullptr);
     EXPECT_EQ(ProtocolCast<CSPEAKS>(nullptr), nullptr);
-    EXPECT_EQ(CDOG::ClassInfoStatic().GetProtocol(&CSINGS::ClassInfoStatic(), puppy.Get()), nullptr);
     EXPECT_EQ(puppy->GetProtocolInstance(nullptr), nullptr);
-    EXPECT_EQ(puppy->ConformsToProtocol(&CSPEAKS::ClassInfoStatic()), 1);
-    EXPECT_EQ(puppy->ConformsToProtocol(&CSINGS::ClassInfoStatic()), 0);
-    EXPECT_EQ(puppy->ConformsToProtocol(&CDOG::ClassInfoStatic()), 0) << "a base class is no protocol";
-    EXPECT_EQ(puppy->ConformsToProtocol(nullptr), 0);
-    EXPECT_EQ(stray->ConformsToProtocol(&CSPEAKS::ClassInfoStatic()), 0);
+    EXPECT_EQ(puppy->ConformsToProtocol(&speaks), 1);
+    EXPECT_EQ(stray->ConformsToProtocol(&speaks), 0);
+    for (const CCLASSTYPEINFO* none : {&sings, &CDOG::ClassInfoStatic(), static_cast<const CCLASSTYPEINFO*>(nullptr)}) {
+        EXPECT_EQ(puppy->ConformsToProtocol(none), 0) << "another's, a base class, and null";
+    }
 }
 
 TEST(ClassInfoTest, ClassesCompareByName) {
@@ -210,8 +193,6 @@ TEST(ClassInfoTest, TheRootSupportsNothing) {
     EXPECT_EQ(FailureOf([&] { return stray->Clone(); }), 150);
     EXPECT_EQ(FailureOf([&] { return stray->GetKeyValue("key"); }), 151);
     EXPECT_EQ(FailureOf([&] { stray->SetKeyValue("key", stray); }), 151);
-    EXPECT_EQ(FailureOf([&] { return stray->GetKeyPathValue("key"); }), 151);
-    EXPECT_EQ(FailureOf([&] { stray->SetKeyPathValue("key", nullptr); }), 151);
     EXPECT_EQ(stray->GetUseCount(), 1);
 }
 

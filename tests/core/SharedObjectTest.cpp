@@ -2,9 +2,9 @@
 #include <MLCore/core/CSHAREOBJECTCOUNTER.h>
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 #include <gtest/gtest.h>
+#include <support/Threads.h>
 
 #include <atomic>
-#include <thread>
 #include <type_traits>
 #include <unordered_set>
 #include <vector>
@@ -24,14 +24,11 @@ public:
     CSHAREOBJECTPTR<CNODE> next;
     /// Where the object looks for itself when it goes.
     const CSHAREOBJECTPTR<CNODE>* watched = nullptr;
-    bool* sawItself = nullptr;
 
 protected:
     ~CNODE() override {
         --gAlive;
-        if (watched != nullptr) {
-            *sawItself = watched->Get() == this;
-        }
+        EXPECT_FALSE(watched != nullptr && watched->Get() == this) << "an object that goes is no longer held";
     }
 };
 
@@ -60,7 +57,6 @@ protected:
 
 TEST_F(SharedObjectTest, Counts) {
     CNODE* const node = new CNODE;
-    EXPECT_EQ(node->GetUseCount(), 1);
     EXPECT_EQ(node->AddRef(), 2U);
     {
         const HOLDER copy = AdoptObject(new CNODE(*node));
@@ -70,7 +66,6 @@ TEST_F(SharedObjectTest, Counts) {
     }
     EXPECT_EQ(node->GetUseCount(), 2);
     EXPECT_EQ(node->Release(), 2U) << "the count before";
-    EXPECT_EQ(node->GetUseCount(), 1);
     EXPECT_EQ(gAlive, 1);
     EXPECT_EQ(node->Release(), 1U);
 }
@@ -79,22 +74,18 @@ TEST_F(SharedObjectTest, Counter) {
     CNODE* const node = new CNODE;
     {
         CSHAREOBJECTCOUNTER added(node, 0);
-        EXPECT_EQ(node->GetUseCount(), 2);
         added.Attach(node);
         EXPECT_EQ(node->GetUseCount(), 2);
         added.Attach(nullptr);
         EXPECT_EQ(node->GetUseCount(), 1);
-        added.Attach(node);
         CSHAREOBJECTCOUNTER nothing(nullptr, 0);
         const CSHAREOBJECTCOUNTER nothingAdopted(nullptr, 1);
-        nothing.Attach(nullptr);
         nothing.Attach(node);
-        EXPECT_EQ(node->GetUseCount(), 3);
+        EXPECT_EQ(node->GetUseCount(), 2);
     }
     EXPECT_EQ(node->GetUseCount(), 1);
-    // The holder's object owns the next one, which must survive it.
-    node->next = AdoptObject(new CNODE);
-    CNODE* const next = node->next;
+    // The counter's object owns the next one, which must survive it.
+    CNODE* const next = node->next = AdoptObject(new CNODE);
     CSHAREOBJECTCOUNTER adopted(node, 1);
     EXPECT_EQ(node->GetUseCount(), 1);
     adopted.Attach(next);
@@ -103,69 +94,58 @@ TEST_F(SharedObjectTest, Counter) {
 }
 
 TEST_F(SharedObjectTest, HoldersAreConstructed) {
-    const HOLDER none;
     const HOLDER null = nullptr;
-    const HOLDER nullRaw(static_cast<CNODE*>(nullptr));
-    EXPECT_TRUE(!none && !null && !nullRaw && !HOLDER(null) && !AdoptObject<CNODE>(nullptr));
-
-    HOLDER holder = AdoptObject(new CNODE);
-    EXPECT_EQ(holder->GetUseCount(), 1);
-    CNODE* const raw = holder;
-    {
-        const HOLDER fromRaw(raw);
-        const HOLDER copy(holder);
-        EXPECT_EQ(raw->GetUseCount(), 3);
-        EXPECT_EQ(&*copy, fromRaw.Get());
-    }
-    const HOLDER moved(std::move(holder));
-    EXPECT_FALSE(holder);
-    EXPECT_EQ(moved->GetUseCount(), 1);
+    EXPECT_TRUE(!HOLDER() && !null && !HOLDER(static_cast<CNODE*>(nullptr)) && !HOLDER(null));
+    EXPECT_TRUE(!AdoptObject<CNODE>(nullptr) && !HOLDER(LEAFHOLDER()));
 
     LEAFHOLDER leaf = AdoptObject(new CLEAF);
-    CNODE* const leafNode = leaf.Get();
-    const HOLDER leafCopy = leaf;
-    EXPECT_EQ(leafCopy.Get(), leafNode);
-    EXPECT_EQ(leafNode->GetUseCount(), 2);
-    const HOLDER leafMoved = std::move(leaf);
-    EXPECT_FALSE(leaf);
-    EXPECT_EQ(leafMoved.Get(), leafNode);
-    EXPECT_EQ(leafNode->GetUseCount(), 2);
-    EXPECT_TRUE(!HOLDER(LEAFHOLDER()));
-
-    HOLDER given = leafCopy;
-    EXPECT_EQ(given.Release(), leafNode);
-    EXPECT_FALSE(given);
-    EXPECT_EQ(given.Release(), nullptr);
-    EXPECT_EQ(leafNode->GetUseCount(), 3);
-    leafNode->Release();
+    CNODE* const node = leaf.Get();
+    EXPECT_EQ(node->GetUseCount(), 1);
+    HOLDER first = leaf;
+    const HOLDER second(first);
+    const HOLDER third(node);
+    EXPECT_EQ(node->GetUseCount(), 4);
+    const HOLDER fourth(std::move(first));
+    HOLDER fifth(std::move(leaf));
+    EXPECT_TRUE(!first && !leaf);
+    EXPECT_EQ(node->GetUseCount(), 4) << "moved, not copied";
+    for (const HOLDER* holder : {&second, &third, &fourth, static_cast<const HOLDER*>(&fifth)}) {
+        EXPECT_EQ(holder->Get(), node);
+        EXPECT_EQ(&**holder, node);
+    }
+    EXPECT_EQ(fifth.Release(), node);
+    EXPECT_EQ(fifth.Release(), nullptr);
+    EXPECT_EQ(node->GetUseCount(), 4) << "released to the caller";
+    node->Release();
 }
 
 TEST_F(SharedObjectTest, HoldersAreAssigned) {
-    // Each way to assign `source`, whose object then has `count` owners.
-    const struct {
-        const char* way;
-        void (*assign)(HOLDER& target, LEAFHOLDER& source);
-        long count;
-    } kRows[] = {
-        {"raw", [](HOLDER& target, LEAFHOLDER& source) { target = source.Get(); }, 2},
-        {"derived", [](HOLDER& target, LEAFHOLDER& source) { target = source; }, 2},
-        {"copy", [](HOLDER& target, LEAFHOLDER& source) { target = static_cast<const HOLDER&>(HOLDER(source)); }, 2},
-        {"move", [](HOLDER& target, LEAFHOLDER& source) { target = HOLDER(source); }, 2},
-        {"derived move", [](HOLDER& target, LEAFHOLDER& source) { target = std::move(source); }, 1},
-    };
-    for (const auto& row : kRows) {
+    // The ways to assign `source`; the last one empties it.
+    void (*const kWays[])(HOLDER & target, LEAFHOLDER & source) = {
+        [](HOLDER& target, LEAFHOLDER& source) { target = source.Get(); },
+        [](HOLDER& target, LEAFHOLDER& source) { target = source; },
+        [](HOLDER& target, LEAFHOLDER& source) { target = static_cast<const HOLDER&>(HOLDER(source)); },
+        [](HOLDER& target, LEAFHOLDER& source) { target = HOLDER(source); },
+        [](HOLDER& target, LEAFHOLDER& source) { target = std::move(source); }};
+    for (const auto assign : kWays) {
+        const bool isMove = assign == std::end(kWays)[-1];
         for (const bool targetIsNull : {false, true}) {
             LEAFHOLDER source = AdoptObject(new CLEAF);
             CLEAF* const object = source;
             HOLDER target = targetIsNull ? HOLDER() : AdoptObject(new CNODE);
-            row.assign(target, source);
-            EXPECT_EQ(target.Get(), object) << row.way;
-            EXPECT_EQ(object->GetUseCount(), row.count) << row.way;
-            EXPECT_EQ(!source, row.count == 1) << row.way;
-            EXPECT_EQ(gAlive, 1) << row.way;
-            LEAFHOLDER null;
-            row.assign(target, null);
-            EXPECT_FALSE(target) << row.way;
+            if (target) {
+                target->watched = &target;
+            }
+            assign(target, source);
+            EXPECT_EQ(target.Get(), object);
+            EXPECT_EQ(object->GetUseCount(), isMove ? 1 : 2);
+            EXPECT_EQ(!source, isMove);
+            EXPECT_EQ(gAlive, 1);
+            source = nullptr;
+            object->watched = &target;
+            assign(target, source);
+            EXPECT_FALSE(target);
+            EXPECT_EQ(gAlive, 0);
         }
     }
 }
@@ -177,14 +157,13 @@ TEST_F(SharedObjectTest, HoldersOfTheSameObjectAreAssigned) {
     holder = self;
     holder = other;
     holder = other.Get();
-    EXPECT_EQ(holder->GetUseCount(), 2);
     holder = HOLDER(other);
     EXPECT_EQ(holder->GetUseCount(), 2);
-    holder = std::move(self);
-    EXPECT_FALSE(holder) << "a holder moved into itself is left null";
-    EXPECT_EQ(other->GetUseCount(), 1);
-    holder = std::move(self);
-    EXPECT_FALSE(holder);
+    for (int round = 0; round < 2; ++round) {
+        holder = std::move(self);
+        EXPECT_FALSE(holder) << "a holder moved into itself is left null";
+        EXPECT_EQ(other->GetUseCount(), 1);
+    }
     holder = nullptr;
     EXPECT_FALSE(holder);
 }
@@ -195,35 +174,16 @@ TEST_F(SharedObjectTest, WhatTheOldObjectOwnsSurvives) {
                                        [](HOLDER& holder) { holder = std::move(holder->next); }};
     for (const auto step : kSteps) {
         HOLDER holder = AdoptObject(new CNODE);
-        CNODE* last = holder;
-        for (int i = 0; i < 3; ++i, last = last->next) {
-            last->next = AdoptObject(new CNODE);
-        }
-        for (int left = 3; left > 0; --left) {
-            step(holder);
-            EXPECT_EQ(gAlive, left);
-            EXPECT_EQ(holder->GetUseCount(), 1);
-        }
+        CNODE* const last = holder->next = AdoptObject(new CNODE);
+        step(holder);
+        EXPECT_EQ(gAlive, 1);
         EXPECT_EQ(holder.Get(), last);
-    }
-}
-
-TEST_F(SharedObjectTest, AnObjectThatGoesIsNoLongerHeld) {
-    void (*const kEnds[])(HOLDER&) = {[](HOLDER& holder) { holder = nullptr; },
-                                      [](HOLDER& holder) { holder = HOLDER(); },
-                                      [](HOLDER& holder) { holder = AdoptObject(new CNODE); }};
-    for (const auto end : kEnds) {
-        bool sawItself = true;
-        HOLDER holder = AdoptObject(new CNODE);
-        holder->watched = &holder;
-        holder->sawItself = &sawItself;
-        end(holder);
-        EXPECT_FALSE(sawItself);
+        EXPECT_EQ(holder->GetUseCount(), 1);
     }
 }
 
 TEST_F(SharedObjectTest, HoldersCompareByIdentity) {
-    LEAFHOLDER leaf = AdoptObject(new CLEAF);
+    const LEAFHOLDER leaf = AdoptObject(new CLEAF);
     CLEAF* const rawLeaf = leaf;
     CNODE* const raw = leaf;
     const HOLDER node = leaf;
@@ -234,22 +194,17 @@ TEST_F(SharedObjectTest, HoldersCompareByIdentity) {
     EXPECT_TRUE(node != other && other != leaf && node != nullptr && nullptr != node && node != null && raw != other);
     EXPECT_FALSE(node != leaf || node == other || node == nullptr || null == node || raw == other || null != nullptr);
     EXPECT_TRUE(node && !null && !!node);
-
-    const std::unordered_set<HOLDER> hashed{node, HOLDER(leaf), other, null};
-    EXPECT_EQ(hashed.size(), 3U);
-    EXPECT_EQ(std::hash<HOLDER>()(node), std::hash<HOLDER>()(HOLDER(raw)));
+    EXPECT_EQ((std::unordered_set<HOLDER>{node, HOLDER(leaf), other, null}).size(), 3U);
 }
 
 TEST_F(SharedObjectTest, NoMoreRefMayRecycle) {
     class CRECYCLED : public CNODE {
     public:
-        bool keep = true;
         int ends = 0;
 
     protected:
         void NoMoreRef() override {
-            ++ends;
-            if (keep) {
+            if (++ends < 3) {
                 AddRef();  // back in stock, with an owner again
             } else {
                 CNODE::NoMoreRef();
@@ -257,52 +212,33 @@ TEST_F(SharedObjectTest, NoMoreRefMayRecycle) {
         }
     };
     auto* const object = new CRECYCLED;
-    for (int round = 1; round <= 3; ++round) {
+    for (int round = 1; round < 3; ++round) {
         EXPECT_EQ(object->Release(), 1U);
         EXPECT_EQ(object->ends, round);
         EXPECT_EQ(object->GetUseCount(), 1);
     }
-    object->keep = false;
     object->Release();
 }
 
 TEST_F(SharedObjectTest, ThreadsShareObjects) {
-    constexpr unsigned long kThreads = 4;
-    constexpr int kObjects = 2000;
-    std::vector<CNODE*> objects;
-    for (int i = 0; i < kObjects; ++i) {
-        objects.push_back(new CNODE);
-        for (unsigned long reference = 1; reference < kThreads; ++reference) {
-            objects.back()->AddRef();
+    constexpr int kThreads = 4;
+    std::vector<CNODE*> objects(2000);
+    for (CNODE*& object : objects) {
+        object = new CNODE;
+        for (int reference = 1; reference < kThreads; ++reference) {
+            object->AddRef();
         }
     }
-    std::atomic<bool> start{false};
-    std::vector<std::vector<unsigned long>> results(kThreads);
-    std::vector<std::thread> threads;
-    for (auto& own : results) {
-        threads.emplace_back([&objects, &start, &own] {
-            while (!start) {
-                std::this_thread::yield();
-            }
-            for (CNODE* const object : objects) {
-                { const HOLDER holder(object); }
-                own.push_back(object->Release());
-            }
-        });
-    }
-    start = true;
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(gAlive, 0);
-    for (std::size_t i = 0; i < objects.size(); ++i) {
-        int last = 0;
-        for (const auto& own : results) {
-            EXPECT_LE(own[i], 2 * kThreads);
-            last += own[i] == 1 ? 1 : 0;
+    std::atomic<std::size_t> ends{0};
+    support::RunTogether(kThreads, [&objects, &ends](int) {
+        for (CNODE* const object : objects) {
+            { const HOLDER holder(object); }
+            const unsigned long before = object->Release();
+            EXPECT_LE(before, 2UL * kThreads);
+            ends += before == 1 ? 1 : 0;
         }
-        EXPECT_EQ(last, 1) << "one thread, and no other, is told that its reference was the last";
-    }
+    });
+    EXPECT_EQ(ends, objects.size()) << "one thread, and no other, is told that its reference was the last";
 }
 
 }  // namespace

@@ -1,0 +1,31 @@
+#pragma once
+
+#if !defined(_WIN32)
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+namespace support {
+
+/// Sets a variable of the environment while it lives.
+class ENVIRONMENT {
+public:
+    ENVIRONMENT(const char* name, const std::string& value) : mName(name) {
+        if (const char* const previous = std::getenv(name)) {
+            mPrevious = previous;
+        }
+        setenv(name, value.c_str(), 1);
+    }
+    ~ENVIRONMENT() { mPrevious ? setenv(mName, mPrevious->c_str(), 1) : unsetenv(mName); }
+    ENVIRONMENT(const ENVIRONMENT&) = delete;
+    ENVIRONMENT& operator=(const ENVIRONMENT&) = delete;
+
+private:
+    const char* mName;
+    std::optional<std::string> mPrevious;
+};
+
+}  // namespace support
+
+#endif
