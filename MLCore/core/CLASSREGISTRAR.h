@@ -33,7 +33,7 @@ private:
     CLASSREGISTRAR* mNext = nullptr;
 };
 
-/// The name under which the factory knows the class T: "class MLCore::CMEMARRAY", one spelling on every compiler.
+/// The name under which the factory knows the class T: "class shop::CORDER", one spelling on every compiler.
 template <class T>
 [[nodiscard]] std::string FactoryNameOf() {
     return "class " + platform::TypeName(typeid(T));

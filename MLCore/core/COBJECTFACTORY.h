@@ -23,9 +23,9 @@ MLCORE_DECLARE_SINGLETON(COBJECTFACTORY, noautorelease)
 /// Creates objects by the name of their class, for readers of streams and key streams. One per process, reached through
 /// GetInstance(), and not released by itself: the application may call Free() at its end.
 ///
-///     CSHAREOBJECTPTR<COBJECT> array = COBJECTFACTORY::GetInstance()->CreateObject("class MLCore::CMEMARRAY");
+///     CSHAREOBJECTPTR<COBJECT> order = COBJECTFACTORY::GetInstance()->CreateObject("class shop::CORDER");
 ///
-/// A class has a name ("class MLCore::CMEMARRAY", see FactoryNameOf) and may have an identifier ("CMEMARRAY", what
+/// A class has a name ("class shop::CORDER", see FactoryNameOf) and may have an identifier ("CORDER", what
 /// object streams write). Both are matched exactly. Classes declared with MLCORE_REGISTER_CLASS enter themselves.
 ///
 /// Not synchronised: register while modules load, then look up from any thread. Lookups are logarithmic.

@@ -15,7 +15,7 @@ namespace MLCore {
 ///     calendar->SetOuvre(CDATE::Saturday, 1);
 ///
 /// A holder converts to T* so that it can be passed where a pointer is borrowed. Two things that compile are therefore
-/// mistakes: `delete holder`, and keeping the raw pointer of a temporary (`COBJECT* p = CMEMARRAY::Create();` dangles).
+/// mistakes: `delete holder`, and keeping the raw pointer of a temporary (`COBJECT* p = CORDER::Create();` dangles).
 ///
 /// Holders are not synchronised: one holder belongs to one thread at a time, while the object may be shared.
 template <class T>

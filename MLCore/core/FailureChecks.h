@@ -4,6 +4,7 @@
 ///
 /// They are exported under their plain names (C linkage) so that code of any compiler can look them up. They throw all
 /// the same: a compiler that takes C functions for non-throwing has to be told (MSVC: /EHs, not /EHsc).
+/// A program that links the library statically cannot have C functions of these names.
 #pragma once
 
 #include <MLCore/core/FrameworkException.h>

@@ -114,7 +114,7 @@ std::int32_t Count(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, const
     return count;
 }
 
-void Step(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, CDATE& date, long days) {
+CDATE Step(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, CDATE date, long days) {
     const int direction = days < 0 ? -1 : 1;
     // The smallest `long` has no opposite; one day less ends at the bound all the same.
     long left = days < 0 ? -std::max(days, -std::numeric_limits<long>::max()) : days;
@@ -129,6 +129,7 @@ void Step(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, CDATE& date, l
             left -= predicate(calendar, date) ? 1 : 0;
         }
     }
+    return date;
 }
 
 namespace {

@@ -32,8 +32,8 @@ using PREDICATE = bool (*)(const CCALENDARSTRATEGY& calendar, const CDATE& date)
 [[nodiscard]] std::int32_t Count(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, const CDATE& left,
                                  const CDATE& right);
 
-/// Moves `date` by `days` days that satisfy the predicate, up to MinDate or MaxDate.
-void Step(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, CDATE& date, long days);
+/// `date` moved by `days` days that satisfy the predicate, up to MinDate or MaxDate.
+[[nodiscard]] CDATE Step(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, CDATE date, long days);
 
 /// The nearest day after (before) `date` that satisfies the predicate; MaxDate (MinDate) when there is none up to it, or
 /// when the walk leaves the year 9999 (0).

@@ -20,7 +20,7 @@ int CCALENDARSTRATEGY::IsOuvre(CDATE::eDay day) const { return IsWeekday(day) ? 
 
 void CCALENDARSTRATEGY::SetOuvre(CDATE::eDay day, int isOuvre) {
     if (IsWeekday(day)) {
-        mOuvre[IndexOf(day)] = isOuvre;
+        mOuvre[IndexOf(day)] = isOuvre != 0 ? 1 : 0;
     }
 }
 

@@ -40,7 +40,7 @@ public:
     /// 1 when the weekday is open for business. Takes the signed weekdays of CDATE::GetDayOfWeek() too (-6..-1); other
     /// numbers give 0.
     [[nodiscard]] virtual int IsOuvre(CDATE::eDay day) const;
-    /// Opens (1) or closes (0) a weekday; a number outside -6..6 is ignored.
+    /// Opens (not 0) or closes (0) a weekday; a number outside -6..6 is ignored.
     virtual void SetOuvre(CDATE::eDay day, int isOuvre);
     [[nodiscard]] virtual eKindOfFirstWeekOfYear GetFirstWeek();
     virtual void SetFirstWeek(eKindOfFirstWeekOfYear kind);

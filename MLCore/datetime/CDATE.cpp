@@ -158,10 +158,12 @@ int CDATE::IsOuvre(CCALENDARSTRATEGY* strategy) const {
 }
 
 int CDATE::IsTravaille(CCALENDARSTRATEGY* strategy) const {
-    return CCALENDARMANAGER::Resolve(strategy).IsTravaille(*this);
+    return CCALENDARMANAGER::Resolve(strategy).IsTravaille(*this) != 0 ? 1 : 0;
 }
 
-int CDATE::IsFerie(CCALENDARSTRATEGY* strategy) const { return CCALENDARMANAGER::Resolve(strategy).IsFerie(*this); }
+int CDATE::IsFerie(CCALENDARSTRATEGY* strategy) const {
+    return CCALENDARMANAGER::Resolve(strategy).IsFerie(*this) != 0 ? 1 : 0;
+}
 
 std::int32_t CDATE::ComputeDays(const CDATE& other) const noexcept {
     return IsDate() != 0 && other.IsDate() != 0 ? std::abs(*this - other) : -1;
@@ -266,13 +268,13 @@ CDATE& CDATE::AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy) {
     if (businessdays::OpenWeekdays(calendar) == 0) {
         *this = days < 0 ? MinDate() : MaxDate();
     } else {
-        businessdays::Step(calendar, businessdays::IsOuvre, *this, days);
+        *this = businessdays::Step(calendar, businessdays::IsOuvre, *this, days);
     }
     return *this;
 }
 
 CDATE& CDATE::AddDaysTravaille(long days, CCALENDARSTRATEGY* strategy) {
-    businessdays::Step(CCALENDARMANAGER::Resolve(strategy), businessdays::IsTravaille, *this, days);
+    *this = businessdays::Step(CCALENDARMANAGER::Resolve(strategy), businessdays::IsTravaille, *this, days);
     return *this;
 }
 

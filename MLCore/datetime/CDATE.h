@@ -55,7 +55,7 @@ public:
     explicit CDATE(const _SYSTEMTIME& time) noexcept;
     /// From a short date, see ToSDate(). 0 gives the null date.
     explicit CDATE(std::uint16_t shortDate) noexcept;
-    /// From a long date, see ToLDate(). A `long` that does not fit 32 bits gives the null date.
+    /// From a long date, see ToLDate() (not the number 20240305: that is a text for FromStringXML()). A `long` that does not fit 32 bits gives the null date.
     explicit CDATE(int longDate) noexcept;
     explicit CDATE(long longDate) noexcept;
     /// The day of an OLE Automation date; null for 0.0 and for what is no such date.
@@ -159,12 +159,14 @@ public:
     [[nodiscard]] std::int32_t Echelonnement(const CDATE& other, eTypeEchelonnement type,
                                              CCALENDARSTRATEGY* strategy = nullptr) const;
 
+    /// Arithmetic does not spare the null date, it counts on from its fields: null + 1 day is 1/1/0. Ask IsNull() first.
     CDATE& AddDays(long days) noexcept;
     /// Keeps the day where the month has it and lowers it where not: 31 January + 1 month is the end of February.
     CDATE& AddMonths(long months) noexcept;
     CDATE& AddYears(long years) noexcept;
     /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate; a date at or
-    /// beyond the bound that it would move towards stays. Where no day of the week is open for business it becomes MinDate for negative `days`, MaxDate otherwise, 0 included.
+    /// beyond the bound that it would move towards stays. Where no day of the week is open for business it becomes
+    /// MinDate for negative `days`, MaxDate otherwise, 0 included. When the strategy throws, the date stays as it was.
     CDATE& AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy = nullptr);
     /// The same by worked days; only the bounds stop it.
     CDATE& AddDaysTravaille(long days, CCALENDARSTRATEGY* strategy = nullptr);
@@ -206,7 +208,7 @@ public:
     /// The OLE Automation date (days from 30 December 1899). 0.0 for the null date and for what the system refuses: it
     /// takes years from 100 to 9999, and two digits for years near our time (0 is 2000, 99 is 1999).
     [[nodiscard]] double ToWDate() const noexcept;
-    /// With wDayOfWeek (Sunday 0) and the time of day 0.
+    /// With wDayOfWeek (Sunday 0) and the time of day 0. <MLCore/platform/WinTypes.h> completes the type.
     [[nodiscard]] _SYSTEMTIME ToSystemTime() const noexcept;
 
     /// Reads a date in one of many forms: YYYY-MM-DD, perhaps with "T" and a time as FromStringXML() does; DDMMYYYY;

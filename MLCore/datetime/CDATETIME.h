@@ -73,7 +73,8 @@ public:
     [[nodiscard]] std::string ToString() const;
     /// Taken for local time and written in UTC: "2024-03-05T07:05:09"; "" for null.
     [[nodiscard]] std::string ToStringXML() const;
-    /// Reads what ToString() writes of the years 0 to 9999, the date as CDATE::FromStringLong() does. "" gives null. Returns 1, or 0 and leaves the value alone (null too).
+    /// Reads what ToString() writes of the years 0 to 9999, the date as CDATE::FromStringLong() does. "" gives null.
+    /// Returns 1, or 0 and leaves the value alone (null too).
     int FromString(const char* text) noexcept;
     /// Reads a date and, behind "T", a time as CTIME::FromStringXML() reads it, taken for UTC, into local time. "" gives
     /// null. Returns 1, or 0 and leaves the value alone (null too).

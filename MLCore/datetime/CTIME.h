@@ -121,7 +121,8 @@ public:
     operator MLTIME() const noexcept;
     /// "07:05:09".
     [[nodiscard]] std::string ToString() const;
-    /// On 30 December 1899, the day zero of OLE Automation; wDayOfWeek and milliseconds 0.
+    /// On 30 December 1899, the day zero of OLE Automation; wDayOfWeek and milliseconds 0. <MLCore/platform/WinTypes.h>
+    /// completes the type.
     [[nodiscard]] _SYSTEMTIME ToSystemTime() const noexcept;
     /// The OLE Automation date of that day and time: the fraction of a day. 0.0 when the system refuses the time.
     [[nodiscard]] double ToWDate() const noexcept;

@@ -11,7 +11,7 @@
 namespace MLCore {
 
 /// A signed span of time in whole seconds, of any length: what lies between two date-times. A value type; nothing
-/// throws. Sums that leave 64 bits stay at the longest span.
+/// fails. Sums that leave 64 bits stay at the longest span.
 class MLCORE_API CTIMESPAN {
 public:
     constexpr CTIMESPAN() noexcept = default;
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] constexpr long long GetHours() const noexcept { return mSeconds / 3600; }
     [[nodiscard]] constexpr short GetMinutes() const noexcept { return static_cast<short>(mSeconds % 3600 / 60); }
     [[nodiscard]] constexpr short GetSeconds() const noexcept { return static_cast<short>(mSeconds % 60); }
-    /// Replace one part and keep the others; a part may exceed its usual range and then carries over.
+    /// Replace one part; the others keep their values and their sign. A part may exceed its usual range and then carries over.
     void SetHours(long hours) noexcept;
     void SetMinutes(long minutes) noexcept;
     void SetSeconds(long seconds) noexcept;

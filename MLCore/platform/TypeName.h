@@ -7,7 +7,7 @@
 
 namespace MLCore::platform {
 
-/// The name of a type as a programmer writes it, with its namespaces: "MLCore::CVALUE".
+/// The name of a type as a programmer writes it, with its namespaces: "shop::CORDER".
 ///
 /// Class types that are no templates have the same spelling on every compiler. The spelling of template arguments, of
 /// built-in types and of unnamed types is the compiler's.

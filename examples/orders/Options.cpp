@@ -49,9 +49,12 @@ int ReadDays(const std::string& text) {
     return days;
 }
 
+// FromString() finds a date in nearly anything; what it found must be what was written.
 CDATE ReadDate(const std::string& text) {
     CDATE date;
-    if (date.FromString(text.c_str()) == 0) {
+    std::string digits = text;
+    std::erase(digits, '/');
+    if (date.FromString(text.c_str()) == 0 || (date.ToStringXML() != text && date.ToString() != digits)) {
         throw USAGEERROR('"' + text + "\" is no date");
     }
     return date;

@@ -47,10 +47,12 @@ HEADER ReadHeader(const RECORD& record) {
     return header;
 }
 
-// For people to read: a control character could upset their terminal or their table.
+// For people to read: a control character could upset their terminal or their table. Those above 0x7F are the bytes that
+// the code page leaves without a character.
 std::string ToReadable(std::string text) {
-    const auto isControl = [](char character) {
-        return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
+    constexpr std::string_view kUnassigned = "\x7F\x81\x8D\x8F\x90\x9D";
+    const auto isControl = [kUnassigned](char character) {
+        return static_cast<unsigned char>(character) < 0x20 || kUnassigned.find(character) != std::string_view::npos;
     };
     std::replace_if(text.begin(), text.end(), isControl, ' ');
     return MLCore::Utf8FromAnsi(text);
@@ -105,7 +107,10 @@ private:
     }
 
     [[noreturn]] void FailField(COLUMN column, const std::string& text) const {
-        Fail(std::string(kColumns[column]) + ": \"" + GetText(column) + "\" " + text);
+        constexpr std::size_t kMostShown = 40;
+        const std::string& field = GetField(column);
+        const std::string shown = ToReadable(field.substr(0, kMostShown)) + (field.size() > kMostShown ? "..." : "");
+        Fail(std::string(kColumns[column]) + ": \"" + shown + "\" " + text);
     }
 
     const HEADER& mHeader;
