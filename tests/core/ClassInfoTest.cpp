@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <support/Failure.h>
 
+#include <exception>
 #include <string>
 
 namespace zoo {
@@ -18,13 +19,8 @@ public:
     }
 };
 
-struct FILLER {
-    virtual ~FILLER() = default;
-    long filler[2] = {};
-};
-
 /// A protocol that includes another one, which does not stand at its start.
-class CSINGS : public FILLER, public CSPEAKS {
+class CSINGS : public std::exception, public CSPEAKS {
 public:
     virtual int Notes() const = 0;
     static const CCLASSTYPEINFO& ClassInfoStatic() {
@@ -35,13 +31,11 @@ public:
 
 class CANIMAL : public COBJECT {
     MLCORE_CLASS(CANIMAL, COBJECT)
-public:
     virtual int Legs() const = 0;
 };
 
 class CDOG : public CANIMAL, public CSPEAKS {
     MLCORE_CLASS(CDOG, CANIMAL, CSPEAKS)
-public:
     int Legs() const override { return 4; }
     int Sound() const override { return 1; }
 };
@@ -56,7 +50,6 @@ public:
 
 class CBIRD : public CANIMAL, public CSINGS {
     MLCORE_CLASS(CBIRD, CANIMAL, CSINGS)
-public:
     int Legs() const override { return 2; }
     int Notes() const override { return 8; }
     int Sound() const override { return 2; }

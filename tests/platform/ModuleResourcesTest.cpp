@@ -19,20 +19,16 @@ const int kAnchor = 0;
 [[maybe_unused]] const char* NumberAsName(std::uintptr_t number) { return reinterpret_cast<const char*>(number); }
 
 TEST(ModuleResourcesTest, WhatIsMissingIsNull) {
-    EXPECT_EQ(FindModuleResource(nullptr, "NOWHERE", 10), nullptr);
-    EXPECT_EQ(FindModuleResource(nullptr, "#9999", 10), nullptr);
-    EXPECT_EQ(FindModuleResource(nullptr, "#", 10), nullptr);
-    EXPECT_EQ(FindModuleResource(nullptr, "#99999999999999999999", 10), nullptr);
-    EXPECT_EQ(FindModuleResource(nullptr, "", 10), nullptr);
-    EXPECT_EQ(FindModuleResource(nullptr, nullptr, 10), nullptr);
+    for (const char* name : {"NOWHERE", "#9999", "#", "#99999999999999999999", "", static_cast<const char*>(nullptr)}) {
+        EXPECT_EQ(FindModuleResource(nullptr, name, 10), nullptr);
+    }
     EXPECT_EQ(LoadModuleResource(nullptr, nullptr), nullptr);
     EXPECT_EQ(LockModuleResource(nullptr), nullptr);
     EXPECT_EQ(ModuleResourceSize(nullptr, nullptr), 0U);
 }
 
 TEST(ModuleResourcesTest, ModulesAreToldApart) {
-    const HINSTANCE program = ModuleOf(&kAnchor);
-    ASSERT_NE(program, nullptr);
+    ASSERT_NE(ModuleOf(&kAnchor), nullptr);
     int local = 0;
     EXPECT_EQ(ModuleOf(&local), nullptr) << "a stack belongs to no module";
 }
@@ -41,12 +37,12 @@ TEST(ModuleResourcesTest, ModulesAreToldApart) {
 // Put into the test program by the build: greeting.txt as GREETING of type 10 and as #123 of type 300, empty.txt as
 // EMPTY.
 TEST(ModuleResourcesTest, FilesAreFoundByNameAndType) {
-    const HINSTANCE program = ModuleOf(&kAnchor);
-    for (const HINSTANCE module : {HINSTANCE{nullptr}, program}) {
-        EXPECT_EQ(TextOf(module, FindModuleResource(module, "GREETING", 10)), "Bonjour, caf\xE9\n");
-        EXPECT_EQ(TextOf(module, FindModuleResource(module, "greeting", 10)), "Bonjour, caf\xE9\n");
-        EXPECT_EQ(TextOf(module, FindModuleResource(module, "#123", 300)), "Bonjour, caf\xE9\n");
-        EXPECT_EQ(TextOf(module, FindModuleResource(module, NumberAsName(123), 300)), "Bonjour, caf\xE9\n");
+    for (const HINSTANCE module : {HINSTANCE{nullptr}, ModuleOf(&kAnchor)}) {
+        for (const HRSRC resource :
+             {FindModuleResource(module, "GREETING", 10), FindModuleResource(module, "greeting", 10),
+              FindModuleResource(module, "#123", 300), FindModuleResource(module, NumberAsName(123), 300)}) {
+            EXPECT_EQ(TextOf(module, resource), "Bonjour, caf\xE9\n");
+        }
         EXPECT_EQ(FindModuleResource(module, "GREETING", 300), nullptr);
         EXPECT_EQ(FindModuleResource(module, "#123", 10), nullptr);
         EXPECT_EQ(FindModuleResource(module, "123", 300), nullptr);

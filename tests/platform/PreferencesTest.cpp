@@ -1,11 +1,11 @@
 #include <MLCore/platform/Preferences.h>
 #include <MLCore/platform/WinTypes.h>
 #include <gtest/gtest.h>
+#include <support/Environment.h>
 
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
 
 #if !defined(_WIN32)
@@ -23,13 +23,15 @@ class PreferencesTest : public testing::Test {
 protected:
     void SetUp() override {
         DeleteAll();
-        SetText("Log", "Name", "some text");
-        SetText("Log", "Number", "42");
-        SetText("Log", "Negative", "-7");
-        SetText("Log", "NoNumber", "12x");
-        SetText("Log", "Large", "2147483648");
-        SetText("Log", "Empty", "");
-        SetText("Log", "Long", std::string(5000, 'x').c_str());
+        for (const auto& [name, text] : std::map<const char*, std::string>{{"Name", "some text"},
+                                                                           {"Number", "42"},
+                                                                           {"Negative", "-7"},
+                                                                           {"NoNumber", "12x"},
+                                                                           {"Large", "2147483648"},
+                                                                           {"Empty", ""},
+                                                                           {"Long", std::string(5000, 'x')}}) {
+            SetText("Log", name, text);
+        }
         SetText("Other", "Name", "another text");
         const DWORD number = 0xFFFFFFFE;
         RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\MLCorePreferencesTest\\Log", "Dword", REG_DWORD, &number, 4);
@@ -38,9 +40,10 @@ protected:
 
 private:
     static void DeleteAll() { RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\MLCorePreferencesTest"); }
-    static void SetText(const std::string& section, const char* name, const char* text) {
+    static void SetText(const std::string& section, const char* name, const std::string& text) {
         const std::string key = "Software\\MLCorePreferencesTest\\" + section;
-        RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, text, static_cast<DWORD>(std::strlen(text) + 1));
+        const DWORD size = static_cast<DWORD>(text.size() + 1);
+        RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, text.c_str(), size);
     }
 };
 
@@ -55,10 +58,6 @@ TEST_F(PreferencesTest, ADwordIsASignedNumber) {
 class PreferencesTest : public testing::Test {
 protected:
     void SetUp() override {
-        const char* const previous = std::getenv("XDG_CONFIG_HOME");
-        mHadPrevious = previous != nullptr;
-        mPrevious = mHadPrevious ? previous : "";
-        mFolder = std::filesystem::temp_directory_path() / ("MLCorePreferencesTest." + std::to_string(getpid()));
         std::filesystem::create_directories(mFolder);
         std::ofstream file(mFolder / "MLCorePreferencesTest.ini");
         file << "outside = of sections\r\n"
@@ -72,21 +71,13 @@ protected:
                 "Number=42\nNegative = -7\nNoNumber = 12x\nLarge = 2147483648\nEmpty =\nPlus = +5\nBothSigns = +-5\n"
                 "Equation = a = b ; c\n"
              << "Long = " << std::string(5000, 'x');
-        setenv("XDG_CONFIG_HOME", mFolder.c_str(), 1);
     }
-    void TearDown() override {
-        if (mHadPrevious) {
-            setenv("XDG_CONFIG_HOME", mPrevious.c_str(), 1);
-        } else {
-            unsetenv("XDG_CONFIG_HOME");
-        }
-        std::filesystem::remove_all(mFolder);
-    }
+    void TearDown() override { std::filesystem::remove_all(mFolder); }
 
 private:
-    bool mHadPrevious = false;
-    std::string mPrevious;
-    std::filesystem::path mFolder;
+    const std::filesystem::path mFolder =
+        std::filesystem::temp_directory_path() / ("MLCorePreferencesTest." + std::to_string(getpid()));
+    const support::ENVIRONMENT mSettings{"XDG_CONFIG_HOME", mFolder};
 };
 
 TEST_F(PreferencesTest, LinesOfTheFile) {
@@ -95,11 +86,8 @@ TEST_F(PreferencesTest, LinesOfTheFile) {
     EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Equation"), "a = b ; c");
     EXPECT_EQ(ReadPreferenceNumber("MLCorePreferencesTest\\Log", "Plus"), 5);
     EXPECT_EQ(ReadPreferenceNumber("MLCorePreferencesTest\\Log", "BothSigns"), std::nullopt);
-}
-
-TEST_F(PreferencesTest, ARelativeFolderIsNoFolder) {
-    setenv("XDG_CONFIG_HOME", "relative", 1);
-    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Name"), std::nullopt);
+    const support::ENVIRONMENT relative("XDG_CONFIG_HOME", "relative");
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Name"), std::nullopt) << "no folder";
 }
 
 #endif
@@ -107,8 +95,7 @@ TEST_F(PreferencesTest, ARelativeFolderIsNoFolder) {
 TEST_F(PreferencesTest, TextsAndNumbers) {
     const char* const key = "MLCorePreferencesTest\\Log";
     EXPECT_EQ(ReadPreferenceText(key, "Name"), "some text");
-    EXPECT_EQ(ReadPreferenceText(key, "nAME"), "some text");
-    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\LOG", "Name"), "some text");
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\LOG", "nAME"), "some text");
     EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Other", "Name"), "another text");
     EXPECT_EQ(ReadPreferenceText(key, "Number"), "42");
     EXPECT_EQ(ReadPreferenceText(key, "Empty"), "");
@@ -118,15 +105,11 @@ TEST_F(PreferencesTest, TextsAndNumbers) {
     for (const char* const name : {"Name", "NoNumber", "Large", "Empty", "Missing"}) {
         EXPECT_EQ(ReadPreferenceNumber(key, name), std::nullopt) << name;
     }
-}
-
-TEST_F(PreferencesTest, WhatIsMissingOrMalformedIsNothing) {
-    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Missing"), std::nullopt);
-    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Missing", "Name"), std::nullopt);
-    EXPECT_EQ(ReadPreferenceText("MLCoreNoSuchKey\\Log", "Name"), std::nullopt);
-    for (const char* const text : {static_cast<const char*>(nullptr), "", "../x", "a/b", "a\nb"}) {
+    // what is missing or malformed
+    for (const char* const text : {static_cast<const char*>(nullptr), "", "../x", "a/b", "a\nb", "Missing",
+                                   "MLCorePreferencesTest\\Missing", "MLCoreNoSuchKey\\Log"}) {
         EXPECT_EQ(ReadPreferenceText(text, "Name"), std::nullopt);
-        EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", text), std::nullopt);
+        EXPECT_EQ(ReadPreferenceText(key, text), std::nullopt);
     }
 }
 

@@ -15,13 +15,11 @@ TEST(ProtectedMemoryTest, SealedBytesComeBack) {
     ASSERT_NE(memory, nullptr);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory) % 16, 0U);
     EXPECT_EQ(std::string(memory, kSize), std::string(kSize, '\0'));
-    const std::string secret(kSize, 's');
-    std::memcpy(memory, secret.data(), kSize);
+    std::memset(memory, 's', kSize);
     MEMORYSEAL seal;
     for (int round = 0; round < 3; ++round) {
-        ASSERT_TRUE(SealMemory(memory, kSize, seal));
-        ASSERT_TRUE(OpenMemory(memory, kSize, seal));
-        EXPECT_EQ(std::string(memory, kSize), secret);
+        ASSERT_TRUE(SealMemory(memory, kSize, seal) && OpenMemory(memory, kSize, seal));
+        EXPECT_EQ(std::string(memory, kSize), std::string(kSize, 's'));
     }
     WipeMemory(memory, kSize);
     EXPECT_EQ(std::string(memory, kSize), std::string(kSize, '\0'));
@@ -33,33 +31,29 @@ TEST(ProtectedMemoryTest, SealedBytesComeBack) {
 #if !defined(_WIN32)
 TEST(ProtectedMemoryTest, SealedBytesAreUnreadableAndDifferEachTime) {
     constexpr std::size_t kSize = 32;
-    const std::string secret(kSize, 's');
-    std::string first = secret;
-    std::string second = secret;
+    std::string first(kSize, 's');
+    std::string second = first;
     MEMORYSEAL firstSeal;
     MEMORYSEAL secondSeal;
-    ASSERT_TRUE(SealMemory(first.data(), kSize, firstSeal));
-    ASSERT_TRUE(SealMemory(second.data(), kSize, secondSeal));
+    ASSERT_TRUE(SealMemory(first.data(), kSize, firstSeal) && SealMemory(second.data(), kSize, secondSeal));
     EXPECT_EQ(first.find("ss"), std::string::npos);
     EXPECT_NE(first, second);
     ASSERT_TRUE(OpenMemory(first.data(), kSize, firstSeal));
-    EXPECT_EQ(first, secret);
+    EXPECT_EQ(first, std::string(kSize, 's'));
 }
 #endif
 
 TEST(ProtectedMemoryTest, SizesThatDoNotGoAreRefused) {
     std::string bytes(32, 's');
-    const std::string before = bytes;
     MEMORYSEAL seal;
     for (const std::size_t size : {1U, 15U, 17U, 31U}) {
         EXPECT_EQ(AllocateSecret(size), nullptr);
         EXPECT_FALSE(SealMemory(bytes.data(), size, seal));
         EXPECT_FALSE(OpenMemory(bytes.data(), size, seal));
     }
-    EXPECT_EQ(bytes, before);
+    EXPECT_EQ(bytes, std::string(32, 's'));
     EXPECT_EQ(AllocateSecret(0), nullptr);
-    EXPECT_TRUE(SealMemory(bytes.data(), 0, seal));
-    EXPECT_TRUE(OpenMemory(bytes.data(), 0, seal));
+    EXPECT_TRUE(SealMemory(bytes.data(), 0, seal) && OpenMemory(bytes.data(), 0, seal));
     WipeMemory(nullptr, 0);
 }
 

@@ -29,28 +29,26 @@ TEST(CodePage1252Test, PublishedCharacters) {
     const struct {
         const char* ansi;
         const char* utf8;
-    } kRows[] = {
-        {"\x80", "\xE2\x82\xAC"},
-        {"\x83", "\xC6\x92"},
-        {"\x85", "\xE2\x80\xA6"},
-        {"\x88", "\xCB\x86"},
-        {"\x89", "\xE2\x80\xB0"},
-        {"\x8A", "\xC5\xA0"},
-        {"\x8C", "\xC5\x92"},
-        {"\x8E", "\xC5\xBD"},
-        {"\x91", "\xE2\x80\x98"},
-        {"\x92", "\xE2\x80\x99"},
-        {"\x96", "\xE2\x80\x93"},
-        {"\x99", "\xE2\x84\xA2"},
-        {"\x9C", "\xC5\x93"},
-        {"\x9F", "\xC5\xB8"},
-        {"\xA0", "\xC2\xA0"},
-        {"\xE9", "\xC3\xA9"},
-        {"\xFF", "\xC3\xBF"},
-        {"\x81\x8D", "\xC2\x81\xC2\x8D"},
-        {"\x8F\x90", "\xC2\x8F\xC2\x90"},
-        {"\x9D", "\xC2\x9D"},
-    };
+    } kRows[] = {{"\x80", "\xE2\x82\xAC"},
+                 {"\x83", "\xC6\x92"},
+                 {"\x85", "\xE2\x80\xA6"},
+                 {"\x88", "\xCB\x86"},
+                 {"\x89", "\xE2\x80\xB0"},
+                 {"\x8A", "\xC5\xA0"},
+                 {"\x8C", "\xC5\x92"},
+                 {"\x8E", "\xC5\xBD"},
+                 {"\x91", "\xE2\x80\x98"},
+                 {"\x92", "\xE2\x80\x99"},
+                 {"\x96", "\xE2\x80\x93"},
+                 {"\x99", "\xE2\x84\xA2"},
+                 {"\x9C", "\xC5\x93"},
+                 {"\x9F", "\xC5\xB8"},
+                 {"\xA0", "\xC2\xA0"},
+                 {"\xE9", "\xC3\xA9"},
+                 {"\xFF", "\xC3\xBF"},
+                 {"\x81\x8D", "\xC2\x81\xC2\x8D"},
+                 {"\x8F\x90", "\xC2\x8F\xC2\x90"},
+                 {"\x9D", "\xC2\x9D"}};
     for (const auto& row : kRows) {
         EXPECT_EQ(Utf8FromAnsi(row.ansi), row.utf8);
         EXPECT_EQ(AnsiFromUtf8(row.utf8), row.ansi);
