@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <string>
 
 #if !defined(_WIN32)
@@ -23,15 +22,13 @@ class PreferencesTest : public testing::Test {
 protected:
     void SetUp() override {
         DeleteAll();
-        for (const auto& [name, text] : std::map<const char*, std::string>{{"Name", "some text"},
-                                                                           {"Number", "42"},
-                                                                           {"Negative", "-7"},
-                                                                           {"NoNumber", "12x"},
-                                                                           {"Large", "2147483648"},
-                                                                           {"Empty", ""},
-                                                                           {"Long", std::string(5000, 'x')}}) {
-            SetText("Log", name, text);
-        }
+        SetText("Log", "Name", "some text");
+        SetText("Log", "Number", "42");
+        SetText("Log", "Negative", "-7");
+        SetText("Log", "NoNumber", "12x");
+        SetText("Log", "Large", "2147483648");
+        SetText("Log", "Empty", "");
+        SetText("Log", "Long", std::string(5000, 'x'));
         SetText("Other", "Name", "another text");
         const DWORD number = 0xFFFFFFFE;
         RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\MLCorePreferencesTest\\Log", "Dword", REG_DWORD, &number, 4);
