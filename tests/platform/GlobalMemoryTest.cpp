@@ -36,8 +36,9 @@ TEST(GlobalMemoryTest, NewBytesAreZeroOnRequest) {
     std::memset(GlobalBlockLock(block), 'Z', 50);
     while (GlobalBlockUnlock(block)) {
     }
-    block = GlobalBlockReAlloc(GlobalBlockReAlloc(block, 20), 5000, kGlobalZeroInit);
-    EXPECT_EQ(Bytes(block, 20), std::string(20, 'Z'));
+    block = GlobalBlockReAlloc(GlobalBlockReAlloc(block, 30), 50, kGlobalZeroInit);
+    EXPECT_EQ(Bytes(block, 50), std::string(30, 'Z') + std::string(20, '\0'));
+    block = GlobalBlockReAlloc(block, 5000, kGlobalZeroInit | kGlobalMoveable);
     EXPECT_EQ(Bytes(block, 5000).substr(50), std::string(4950, '\0'));
     GlobalBlockFree(block);
 }

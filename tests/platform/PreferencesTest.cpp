@@ -71,7 +71,6 @@ protected:
     }
     void TearDown() override { std::filesystem::remove_all(mFolder); }
 
-private:
     const std::filesystem::path mFolder =
         std::filesystem::temp_directory_path() / ("MLCorePreferencesTest." + std::to_string(getpid()));
     const support::ENVIRONMENT mSettings{"XDG_CONFIG_HOME", mFolder};
@@ -83,8 +82,8 @@ TEST_F(PreferencesTest, LinesOfTheFile) {
     EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Equation"), "a = b ; c");
     EXPECT_EQ(ReadPreferenceNumber("MLCorePreferencesTest\\Log", "Plus"), 5);
     EXPECT_EQ(ReadPreferenceNumber("MLCorePreferencesTest\\Log", "BothSigns"), std::nullopt);
-    const support::ENVIRONMENT relative("XDG_CONFIG_HOME", "relative");
-    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Name"), std::nullopt) << "no folder";
+    const support::ENVIRONMENT relative("XDG_CONFIG_HOME", std::filesystem::relative(mFolder));
+    EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Name"), std::nullopt) << "it must be absolute";
 }
 
 #endif
