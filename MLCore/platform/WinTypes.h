@@ -67,6 +67,9 @@ inline constexpr HRESULT E_ACCESSDENIED = static_cast<HRESULT>(0x80070005U);
 inline constexpr HRESULT E_HANDLE = static_cast<HRESULT>(0x80070006U);
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
 inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
+inline constexpr HRESULT DISP_E_TYPEMISMATCH = static_cast<HRESULT>(0x80020005U);
+inline constexpr HRESULT DISP_E_BADVARTYPE = static_cast<HRESULT>(0x80020008U);
+inline constexpr HRESULT DISP_E_OVERFLOW = static_cast<HRESULT>(0x8002000AU);
 
 /// True when `result` is no failure: bit 31 is clear.
 [[nodiscard]] constexpr bool SUCCEEDED(HRESULT result) noexcept { return result >= 0; }
@@ -154,6 +157,7 @@ public:
     operator const char*() const;                        ///< null when empty; valid until the object changes
     [[nodiscard]] unsigned int length() const noexcept;  ///< in wide characters
     [[nodiscard]] bool operator!() const noexcept;       ///< true when the object holds no string
+    [[nodiscard]] BSTR Detach() noexcept;                ///< the string, now the caller's, or null; empties the object
 
 private:
     BSTR mText = nullptr;
@@ -209,6 +213,135 @@ private:
     HRESULT mCode;
     IErrorInfo* mErrorInfo;
     mutable std::string mMessage;
+};
+
+// Variants.
+
+typedef std::uint16_t VARTYPE;
+typedef std::int16_t VARIANT_BOOL;
+inline constexpr VARIANT_BOOL VARIANT_TRUE = -1;
+inline constexpr VARIANT_BOOL VARIANT_FALSE = 0;
+
+/// The types of a variant, each with the field that holds its value. Currency, dispatch interfaces, arrays and
+/// references are not offered here.
+enum VARENUM {
+    VT_EMPTY = 0,
+    VT_NULL = 1,
+    VT_I2 = 2,        ///< iVal
+    VT_I4 = 3,        ///< lVal
+    VT_R4 = 4,        ///< fltVal
+    VT_R8 = 5,        ///< dblVal
+    VT_DATE = 7,      ///< date
+    VT_BSTR = 8,      ///< bstrVal, owned; null is the empty string
+    VT_ERROR = 10,    ///< scode
+    VT_BOOL = 11,     ///< boolVal
+    VT_UNKNOWN = 13,  ///< punkVal, one reference of it owned; may be null
+    VT_I1 = 16,       ///< cVal
+    VT_UI1 = 17,      ///< bVal
+    VT_UI2 = 18,      ///< uiVal
+    VT_UI4 = 19,      ///< ulVal
+    VT_I8 = 20,       ///< llVal
+    VT_UI8 = 21,      ///< ullVal
+    VT_INT = 22,      ///< intVal
+    VT_UINT = 23,     ///< uintVal
+};
+
+struct tagVARIANT {
+    VARTYPE vt;
+    WORD wReserved1;
+    WORD wReserved2;
+    WORD wReserved3;
+    union {
+        long long llVal;
+        unsigned long long ullVal;
+        LONG lVal;
+        ULONG ulVal;
+        int intVal;
+        UINT uintVal;
+        short iVal;
+        USHORT uiVal;
+        char cVal;
+        BYTE bVal;
+        float fltVal;
+        double dblVal;
+        DATE date;
+        VARIANT_BOOL boolVal;
+        HRESULT scode;
+        BSTR bstrVal;
+        IUnknown* punkVal;
+    };
+};
+typedef struct tagVARIANT VARIANT;
+
+/// Makes an uninitialised variant empty.
+MLCORE_API void VariantInit(VARIANT* variant) noexcept;
+
+/// Gives back what the variant owns and makes it empty.
+///
+/// \return S_OK; E_INVALIDARG for null; DISP_E_BADVARTYPE, with nothing changed, for an unknown type.
+MLCORE_API HRESULT VariantClear(VARIANT* variant) noexcept;
+
+/// Clears `*destination` and copies into it: a text is copied, an object gets one reference more. Both may be one.
+///
+/// \return S_OK; E_INVALIDARG for null; DISP_E_BADVARTYPE, when either type is unknown, or E_OUTOFMEMORY, both with
+///         nothing changed.
+MLCORE_API HRESULT VariantCopy(VARIANT* destination, const VARIANT* source) noexcept;
+
+/// Owns a variant. It has the fields of the structure, and a plain variant may be copied into it.
+///
+/// The value is taken out by a conversion to the exact type: any other type throws _com_error(DISP_E_TYPEMISMATCH);
+/// nothing is converted here. An assignment brings its own type. A `long` that needs more than 32 bits throws
+/// _com_error(DISP_E_OVERFLOW). Without memory, std::bad_alloc.
+class MLCORE_API _variant_t : public tagVARIANT {
+public:
+    _variant_t() noexcept;
+    _variant_t(const VARIANT& source);       ///< throws _com_error(DISP_E_BADVARTYPE) for an unknown type
+    _variant_t(VARIANT& source, bool copy);  ///< copies, or takes the value over and makes `source` empty
+    _variant_t(const _variant_t& other);
+    _variant_t(_variant_t&& other) noexcept;  ///< `other` becomes empty
+
+    /// These three make the type named; `type` may be VT_I2 or VT_BOOL; VT_I4, VT_ERROR or VT_BOOL; VT_R8 or VT_DATE.
+    /// Others throw _com_error(E_INVALIDARG).
+    _variant_t(short value, VARTYPE type = VT_I2);
+    _variant_t(long value, VARTYPE type = VT_I4);
+    _variant_t(double value, VARTYPE type = VT_R8);
+
+    _variant_t(float value) noexcept;           ///< VT_R4
+    _variant_t(bool value) noexcept;            ///< VT_BOOL
+    _variant_t(char value) noexcept;            ///< VT_I1
+    _variant_t(BYTE value) noexcept;            ///< VT_UI1
+    _variant_t(unsigned short value) noexcept;  ///< VT_UI2
+    _variant_t(unsigned long value);            ///< VT_UI4
+    _variant_t(int value) noexcept;             ///< VT_INT
+    _variant_t(unsigned int value) noexcept;    ///< VT_UINT
+    _variant_t(const char* text);               ///< VT_BSTR, copied; null stays null
+    _variant_t(const wchar_t* text);            ///< VT_BSTR, copied; null stays null
+    _variant_t(const _bstr_t& text);            ///< VT_BSTR, copied; null stays null
+
+    /// VT_UNKNOWN. The object becomes the owner of one reference: its own, or the caller's when `addRef` is false.
+    _variant_t(IUnknown* object, bool addRef = true) noexcept;
+
+    _variant_t& operator=(_variant_t other) noexcept;
+    ~_variant_t();
+
+    operator short() const;           ///< of a VT_I2
+    operator long() const;            ///< of a VT_I4
+    operator float() const;           ///< of a VT_R4
+    operator double() const;          ///< of a VT_R8
+    operator bool() const;            ///< of a VT_BOOL
+    operator char() const;            ///< of a VT_I1
+    operator BYTE() const;            ///< of a VT_UI1
+    operator unsigned short() const;  ///< of a VT_UI2
+    operator unsigned long() const;   ///< of a VT_UI4
+    operator int() const;             ///< of a VT_INT
+    operator unsigned int() const;    ///< of a VT_UINT
+    operator _bstr_t() const;         ///< of a VT_BSTR
+    operator IUnknown*() const;       ///< of a VT_UNKNOWN, with a reference for the caller
+
+    void Clear() noexcept;  ///< gives back what it owns and becomes empty
+
+    /// Equal when type and value are: texts by their characters, objects by identity. Unknown types are never equal.
+    friend MLCORE_API bool operator==(const VARIANT& left, const VARIANT& right) noexcept;
 };
 
 // Movable global memory: see MLCore/platform/GlobalMemory.h for the rules.

@@ -15,6 +15,11 @@ namespace MLCore {
 /// digits it is 0. As the C library's atoi(), but a number beyond `int` gives the nearest int.
 [[nodiscard]] MLCORE_API int LeadingInteger(std::string_view text) noexcept;
 
+/// Reads an optional sign and decimal digits, which must be all of `text`.
+///
+/// \return 1 when read; 0, with `value` unchanged, for any other text and for a number beyond `long long`.
+[[nodiscard]] MLCORE_API int ParseInteger(std::string_view text, long long& value) noexcept;
+
 /// Appends `value` with at least `digits` digits, filled up with zeros behind the sign: as printf's "%.*lld".
 MLCORE_API void AppendPadded(std::string& text, long long value, int digits);
 
