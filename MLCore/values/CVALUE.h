@@ -1,0 +1,310 @@
+#pragma once
+
+#include <MLCore/core/CSHAREOBJECT.h>
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/core/Narrowing.h>
+#include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/CDATETIME.h>
+#include <MLCore/datetime/CTIME.h>
+#include <MLCore/datetime/CTIMESPAN.h>
+#include <MLCore/platform/Export.h>
+#include <MLCore/platform/ForwardTypes.h>
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+namespace MLCore {
+
+/// What a CVALUE cannot be made of: characters, enumerations, numbers of other widths and pointers to other things.
+/// Without this some of them would become a Bool.
+template <class T>
+concept NOVALUE = std::is_enum_v<T> ||
+                  (std::is_arithmetic_v<T> && !std::same_as<T, bool> && !std::same_as<T, short> &&
+                   !std::same_as<T, unsigned short> && !std::same_as<T, int> && !std::same_as<T, long> &&
+                   !std::same_as<T, unsigned long> && !std::same_as<T, float> && !std::same_as<T, double>) ||
+                  (std::is_pointer_v<T> && !std::convertible_to<T, const char*> &&
+                   !std::convertible_to<T, CSHAREOBJECT*>);
+
+/// One value of one of fourteen types, or nothing: what expressions, predicates and streams carry their constants in.
+///
+///     CVALUE value = 5L;              // a Long
+///     value == 5L;                    // true
+///     value == short(5);              // false: another type
+///     value = "abc";                  // now a String
+///     value.ToLong();                 // fails with kErrValueType
+///
+/// A value never converts. It has the type of what it was made of, only the accessor of that type reads it, and two
+/// values of different types are never equal. An `int` makes a Bool, since the library's booleans are `int`; write 5L for
+/// a number.
+///
+/// 12 bytes. The value owns what it points to: copies are deep, except that copies of an object share it. A value moved
+/// from is Unknown. Numbers, times and booleans need no memory of their own.
+class MLCORE_API CVALUE {
+public:
+    enum class Type : std::int32_t {
+        Unknown,   ///< nothing: the null value
+        Short,     ///< 16 bits
+        UShort,    ///< 16 bits without a sign
+        Long,      ///< 32 bits
+        ULong,     ///< 32 bits without a sign
+        Date,      ///< CDATE
+        Time,      ///< CTIME
+        String,    ///< text up to its first zero byte, in code page 1252
+        Float,     ///< 32 bits
+        Double,    ///< 64 bits
+        DateTime,  ///< CDATETIME
+        Bool,      ///< an `int`, kept as it is: CVALUE(5) is not equal to True()
+        Object,    ///< a shared object, one reference held; may be null
+        Guid,      ///< _GUID
+    };
+
+    static const CVALUE& Null() noexcept;   ///< Unknown
+    static const CVALUE& True() noexcept;   ///< Bool 1
+    static const CVALUE& False() noexcept;  ///< Bool 0
+
+    CVALUE() noexcept = default;
+    // Each of the following also assigns: the value is made first, then what was held is let go.
+    CVALUE(short value) noexcept : mType(Type::Short) { SetPayload(value); }
+    CVALUE(unsigned short value) noexcept : mType(Type::UShort) { SetPayload(value); }
+    CVALUE(int value) noexcept : mType(Type::Bool) { SetPayload(value); }
+    /// Fails with kErrOverflow when the number does not fit 32 bits.
+    CVALUE(long value) : mType(Type::Long) { SetPayload(Int32OrFail(value)); }
+    CVALUE(unsigned long value) : mType(Type::ULong) { SetPayload(UInt32OrFail(value)); }
+    CVALUE(float value) : CVALUE(Type::Float, &value) {}
+    CVALUE(double value) : CVALUE(Type::Double, &value) {}
+    /// Null makes an empty String.
+    CVALUE(const char* value) : CVALUE(Type::String, value) {}
+    /// Keeps what stands before the first zero byte.
+    CVALUE(const std::string& value) : CVALUE(value.c_str()) {}
+    CVALUE(const CDATE& value) : CVALUE(Type::Date, &value) {}
+    CVALUE(const CTIME& value) noexcept : mType(Type::Time) { SetPayload(value.GetTotalSeconds()); }
+    CVALUE(const CDATETIME& value) : CVALUE(Type::DateTime, &value) {}
+    CVALUE(const _GUID& value) : CVALUE(Type::Guid, &value) {}
+    /// Adds a reference; null is allowed.
+    CVALUE(CSHAREOBJECT* value) : CVALUE(Type::Object, value) {}
+    template <class T>
+    requires std::convertible_to<T*, CSHAREOBJECT*> CVALUE(const CSHAREOBJECTPTR<T>& value)
+        : CVALUE(static_cast<CSHAREOBJECT*>(value.Get())) {}
+    /// By the variant's type: VT_EMPTY and VT_NULL make Unknown, VT_I2 Short, VT_UI2 UShort, VT_I4 and VT_INT Long,
+    /// VT_UI4 and VT_UINT ULong, VT_R4 Float, VT_R8 Double, VT_BSTR String (in code page 1252), VT_BOOL Bool 0 or 1,
+    /// VT_DATE DateTime. Other types, and dates that are none, fail with kErrValueType.
+    CVALUE(const _variant_t& value);
+    /// Copies GetTypeSize(type, data) bytes from `data`, or as many zeros when `data` is null. For an object `data` is
+    /// the CSHAREOBJECT* itself, so that CVALUE(v.GetType(), v.GetValue()) copies any value. Fails with kErrValueType for
+    /// an unknown type.
+    CVALUE(Type type, const void* data);
+    template <NOVALUE T>
+    CVALUE(T) = delete;
+
+    CVALUE(const CVALUE& other) : mType(other.mType) {
+        if (OwnsPayload()) {
+            CopyPayload(other);
+        } else {
+            SetPayload(other.Payload());
+        }
+    }
+    CVALUE(CVALUE&& other) noexcept { Swap(other); }
+    CVALUE& operator=(const CVALUE& other) {
+        CVALUE copy(other);
+        Swap(copy);
+        return *this;
+    }
+    CVALUE& operator=(CVALUE&& other) noexcept {
+        CVALUE taken(std::move(other));
+        Swap(taken);
+        return *this;
+    }
+    ~CVALUE() {
+        if (OwnsPayload()) {
+            ReleasePayload();
+        }
+    }
+
+    /// Frees or releases what is held. The type stays; the value is then its type's zero: 0, "", the null date, no object.
+    void Clear() noexcept {
+        CVALUE old;
+        std::swap(mPayload, old.mPayload);
+        old.mType = mType;
+    }
+    /// Makes it the zero of this type. Fails with kErrValueType for an unknown type and is left alone.
+    void SetType(Type type) { *this = CVALUE(type, nullptr); }
+    /// Replaces the content, keeping the type: see CVALUE(Type, const void*). `data` may lie in this value.
+    void SetValue(const void* data) { *this = CVALUE(mType, data); }
+
+    [[nodiscard]] Type GetType() const noexcept { return mType; }
+    /// 1 when the type is Unknown.
+    [[nodiscard]] int IsNull() const noexcept { return mType == Type::Unknown ? 1 : 0; }
+    /// The stored bytes, until the value changes: in the value itself or, for an allocated type, in its block; for an
+    /// object the pointer to it. Null for Unknown, a null object and an allocated type after Clear().
+    [[nodiscard]] const void* GetValue() const noexcept { return OwnsPayload() ? Block() : mPayload; }
+    /// The number of stored bytes; fails with kErrValueType for Unknown.
+    [[nodiscard]] std::size_t GetSize() const;
+    /// The bytes that a type stores: 0 for Unknown and for what is no type; for String the length of `text`, which is read
+    /// for String only, and 1.
+    [[nodiscard]] static std::size_t GetTypeSize(Type type, const char* text = nullptr) noexcept;
+    /// 1 when values of the type hold a pointer: Unknown (always null), Date, String, Float, Double, DateTime, Object, Guid.
+    [[nodiscard]] static constexpr int IsAllocatedType(Type type) noexcept {
+        return type < Type::Short || (type > Type::ULong && type != Type::Time && type != Type::Bool) ? 1 : 0;
+    }
+
+    // What is stored. All fail with kErrValueType when the value is not of exactly this type.
+    [[nodiscard]] short ToShort() const { return static_cast<short>(NumberOf(Type::Short)); }
+    [[nodiscard]] unsigned short ToWord() const { return static_cast<unsigned short>(NumberOf(Type::UShort)); }
+    [[nodiscard]] long ToLong() const { return static_cast<long>(NumberOf(Type::Long)); }
+    [[nodiscard]] unsigned long ToDWord() const { return static_cast<unsigned long>(NumberOf(Type::ULong)); }
+    [[nodiscard]] CDATE ToDate() const { return StoredAs<CDATE>(Type::Date); }
+    [[nodiscard]] CTIME ToTime() const { return StoredAs<CTIME>(Type::Time); }
+    [[nodiscard]] std::string ToString() const { return static_cast<const char*>(*this); }
+    [[nodiscard]] float ToFloat() const { return StoredAs<float>(Type::Float); }
+    [[nodiscard]] double ToDouble() const { return StoredAs<double>(Type::Double); }
+    [[nodiscard]] CDATETIME ToDateTime() const { return StoredAs<CDATETIME>(Type::DateTime); }
+    [[nodiscard]] int ToBool() const { return static_cast<int>(NumberOf(Type::Bool)); }
+    /// Borrowed; null when no object is held.
+    [[nodiscard]] CSHAREOBJECT* ToObject() const;
+    [[nodiscard]] _GUID ToGuid() const;
+    /// The text of a String, never null, until the value changes.
+    operator const char*() const {
+        Require(Type::String);
+        return static_cast<const char*>(Stored());
+    }
+    /// The span from midnight to a Time.
+    [[nodiscard]] CTIMESPAN ToTimeSpan() const { return CTIMESPAN(ToTime().GetTotalSeconds()); }
+    /// The variant that the constructor turns back, except that Date and Time become VT_DATE as DateTime does: a date at
+    /// midnight, a time on day 0. Unknown makes VT_EMPTY, null dates the variant date 0. Fails with kErrValueType for Guid,
+    /// Object and dates that no variant can hold.
+    [[nodiscard]] _variant_t ToVariant() const;
+
+    /// `if (value)` would read the text and fail for all other types: ask IsNull() or ToBool().
+    explicit operator bool() const = delete;
+
+    /// The same type and the same bytes, so 0.0 and -0.0 differ and a NaN equals itself; texts by character, objects by
+    /// identity.
+    friend bool operator==(const CVALUE& left, const CVALUE& right) noexcept {
+        return left.mType == right.mType &&
+               (left.OwnsPayload() ? left.Bytes() == right.Bytes() : left.Payload() == right.Payload());
+    }
+    // With a plain value: false for any other type, then by the plain type's own equality. The orders may be turned round.
+    friend bool operator==(const CVALUE& value, short other) noexcept { return value.Is(Type::Short, other); }
+    friend bool operator==(const CVALUE& value, unsigned short other) noexcept { return value.Is(Type::UShort, other); }
+    friend bool operator==(const CVALUE& value, int other) noexcept { return value.Is(Type::Bool, other); }
+    friend bool operator==(const CVALUE& value, long other) noexcept { return value.Is(Type::Long, other); }
+    friend bool operator==(const CVALUE& value, unsigned long other) noexcept {
+        return value.mType == Type::ULong && static_cast<unsigned long>(value.Payload()) == other;
+    }
+    friend bool operator==(const CVALUE& value, float other) noexcept {
+        return value.mType == Type::Float && value.Load<float>() == other;
+    }
+    friend bool operator==(const CVALUE& value, double other) noexcept {
+        return value.mType == Type::Double && value.Load<double>() == other;
+    }
+    /// Null is the empty text.
+    friend bool operator==(const CVALUE& value, const char* other) noexcept {
+        return value.mType == Type::String && value.Bytes() == (other == nullptr ? "" : other);
+    }
+    friend bool operator==(const CVALUE& value, const std::string& other) noexcept { return value == other.c_str(); }
+    friend bool operator==(const CVALUE& value, const CSHAREOBJECT* other) noexcept {
+        return value.mType == Type::Object && value.Block() == other;
+    }
+    template <class T>
+    friend bool operator==(const CVALUE& value, const CSHAREOBJECTPTR<T>& other) noexcept {
+        return value == static_cast<const CSHAREOBJECT*>(other.Get());
+    }
+    friend bool operator==(const CVALUE& value, const CDATE& other) noexcept {
+        return value.mType == Type::Date && value.Load<CDATE>() == other;
+    }
+    friend bool operator==(const CVALUE& value, const CTIME& other) noexcept {
+        return value.Is(Type::Time, other.GetTotalSeconds());
+    }
+    friend bool operator==(const CVALUE& value, const CDATETIME& other) noexcept {
+        return value.mType == Type::DateTime && value.Load<CDATETIME>() == other;
+    }
+    /// True for a Time that lies this span after midnight.
+    friend bool operator==(const CVALUE& value, const CTIMESPAN& other) noexcept {
+        return value.Is(Type::Time, other.GetTotalSeconds());
+    }
+    friend bool operator==(const CVALUE& value, const _GUID& other) noexcept { return value.IsGuid(other); }
+    /// As the value that the variant makes; false when it makes none.
+    friend bool operator==(const CVALUE& value, const _variant_t& other) { return value.IsVariant(other); }
+
+    /// Writes the value's text: see AppendValueText().
+    friend MLCORE_API std::ostream& operator<<(std::ostream& out, const CVALUE& value);
+    /// Writes "Type::Long" and so on; nothing for Object and for what is no type.
+    friend MLCORE_API std::ostream& operator<<(std::ostream& out, Type type);
+
+private:
+    friend struct std::hash<CVALUE>;
+
+    [[nodiscard]] bool OwnsPayload() const noexcept { return IsAllocatedType(mType) != 0; }
+    [[nodiscard]] std::int64_t Payload() const noexcept {
+        std::int64_t payload;
+        std::memcpy(&payload, mPayload, sizeof(payload));
+        return payload;
+    }
+    void SetPayload(std::int64_t payload) noexcept { std::memcpy(mPayload, &payload, sizeof(payload)); }
+    /// The payload of an allocated type.
+    [[nodiscard]] void* Block() const noexcept {
+        void* block;
+        std::memcpy(&block, mPayload, sizeof(block));
+        return block;
+    }
+    void SetBlock(void* block) noexcept { std::memcpy(mPayload, &block, sizeof(block)); }
+    void CopyPayload(const CVALUE& other);
+    void ReleasePayload() noexcept;
+    void Swap(CVALUE& other) noexcept {
+        std::swap(mType, other.mType);
+        std::swap(mPayload, other.mPayload);
+    }
+
+    /// The stored bytes; zeros where an allocated type holds none. Not for objects.
+    [[nodiscard]] const void* Stored() const noexcept {
+        alignas(8) static constexpr unsigned char kZeros[16] = {};
+        const void* const stored = GetValue();
+        return stored == nullptr ? kZeros : stored;
+    }
+    /// What equality of an allocated type compares.
+    [[nodiscard]] std::string_view Bytes() const noexcept;
+    template <class T>
+    [[nodiscard]] T Load() const noexcept {
+        T stored;
+        std::memcpy(&stored, Stored(), sizeof(stored));
+        return stored;
+    }
+    void Require(Type type) const {
+        if (mType != type) {
+            FailOSErr(kErrValueType);
+        }
+    }
+    template <class T>
+    [[nodiscard]] T StoredAs(Type type) const {
+        Require(type);
+        return Load<T>();
+    }
+    [[nodiscard]] std::int64_t NumberOf(Type type) const {
+        Require(type);
+        return Payload();
+    }
+    [[nodiscard]] bool Is(Type type, long long number) const noexcept { return mType == type && Payload() == number; }
+    [[nodiscard]] bool IsGuid(const _GUID& guid) const noexcept;
+    [[nodiscard]] bool IsVariant(const _variant_t& variant) const;
+
+    Type mType = Type::Unknown;
+    unsigned char mPayload[8] = {};  // bytes, since 64 bits would ask for more alignment than the type's 32
+};
+
+static_assert(sizeof(CVALUE) == 12 && alignof(CVALUE) == 4);
+
+}  // namespace MLCore
+
+/// Matches the equality of two values.
+template <>
+struct MLCORE_API std::hash<MLCore::CVALUE> {
+    std::size_t operator()(const MLCore::CVALUE& value) const noexcept;
+};
