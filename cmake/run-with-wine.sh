@@ -5,6 +5,8 @@ set -eu
 
 wine=/usr/lib/wine/wine64
 [ -x "$wine" ] || wine=$(command -v wine64 || command -v wine)
+server=$(dirname "$wine")/wineserver64
+[ -x "$server" ] || server=$(command -v wineserver)
 export WINEDEBUG=${WINEDEBUG:--all}
 # No offers to download what a console program does not need.
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree=;mshtml=}
@@ -12,12 +14,14 @@ export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree=;mshtml=}
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 export WINEPREFIX=${WINEPREFIX:-$here/../build/wine}
 
-# Made once, by one process, and without our output: the services that Wine leaves running would keep a pipe open.
-if [ ! -f "$WINEPREFIX/system.reg" ]; then
+# Made once, by one process, and without our output: the services that Wine leaves running would keep a pipe open. Wine writes
+# its files early and is not ready then: only the mark says that all of it is there.
+ready=$WINEPREFIX/.ready
+if [ ! -f "$ready" ]; then
     mkdir -p "$WINEPREFIX"
     (
         flock 9
-        [ -f "$WINEPREFIX/system.reg" ] || "$wine" wineboot --init 9>&-
+        [ -f "$ready" ] || { "$wine" wineboot --init && { "$server" -w || :; } && touch "$ready"; } 9>&- || :
     ) 9>"$WINEPREFIX/.making" >/dev/null 2>&1 </dev/null
 fi
 
