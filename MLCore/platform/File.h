@@ -1,0 +1,75 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace MLCore::platform {
+
+/// Files as bytes, with 64-bit sizes and offsets. Nothing is buffered here.
+///
+/// A path is narrow text: on Windows in the ANSI code page, elsewhere the bytes of the file system. After a failure
+/// LastError() tells why: 2 (on Windows also 3) not found, 5 access denied, 32 in use by others, 80 exists already, 87
+/// invalid flags, offset or path, 112 disk full, 132 no offsets in it (a pipe, a terminal), 336 a folder.
+///
+/// All functions may be called from any thread; a file's offset is one for all of its users.
+
+/// An open file, owned by whoever opened it until FileClose.
+using FILEHANDLE = std::intptr_t;
+
+/// No file.
+inline constexpr FILEHANDLE kNoFile = -1;
+
+/// How to open a file: kFileRead, kFileWrite or both, or kFileAppend with or without kFileRead; the others on top.
+inline constexpr unsigned int kFileRead = 0x01;
+inline constexpr unsigned int kFileWrite = 0x02;
+inline constexpr unsigned int kFileAppend = 0x04;     ///< writes go to the file's end, whatever the offset
+inline constexpr unsigned int kFileCreate = 0x08;     ///< makes the file when it is missing; needs Write or Append
+inline constexpr unsigned int kFileExclusive = 0x10;  ///< fails when the file is there; needs Create
+inline constexpr unsigned int kFileTruncate = 0x20;   ///< empties the file; needs Write, not with Append
+
+/// Opens a file with its offset at 0. Never waits for the other end of a pipe. Programs started later do not inherit it.
+///
+/// What others may do meanwhile, on Windows only: anything while it is open for reading or appending, read while it is
+/// open for writing. Hence a file has one writer or several appenders there, and any number of readers.
+/// \return the file, or kNoFile. Folders are refused. A new file gets the system's usual rights.
+[[nodiscard]] MLCORE_API FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept;
+
+/// Closes a file; it is closed in any case. False when the system reports a late write error.
+MLCORE_API bool FileClose(FILEHANDLE file) noexcept;
+
+/// Reads up to `count` bytes at the offset and moves it.
+///
+/// \return the number of bytes; 0 only at the end or for count 0; -1 on failure.
+[[nodiscard]] MLCORE_API std::int64_t FileRead(FILEHANDLE file, void* buffer, std::size_t count) noexcept;
+
+/// Writes `count` bytes at the offset, or at the end of a file opened with kFileAppend, and moves the offset behind them.
+///
+/// Up to a GiB goes to the system in one piece, so small texts that several processes append do not mix.
+/// \return the number of bytes written: `count`, or less after a failure.
+[[nodiscard]] MLCORE_API std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
+
+/// Moves the offset, counted from the file's begin; it may lie beyond the end.
+[[nodiscard]] MLCORE_API bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept;
+
+/// The size in bytes, or -1 on failure. The offset may change.
+[[nodiscard]] MLCORE_API std::int64_t FileSize(FILEHANDLE file) noexcept;
+
+/// Cuts the file or lengthens it by zeros; needs kFileWrite. The offset stays.
+[[nodiscard]] MLCORE_API bool FileResize(FILEHANDLE file, std::uint64_t size) noexcept;
+
+/// Removes a file by its name; on Windows not while others have it open for writing.
+[[nodiscard]] MLCORE_API bool FileRemove(const char* path) noexcept;
+
+/// Whether the flags of FileOpen go together.
+[[nodiscard]] constexpr bool AreFileFlagsValid(unsigned int flags) noexcept {
+    const bool isWritten = (flags & (kFileWrite | kFileAppend)) != 0;
+    const bool isAppended = (flags & kFileAppend) != 0;
+    return flags < 0x40 && (flags & (kFileRead | kFileWrite | kFileAppend)) != 0 &&
+           !(isAppended && (flags & (kFileWrite | kFileTruncate)) != 0) &&
+           !(!isWritten && (flags & (kFileCreate | kFileTruncate)) != 0) &&
+           !((flags & kFileExclusive) != 0 && (flags & kFileCreate) == 0);
+}
+
+}  // namespace MLCore::platform

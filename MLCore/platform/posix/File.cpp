@@ -1,0 +1,123 @@
+#include <MLCore/platform/File.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace MLCore::platform {
+
+namespace {
+
+static_assert(sizeof(off_t) == sizeof(std::int64_t));
+
+/// The system takes less than 2 GiB at once.
+constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
+
+/// Repeats a system call that a signal interrupts.
+template <class Call>
+auto Uninterrupted(Call&& call) noexcept {
+    decltype(call()) result = 0;
+    do {
+        result = call();
+    } while (result == -1 && errno == EINTR);
+    return result;
+}
+
+bool Fail(int errorNumber) noexcept {
+    errno = errorNumber;
+    return false;
+}
+
+int SystemFlags(unsigned int flags) noexcept {
+    // Not blocking: to open a pipe would wait for its other end.
+    int result = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    if ((flags & (kFileWrite | kFileAppend)) == 0) {
+        result |= O_RDONLY;
+    } else {
+        result |= (flags & kFileRead) != 0 ? O_RDWR : O_WRONLY;
+    }
+    constexpr struct {
+        unsigned int flag;
+        int systemFlag;
+    } kRows[] = {{kFileAppend, O_APPEND}, {kFileCreate, O_CREAT}, {kFileExclusive, O_EXCL}, {kFileTruncate, O_TRUNC}};
+    for (const auto& row : kRows) {
+        result |= (flags & row.flag) != 0 ? row.systemFlag : 0;
+    }
+    return result;
+}
+
+/// A folder can be opened for reading, but not read; what is no plain file is to wait for its data.
+bool Settle(int descriptor) noexcept {
+    struct stat status = {};
+    if (fstat(descriptor, &status) != 0) {
+        return false;
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return Fail(EISDIR);
+    }
+    if (S_ISREG(status.st_mode)) {
+        return true;
+    }
+    const int flags = fcntl(descriptor, F_GETFL);
+    return flags != -1 && fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) != -1;
+}
+
+int Descriptor(FILEHANDLE file) noexcept { return static_cast<int>(file); }
+
+}  // namespace
+
+FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept {
+    if (path == nullptr || !AreFileFlagsValid(flags)) {
+        errno = EINVAL;
+        return kNoFile;
+    }
+    const int descriptor = Uninterrupted([&] { return open(path, SystemFlags(flags), 0666); });
+    if (descriptor != -1 && !Settle(descriptor)) {
+        const int errorNumber = errno;
+        close(descriptor);
+        errno = errorNumber;
+        return kNoFile;
+    }
+    return descriptor;
+}
+
+bool FileClose(FILEHANDLE file) noexcept {
+    // Interrupted or not, the descriptor is free then and may belong to somebody else already.
+    return close(Descriptor(file)) == 0 || errno == EINTR;
+}
+
+std::int64_t FileRead(FILEHANDLE file, void* buffer, std::size_t count) noexcept {
+    return Uninterrupted([&] { return read(Descriptor(file), buffer, std::min(count, kMostAtOnce)); });
+}
+
+std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
+    const char* const bytes = static_cast<const char*>(buffer);
+    std::size_t done = 0;
+    while (done < count) {
+        const std::size_t some = std::min(count - done, kMostAtOnce);
+        const ssize_t written = Uninterrupted([&] { return write(Descriptor(file), bytes + done, some); });
+        if (written <= 0) {
+            errno = written == 0 ? EIO : errno;
+            break;
+        }
+        done += static_cast<std::size_t>(written);
+    }
+    return done;
+}
+
+bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept {
+    return lseek(Descriptor(file), static_cast<off_t>(offset), SEEK_SET) != -1;
+}
+
+std::int64_t FileSize(FILEHANDLE file) noexcept { return lseek(Descriptor(file), 0, SEEK_END); }
+
+bool FileResize(FILEHANDLE file, std::uint64_t size) noexcept {
+    return Uninterrupted([&] { return ftruncate(Descriptor(file), static_cast<off_t>(size)); }) == 0;
+}
+
+bool FileRemove(const char* path) noexcept { return path == nullptr ? Fail(EINVAL) : unlink(path) == 0; }
+
+}  // namespace MLCore::platform
