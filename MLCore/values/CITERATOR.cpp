@@ -1,0 +1,7 @@
+#include <MLCore/values/CITERATOR.h>
+
+namespace MLCore {
+
+CITERATOR::~CITERATOR() = default;
+
+}  // namespace MLCore

@@ -1,0 +1,95 @@
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/values/CMEMARRAY.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace MLCore {
+
+namespace {
+
+constexpr long kMaxCapacity = 65536;
+
+std::size_t CheckedIndex(long index, std::size_t end) {
+    if (index < 0 || static_cast<std::size_t>(index) >= end) {
+        FailOSErr(kErrUnknownKey);
+    }
+    return static_cast<std::size_t>(index);
+}
+
+}  // namespace
+
+MLCORE_REGISTER_CLASS(CMEMARRAY)
+
+// The destructor of an element may still add others.
+CMEMARRAY::~CMEMARRAY() {
+    while (!mObjects.empty()) {
+        CMEMARRAY::RemoveAll();
+    }
+}
+
+CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create() { return AdoptObject<CARRAY>(new CMEMARRAY); }
+
+CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create(long capacity) {
+    std::vector<CSHAREOBJECTPTR<COBJECT>> objects;
+    objects.reserve(static_cast<std::size_t>(std::clamp(capacity, 0L, kMaxCapacity)));
+    return Create(std::move(objects));
+}
+
+CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create(COBJECT* object) { return Create(&object, 1); }
+
+CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create(COBJECT* first, COBJECT* second) { return Create({first, second}); }
+
+CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create(std::initializer_list<COBJECT*> objects) {
+    return Create(objects.begin(), static_cast<long>(objects.size()));
+}
+
+CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create(COBJECT* const* objects, long count) {
+    if (count <= 0) {
+        return Create();
+    }
+    FailNull(objects);
+    return Create(std::vector<CSHAREOBJECTPTR<COBJECT>>(objects, objects + count));
+}
+
+CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create(std::vector<CSHAREOBJECTPTR<COBJECT>> objects) {
+    auto* const array = new CMEMARRAY;
+    array->mObjects = std::move(objects);
+    return AdoptObject<CARRAY>(array);
+}
+
+long CMEMARRAY::GetCount() const { return static_cast<long>(mObjects.size()); }
+
+CSHAREOBJECTPTR<COBJECT> CMEMARRAY::GetObjectAt(long index) const {
+    return mObjects[CheckedIndex(index, mObjects.size())];
+}
+
+long CMEMARRAY::GetObjectIndex(COBJECT* object) const {
+    const auto found = std::find(mObjects.begin(), mObjects.end(), object);
+    return found != mObjects.end() ? static_cast<long>(found - mObjects.begin()) : -1;
+}
+
+void CMEMARRAY::AddObject(COBJECT* object) { mObjects.emplace_back(object); }
+
+void CMEMARRAY::InsertObject(long index, COBJECT* object) {
+    mObjects.emplace(mObjects.begin() + static_cast<long>(CheckedIndex(index, mObjects.size() + 1)), object);
+}
+
+// What leaves the array is released last, when the array is whole again: the destructor of an object may change it.
+
+void CMEMARRAY::SetObjectAt(long index, COBJECT* object) {
+    CSHAREOBJECTPTR<COBJECT> other(object);
+    std::swap(mObjects[CheckedIndex(index, mObjects.size())], other);
+}
+
+void CMEMARRAY::RemoveObjectAt(long index) {
+    const auto place = mObjects.begin() + static_cast<long>(CheckedIndex(index, mObjects.size()));
+    const CSHAREOBJECTPTR<COBJECT> removed = std::move(*place);
+    mObjects.erase(place);
+}
+
+void CMEMARRAY::RemoveAll() { std::exchange(mObjects, {}); }
+
+}  // namespace MLCore

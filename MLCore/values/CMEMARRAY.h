@@ -1,0 +1,43 @@
+#pragma once
+
+#include <MLCore/values/CARRAY.h>
+
+#include <initializer_list>
+#include <vector>
+
+namespace MLCore {
+
+/// The array in memory. Appending takes constant time on average, reaching an element always.
+class MLCORE_API CMEMARRAY : public CARRAY {
+    MLCORE_CLASS(CMEMARRAY, CARRAY)
+
+public:
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create();
+    /// An empty array with room for about `capacity` elements: a hint, taken as 0 when negative and as 65536 at most.
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(long capacity);
+    /// Arrays of these objects, null ones included.
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* object);
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* first, COBJECT* second);
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(std::initializer_list<COBJECT*> objects);
+    /// `count` objects from `objects` on. Empty when `count` is not positive; otherwise null `objects` fail with -100.
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* const* objects, long count);
+    /// Takes the references over.
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(std::vector<CSHAREOBJECTPTR<COBJECT>> objects);
+
+    [[nodiscard]] long GetCount() const override;
+    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetObjectAt(long index) const override;
+    [[nodiscard]] long GetObjectIndex(COBJECT* object) const override;
+    void AddObject(COBJECT* object) override;
+    void InsertObject(long index, COBJECT* object) override;
+    void SetObjectAt(long index, COBJECT* object) override;
+    void RemoveObjectAt(long index) override;
+    void RemoveAll() override;
+
+private:
+    CMEMARRAY() = default;
+    ~CMEMARRAY() override;
+
+    std::vector<CSHAREOBJECTPTR<COBJECT>> mObjects;
+};
+
+}  // namespace MLCore

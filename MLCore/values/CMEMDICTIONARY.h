@@ -1,0 +1,45 @@
+#pragma once
+
+#include <MLCore/values/CDICTIONARY.h>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+
+namespace MLCore {
+
+/// The dictionary in memory. Reaching a key takes logarithmic time.
+class MLCORE_API CMEMDICTIONARY : public CDICTIONARY {
+    MLCORE_CLASS(CMEMDICTIONARY, CDICTIONARY)
+
+public:
+    [[nodiscard]] static CSHAREOBJECTPTR<CDICTIONARY> Create();
+    /// One value (may be null) under one key.
+    [[nodiscard]] static CSHAREOBJECTPTR<CDICTIONARY> Create(const std::string& key, COBJECT* value);
+    /// `count` values under the keys at the same places; of equal keys the last holds. Empty when `count` is not positive;
+    /// otherwise null `keys` or `values` fail with -100.
+    [[nodiscard]] static CSHAREOBJECTPTR<CDICTIONARY> Create(const std::string* keys, COBJECT* const* values,
+                                                             long count);
+
+    [[nodiscard]] COBJECTITERATOR* CreateValueIterator() const override;
+    [[nodiscard]] CSHAREOBJECTPTR<CARRAY> GetKeys() const override;
+    [[nodiscard]] CSHAREOBJECTPTR<CARRAY> GetValues() const override;
+    [[nodiscard]] long GetCount() const override;
+    [[nodiscard]] int ContainsKey(const std::string& key) const override;
+    int RemoveKey(const std::string& key) override;
+    void RemoveAll() override;
+    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override;
+    void SetKeyValue(const std::string& key, COBJECT* value) override;
+
+private:
+    class VALUEITERATOR;
+    using VALUES = std::map<std::string, CSHAREOBJECTPTR<COBJECT>, std::less<>>;
+
+    CMEMDICTIONARY() = default;
+    ~CMEMDICTIONARY() override;
+
+    VALUES mValues;
+    std::uint64_t mRemovals = 0;  // tells iterators when the place that they remember may have gone
+};
+
+}  // namespace MLCore

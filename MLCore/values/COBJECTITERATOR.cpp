@@ -1,0 +1,7 @@
+#include <MLCore/values/COBJECTITERATOR.h>
+
+namespace MLCore {
+
+COBJECTITERATOR::~COBJECTITERATOR() = default;
+
+}  // namespace MLCore

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <MLCore/core/COBJECT.h>
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/platform/Export.h>
+#include <MLCore/values/CARRAY.h>
+#include <MLCore/values/ELEMENTCURSOR.h>
+
+#include <iterator>
+#include <string>
+
+namespace MLCore {
+
+/// A collection that holds each object once, by one reference. Identity decides, not contents; null is never an element.
+/// The order is that of insertion. CMEMSET makes them.
+///
+/// The operations with another set or array fail with -100 when it is null, and are linear in the elements of both. The set
+/// itself may be the other one.
+class MLCORE_API CSET : public COBJECT {
+    MLCORE_CLASS(CSET, COBJECT)
+
+public:
+    /// Adds the elements of `objects`, leaving out nulls.
+    virtual void AddObjects(CARRAY* objects);
+    /// 1 when each element of `other` is an element here.
+    [[nodiscard]] virtual int Contains(CSET* other) const;
+    /// 1 when an element of `other` is an element here.
+    [[nodiscard]] virtual int Intersects(CSET* other) const;
+    /// A new array of the elements.
+    [[nodiscard]] virtual CSHAREOBJECTPTR<CARRAY> GetObjects() const;
+    /// Keeps only elements of `other`.
+    virtual void Intersect(CSET* other);
+    /// Adds the elements of `other`.
+    virtual void Union(CSET* other);
+    /// Takes out the elements of `other`. The name is the library's established one.
+    virtual void Substract(CSET* other);
+
+    [[nodiscard]] virtual long GetCount() const = 0;
+    /// Adds `object` behind the others; returns 0 when it is an element already, or null.
+    virtual int AddObject(COBJECT* object) = 0;
+    /// Takes `object` out; returns 0 when it is no element.
+    virtual int RemoveObject(COBJECT* object) = 0;
+    /// 1 when `object` is an element.
+    [[nodiscard]] virtual int ContainsObject(COBJECT* object) const = 0;
+    virtual void RemoveAll() = 0;
+    /// A new iterator on the first element; the caller deletes it.
+    [[nodiscard]] virtual COBJECTITERATOR* CreateIterator() const = 0;
+
+    /// As in an array (CARRAY), in the order of insertion.
+    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override;
+    void SetKeyValue(const std::string& key, COBJECT* value) override;
+
+    [[nodiscard]] ELEMENTCURSOR begin() const { return ELEMENTCURSOR(CreateIterator()); }
+    [[nodiscard]] std::default_sentinel_t end() const { return {}; }
+
+protected:
+    CSET() = default;
+    ~CSET() override;
+};
+
+}  // namespace MLCore

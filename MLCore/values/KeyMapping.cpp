@@ -1,0 +1,76 @@
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/CSET.h>
+#include <MLCore/values/KeyMapping.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace MLCore {
+
+namespace {
+
+constexpr int kMaxLevels = 256;
+thread_local int gLevels = 0;
+
+// Collections may hold themselves.
+class LEVEL {
+public:
+    LEVEL() {
+        if (gLevels == kMaxLevels) {
+            FailOSErr(kErrUnknownKey);
+        }
+        ++gLevels;
+    }
+    ~LEVEL() { --gLevels; }
+    LEVEL(const LEVEL&) = delete;
+    LEVEL& operator=(const LEVEL&) = delete;
+};
+
+}  // namespace
+
+ELEMENTS ElementsOf(const CARRAY& array) {
+    ELEMENTS elements;
+    const long count = array.GetCount();
+    elements.reserve(static_cast<std::size_t>(count));
+    for (long index = 0; index < count; ++index) {
+        elements.push_back(array.GetObjectAt(index));
+    }
+    return elements;
+}
+
+ELEMENTS ElementsOf(const CSET& set) {
+    ELEMENTS elements;
+    elements.reserve(static_cast<std::size_t>(set.GetCount()));
+    for (CSHAREOBJECTPTR<COBJECT> element : set) {
+        elements.push_back(std::move(element));
+    }
+    return elements;
+}
+
+CSHAREOBJECTPTR<COBJECT> MappedKeyValue(ELEMENTS elements, const std::string& key) {
+    const LEVEL level;
+    for (CSHAREOBJECTPTR<COBJECT>& element : elements) {
+        if (!!element) {
+            element = element->GetKeyValue(key);
+        }
+    }
+    return CMEMARRAY::Create(std::move(elements));
+}
+
+void SetMappedKeyValue(const ELEMENTS& elements, const std::string& key, COBJECT* value) {
+    const LEVEL level;
+    const CARRAY* const array = dynamic_cast<CARRAY*>(value);
+    FailNull(array);
+    const ELEMENTS values = ElementsOf(*array);
+    if (values.size() < elements.size() || std::find(elements.begin(), elements.end(), nullptr) != elements.end()) {
+        FailOSErr(kErrUnknownKey);
+    }
+    for (std::size_t index = 0; index < elements.size(); ++index) {
+        elements[index]->SetKeyValue(key, values[index]);
+    }
+}
+
+}  // namespace MLCore
