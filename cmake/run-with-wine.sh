@@ -25,6 +25,10 @@ if [ ! -f "$ready" ]; then
     ) 9>"$WINEPREFIX/.making" >/dev/null 2>&1 </dev/null
 fi
 
+# Up before the program starts, and for a while after it: a program that comes while Wine's server is going down may not start. The
+# call does nothing when there is one.
+"$server" -p120 >/dev/null 2>&1 </dev/null || :
+
 path=${WINEPATH:-}
 for dll in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
     file=$(x86_64-w64-mingw32-g++-posix "-print-file-name=$dll")

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+#include <MLCore/streams/CRANDOMIOSTREAM.h>
+#include <MLCore/streams/CURSORSTREAM.h>
+#include <MLCore/streams/GLOBALBLOCK.h>
+
+namespace MLCore {
+
+/// What CBUFFERSTREAM and CHANDLESTREAM share: data in a movable memory block that grows to exactly the size needed. The
+/// growth by small writes is linear in the bytes written all the same where the system keeps slack behind a block.
+///
+/// Without memory an operation fails with -100 and leaves the stream as it was.
+class MLCORE_API CGLOBALSTREAM : public CURSORSTREAM<CRANDOMIOSTREAM> {
+public:
+    ~CGLOBALSTREAM() override;
+
+    using COSTREAM::SetValue;
+    using CURSORSTREAM::GetValue;
+    /// At the first byte, with the size kept. Fails with -100 when the system does not lock the block.
+    void Open() override;
+    long GetValue(void* buffer, long count) override;
+    /// Overwrites from the position on, or extends.
+    void SetValue(const void* buffer, long count) override;
+
+    void SetSize(unsigned long long size) override;
+
+    /// The size of the memory block, open or closed.
+    [[nodiscard]] unsigned long long GetCapacity() const noexcept { return mBlock.GetSize(); }
+
+protected:
+    CGLOBALSTREAM();
+    CGLOBALSTREAM(void* handle, bool owns);
+
+    GLOBALBLOCK mBlock;
+
+private:
+    void SetCapacity(unsigned long long capacity);
+};
+
+}  // namespace MLCore

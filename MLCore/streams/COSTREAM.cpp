@@ -1,0 +1,121 @@
+#include <MLCore/streams/COSTREAM.h>
+
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/core/Narrowing.h>
+#include <MLCore/platform/GlobalMemory.h>
+#include <MLCore/streams/CSTREAMWRITER.h>
+#include <MLCore/streams/OBJECTDEPTH.h>
+
+#include <cstdint>
+#include <cstring>
+
+namespace MLCore {
+
+namespace {
+
+constexpr std::size_t kLongestBlock = 0x7FFFFFFF;
+constexpr std::size_t kLongestIdentifier = 0x7FFF;
+
+/// The bytes of a memory block, for as long as it lives.
+class LOCKEDBLOCK {
+public:
+    explicit LOCKEDBLOCK(void* handle) : mHandle(handle), mData(platform::GlobalBlockLock(handle)) { FailNull(mData); }
+    ~LOCKEDBLOCK() { platform::GlobalBlockUnlock(mHandle); }
+    LOCKEDBLOCK(const LOCKEDBLOCK&) = delete;
+    LOCKEDBLOCK& operator=(const LOCKEDBLOCK&) = delete;
+    [[nodiscard]] const void* GetData() const noexcept { return mData; }
+
+private:
+    void* mHandle;
+    const void* mData;
+};
+
+}  // namespace
+
+COSTREAM::COSTREAM(OpenMode mode) : CSTREAM(mode) {}
+
+COSTREAM::~COSTREAM() = default;
+
+void COSTREAM::SetValue(void* handle) {
+    const std::size_t size = handle != nullptr ? platform::GlobalBlockSize(handle) : 0;
+    if (size == 0) {
+        SetValue(0UL);
+        return;
+    }
+    if (size > kLongestBlock) {
+        FailOSErr(kErrOverflow);
+    }
+    const LOCKEDBLOCK block(handle);
+    SetValue(static_cast<unsigned long>(size));
+    SetValue(block.GetData(), static_cast<long>(size));
+}
+
+void COSTREAM::SetValue(const CSERIALIZABLE& object) {
+    CSTREAMWRITER writer(*this);
+    object.WriteState(writer);
+}
+
+void COSTREAM::SetValue(const CDATETIME& value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetValue(const CTIME& value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetValue(const CDATE& value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetValue(double value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetValue(unsigned long value) {
+    const std::uint32_t stored = UInt32OrFail(value);
+    SetValue(static_cast<const void*>(&stored), long{sizeof(stored)});
+}
+
+void COSTREAM::SetValue(unsigned short value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetValue(long value) {
+    const std::int32_t stored = Int32OrFail(value);
+    SetValue(static_cast<const void*>(&stored), long{sizeof(stored)});
+}
+
+void COSTREAM::SetValue(short value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetValue(const std::string& value) { WriteText(value); }
+
+void COSTREAM::SetValue(const char* value) {
+    if (value != nullptr) {
+        WriteText(value);
+    }
+}
+
+void COSTREAM::WriteText(std::string_view text) {
+    do {
+        const std::string_view piece = text.substr(0, kLongestBlock);  // what a `long` can count everywhere
+        SetValue(static_cast<const void*>(piece.data()), static_cast<long>(piece.size()));
+        text.remove_prefix(piece.size());
+    } while (!text.empty());
+}
+
+void COSTREAM::SetValue(char value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetValueBOOL(int value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+
+void COSTREAM::SetObject(const CSERIALIZABLEOBJECT* object) {
+    const char* const identifier = object != nullptr ? object->GetClassIdentifier() : nullptr;
+    if (identifier == nullptr) {
+        SetValue(short{0});
+        return;
+    }
+    const std::size_t length = std::strlen(identifier);
+    if (length > kLongestIdentifier) {
+        FailOSErr(kErrStreamName);
+    }
+    const OBJECTDEPTH depth(mObjectDepth);
+    SetValue(static_cast<short>(length));
+    SetValue(static_cast<const void*>(identifier), static_cast<long>(length));
+    SetValue(static_cast<const CSERIALIZABLE&>(*object));
+}
+
+void COSTREAM::WriteLine(const std::string&) {}
+
+void COSTREAM::SetNextLine() {}
+
+}  // namespace MLCore

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/CDATETIME.h>
+#include <MLCore/datetime/CTIME.h>
+#include <MLCore/platform/Export.h>
+#include <MLCore/streams/CSERIALIZABLEOBJECT.h>
+#include <MLCore/streams/CSTREAM.h>
+#include <MLCore/streams/StreamablePointer.h>
+
+#include <string>
+#include <string_view>
+
+namespace MLCore {
+
+/// A stream of bytes to write to.
+///
+/// A concrete stream defines the raw write; the typed writes are built on it and write values as they lie in memory,
+/// little-endian, `long` and `unsigned long` in 4 bytes (docs/formats/streams.md). A `long` that does not fit 32 bits fails
+/// with 126 before anything is written. Texts are written without length or terminator: the caller writes the length
+/// first, or uses a text or field decorator.
+///
+/// A class that overrides one SetValue() hides the others: it repeats `using COSTREAM::SetValue;`. An `int` or `bool` does
+/// not say which form it wants and does not compile, nor does a pointer that is neither a text nor a memory handle.
+class MLCORE_API COSTREAM : public virtual CSTREAM {
+public:
+    ~COSTREAM() override;
+
+    /// The raw write: all `count` bytes at `buffer`, or a failure. Nothing when `count` is not positive.
+    virtual void SetValue(const void* buffer, long count) = 0;
+    /// Writes a memory block (a handle, MLCore/platform/GlobalMemory.h; it stays the caller's): its size, then its bytes.
+    /// Null is a block of no bytes. Above 2^31-1 bytes: 126.
+    virtual void SetValue(void* handle);
+    /// Has `object` write its state to this stream.
+    virtual void SetValue(const CSERIALIZABLE& object);
+    virtual void SetValue(const CDATETIME& value);
+    virtual void SetValue(const CTIME& value);
+    virtual void SetValue(const CDATE& value);
+    virtual void SetValue(double value);
+    virtual void SetValue(unsigned long value);  ///< 4 bytes
+    virtual void SetValue(unsigned short value);
+    virtual void SetValue(long value);  ///< 4 bytes
+    virtual void SetValue(short value);
+    virtual void SetValue(const std::string& value);
+    virtual void SetValue(const char* value);  ///< up to the terminator; null writes nothing
+    virtual void SetValue(char value);
+    virtual void SetValueBOOL(int value);  ///< 4 bytes
+    /// Writes the identifier of the object's class with its length, then the object's state. Null, and an object whose
+    /// class has no identifier, is written as a null object. Fails with -111 for an identifier above 32767 characters, with
+    /// 138 beyond CISTREAM::kMaxObjectDepth.
+    virtual void SetObject(const CSERIALIZABLEOBJECT* object);
+    /// Lines exist in text only (COSTREAMDECORATORTEXT): here both do nothing.
+    virtual void WriteLine(const std::string& line);
+    virtual void SetNextLine();
+
+    template <class T>
+    requires UnstreamablePointer<T>
+    void SetValue(T* pointer) = delete;
+    template <class T>
+    void SetValue(const CSHAREOBJECTPTR<T>& holder) = delete;  // SetObject(holder)
+
+    COSTREAM& operator<<(char value) { return Insert(value); }
+    COSTREAM& operator<<(short value) { return Insert(value); }
+    COSTREAM& operator<<(unsigned short value) { return Insert(value); }
+    COSTREAM& operator<<(long value) { return Insert(value); }
+    COSTREAM& operator<<(unsigned long value) { return Insert(value); }
+    COSTREAM& operator<<(double value) { return Insert(value); }
+    COSTREAM& operator<<(const char* value) { return Insert(value); }
+    COSTREAM& operator<<(const std::string& value) { return Insert(value); }
+    COSTREAM& operator<<(const CDATE& value) { return Insert(value); }
+    COSTREAM& operator<<(const CTIME& value) { return Insert(value); }
+    COSTREAM& operator<<(const CDATETIME& value) { return Insert(value); }
+    COSTREAM& operator<<(const CSERIALIZABLE& object) { return Insert(object); }
+
+protected:
+    explicit COSTREAM(OpenMode mode);
+
+private:
+    template <class Value>
+    COSTREAM& Insert(const Value& value) {
+        SetValue(value);
+        return *this;
+    }
+
+    void WriteText(std::string_view text);
+
+    short mObjectDepth = 0;
+};
+
+}  // namespace MLCore

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+#include <MLCore/streams/CISTREAM.h>
+#include <MLCore/streams/COSTREAM.h>
+#include <MLCore/streams/CRANDOMSTREAM.h>
+
+namespace MLCore {
+
+/// A stream with a position, to read from and write to.
+class MLCORE_API CRANDOMIOSTREAM : public CISTREAM, public COSTREAM, public CRANDOMSTREAM {
+public:
+    ~CRANDOMIOSTREAM() override;
+
+    /// SetPosition(0).
+    void Rewind() override;
+    /// OffsetPosition(count).
+    void Skip(long count) override;
+    /// Cuts the stream, pulling the position back to the new end, or extends it with zeros, as far as the stream can.
+    virtual void SetSize(unsigned long long size) = 0;
+
+protected:
+    explicit CRANDOMIOSTREAM(OpenMode mode);
+};
+
+}  // namespace MLCore

@@ -1,0 +1,7 @@
+#include <MLCore/streams/CRANDOMSTREAM.h>
+
+namespace MLCore {
+
+CRANDOMSTREAM::~CRANDOMSTREAM() = default;
+
+}  // namespace MLCore

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/CDATETIME.h>
+#include <MLCore/datetime/CTIME.h>
+#include <MLCore/platform/Export.h>
+#include <MLCore/streams/CSERIALIZABLEOBJECT.h>
+
+#include <iosfwd>
+#include <string>
+
+// <windows.h> makes a macro of this name; see COBJECTFACTORY.h.
+#pragma push_macro("GetObject")
+#undef GetObject
+
+namespace MLCore {
+
+/// What an object reads its state from; CSTREAMREADER makes one of a stream. The operations are those of CISTREAM.
+///
+///     void CORDER::ReadState(CREADER& reader) { reader >> mNumber >> mDate >> mAmount; }
+///
+/// A memory block can be written (CWRITER) but not read back here.
+class MLCORE_API CREADER {
+public:
+    CREADER() = default;
+    CREADER(const CREADER&) = default;
+    CREADER& operator=(const CREADER&) = default;
+    virtual ~CREADER();
+
+    [[nodiscard]] virtual int IsEnd() const = 0;
+    virtual long GetValue(void* buffer, long count) = 0;
+    virtual void GetValue(CDATETIME& value) = 0;
+    virtual void GetValue(CTIME& value) = 0;
+    virtual void GetValue(CDATE& value) = 0;
+    virtual void GetValue(double& value) = 0;
+    virtual void GetValue(unsigned long& value) = 0;
+    virtual void GetValue(unsigned short& value) = 0;
+    virtual void GetValue(long& value) = 0;
+    virtual void GetValue(short& value) = 0;
+    virtual void GetValue(std::string& value, long length) = 0;
+    virtual void GetValue(char* buffer, long length) = 0;
+    virtual void GetValue(char& value) = 0;
+    virtual void GetValueBOOL(int& value) = 0;
+    [[nodiscard]] virtual CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObject() = 0;
+    /// IsEnd(), unless overridden; the next two do nothing.
+    [[nodiscard]] virtual int IsEndOfLine() const;
+    virtual void ReadLine(std::string& line);
+    virtual void GetNextLine();
+
+#ifdef _WIN32
+    // What a call becomes in a client that includes <windows.h> after this header.
+    [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectA() { return GetObject(); }
+    [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectW() { return GetObject(); }
+#endif
+};
+
+MLCORE_API CREADER& operator>>(CREADER& reader, char& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, short& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, unsigned short& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, long& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, unsigned long& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, double& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, CDATE& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, CTIME& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, CDATETIME& value);
+/// Has the object read its state.
+MLCORE_API CREADER& operator>>(CREADER& reader, CSERIALIZABLE& object);
+/// GetValue(value, 32767): one field of that length at most on a text or field decorator, but exactly 32767 bytes on a
+/// binary stream. The text at `value` needs room for 32768 bytes.
+MLCORE_API CREADER& operator>>(CREADER& reader, std::string& value);
+MLCORE_API CREADER& operator>>(CREADER& reader, char* value);
+
+/// `reader >> endl` calls GetNextLine().
+MLCORE_API CREADER& endl(CREADER& reader);
+MLCORE_API CREADER& operator>>(CREADER& reader, CREADER& (*manipulator)(CREADER&));
+
+/// Copies the characters of the reader until its end.
+MLCORE_API std::ostream& operator<<(std::ostream& out, CREADER& reader);
+
+}  // namespace MLCore
+
+#pragma pop_macro("GetObject")

@@ -1,0 +1,7 @@
+#include <MLCore/streams/CSERIALIZABLE.h>
+
+namespace MLCore {
+
+CSERIALIZABLE::~CSERIALIZABLE() = default;
+
+}  // namespace MLCore

@@ -1,0 +1,9 @@
+#include <MLCore/streams/CSERIALIZABLEOBJECT.h>
+
+namespace MLCore {
+
+MLCORE_REGISTER_CLASS(CSERIALIZABLEOBJECT)
+
+CSERIALIZABLEOBJECT::~CSERIALIZABLEOBJECT() = default;
+
+}  // namespace MLCore

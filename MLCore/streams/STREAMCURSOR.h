@@ -1,0 +1,88 @@
+#pragma once
+
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace MLCore {
+
+/// The size and the position of a stream of random access, and the rules about them that such streams share.
+class STREAMCURSOR {
+public:
+    STREAMCURSOR() noexcept = default;
+    explicit STREAMCURSOR(unsigned long long size) noexcept : mSize(size) {}
+
+    [[nodiscard]] unsigned long long GetPosition() const noexcept { return mPosition; }
+    [[nodiscard]] unsigned long long GetSize() const noexcept { return mSize; }
+    [[nodiscard]] bool IsAtEnd() const noexcept { return mPosition >= mSize; }
+    /// How many of `count` bytes lie before the end; 0 when `count` is negative.
+    [[nodiscard]] long Available(long count) const noexcept {
+        return IsAtEnd() || count <= 0
+                   ? 0L
+                   : static_cast<long>(std::min(static_cast<unsigned long long>(count), mSize - mPosition));
+    }
+
+    void Rewind() noexcept { mPosition = 0; }
+    void SetPosition(unsigned long long position) {
+        if (position > mSize) {
+            FailOSErr(kErrStreamEnd);
+        }
+        mPosition = position;
+    }
+    void SetPositionFromEnd(unsigned long long distance) {
+        if (distance > mSize) {
+            FailOSErr(kErrStreamEnd);
+        }
+        mPosition = mSize - distance;
+    }
+    void Offset(long delta) {
+        const unsigned long long position = mPosition + static_cast<unsigned long long>(delta);
+        if (static_cast<std::int32_t>(position) < 0) {
+            FailOSErr(kErrStreamEnd);
+        }
+        SetPosition(position);
+    }
+    /// After a transfer of `count` bytes: moves on, and extends the size when that is past the end.
+    void Advance(long count) noexcept {
+        mPosition += static_cast<unsigned long long>(count);
+        mSize = std::max(mSize, mPosition);
+    }
+    /// Moves on without a look at the size.
+    void MoveOn(long count) noexcept { mPosition += static_cast<unsigned long long>(count); }
+    void SetSize(unsigned long long size) noexcept {
+        mSize = size;
+        mPosition = std::min(mPosition, size);
+    }
+
+    /// Reads from `data`, where the stream lies in memory: up to `count` bytes; returns how many.
+    long ReadFrom(const void* data, void* buffer, long count) noexcept {
+        const long available = Available(count);
+        if (available > 0) {
+            std::memcpy(buffer, static_cast<const char*>(data) + mPosition, static_cast<std::size_t>(available));
+            mPosition += static_cast<unsigned long long>(available);
+        }
+        return available;
+    }
+    /// Writes into `data`, which has room. The bytes may come from `data` itself.
+    void WriteTo(void* data, const void* buffer, long count) noexcept {
+        std::memmove(static_cast<char*>(data) + mPosition, buffer, static_cast<std::size_t>(count));
+        Advance(count);
+    }
+
+private:
+    unsigned long long mPosition = 0;
+    unsigned long long mSize = 0;
+};
+
+/// What every operation of a concrete stream but the queries begins with: 141 when it is closed.
+template <class Stream>
+void FailClosed(const Stream& stream) {
+    if (stream.IsOpen() == 0) {
+        FailOSErr(kErrStreamClosed);
+    }
+}
+
+}  // namespace MLCore
