@@ -8,33 +8,54 @@ work=$(mktemp -d) || exit 2
 trap 'rm -rf "$work"' EXIT
 
 share="destructor destructor AddRef Release GetUseCount NoMoreRef"
+object="$share ClassInfo GetProtocolInstance Clone GetKeyValue SetKeyValue GetKeyPathValue SetKeyPathValue ConformsToProtocol \
+ClassName ClassIdentifier"
 expected() {
     case $1 in
         CSHAREOBJECT) echo "$share" ;;
-        COBJECT)
-            echo "$share ClassInfo GetProtocolInstance Clone GetKeyValue SetKeyValue GetKeyPathValue SetKeyPathValue" \
-                "ConformsToProtocol ClassName ClassIdentifier"
-            ;;
+        COBJECT) echo "$object" ;;
         CCALENDARSTRATEGY)
             echo "$share IsOuvre SetOuvre GetFirstWeek SetFirstWeek GetFirstDayOfWeek SetFirstDayOfWeek IsFerie IsTravaille"
+            ;;
+        COBJECTITERATOR) echo "destructor destructor Next IsEnd GetCurrent" ;;
+        CARRAY)
+            echo "$object GetCount GetObjectAt ExistObject GetObjectIndex AddObject InsertObject SetObjectAt RemoveObjectAt" \
+                "RemoveAll Filter CreateIterator First Last"
+            ;;
+        CDICTIONARY) echo "$object CreateValueIterator GetKeys GetValues GetCount ContainsKey RemoveKey RemoveAll" ;;
+        CSET)
+            echo "$object AddObjects Contains Intersects GetObjects Intersect Union Substract GetCount AddObject" \
+                "RemoveObject ContainsObject RemoveAll CreateIterator"
             ;;
     esac
 }
 
 # The folder of each class, for the message.
-declare -A header=([CSHAREOBJECT]=core/CSHAREOBJECT.h [COBJECT]=core/COBJECT.h [CCALENDARSTRATEGY]=datetime/CCALENDARSTRATEGY.h)
+declare -A header=([CSHAREOBJECT]=core/CSHAREOBJECT.h [COBJECT]=core/COBJECT.h [CCALENDARSTRATEGY]=datetime/CCALENDARSTRATEGY.h
+    [COBJECTITERATOR]=values/COBJECTITERATOR.h [CARRAY]=values/CARRAY.h [CDICTIONARY]=values/CDICTIONARY.h [CSET]=values/CSET.h)
 
-# The listing does not name a function without a body, so COBJECT is read through a class that has them all and adds none.
+# The listing does not name a function without a body, so abstract classes are read through classes that have them all and
+# add none.
 cat >"$work/unit.cpp" <<'END'
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
+#include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/CMEMDICTIONARY.h>
+#include <MLCore/values/CMEMSET.h>
 
 class PROBE : public MLCore::COBJECT {
     MLCORE_CLASS(PROBE, MLCore::COBJECT)
 };
+
+class PROBEITERATOR : public MLCore::COBJECTITERATOR {
+    void Next() override;
+    int IsEnd() const override;
+    MLCore::CSHAREOBJECTPTR<MLCore::COBJECT> GetCurrent() const override;
+};
 END
-declare -A listed=([CSHAREOBJECT]=MLCore::CSHAREOBJECT [COBJECT]=PROBE [CCALENDARSTRATEGY]=MLCore::CCALENDARSTRATEGY)
+declare -A listed=([CSHAREOBJECT]=MLCore::CSHAREOBJECT [COBJECT]=PROBE [CCALENDARSTRATEGY]=MLCore::CCALENDARSTRATEGY
+    [COBJECTITERATOR]=PROBEITERATOR [CARRAY]=MLCore::CMEMARRAY [CDICTIONARY]=MLCore::CMEMDICTIONARY [CSET]=MLCore::CMEMSET)
 
 status=0
 checked=0
@@ -45,12 +66,14 @@ for compiler in g++ x86_64-w64-mingw32-g++-posix; do
         status=1
         continue
     fi
-    for class in CSHAREOBJECT COBJECT CCALENDARSTRATEGY; do
-        # The rows after the type information, up to the blank line; the last name of each is the function's.
+    for class in "${!header[@]}"; do
+        # The rows after the type information, up to a second base's (they start with its offset) or the blank line; the last
+        # name of each is the function's.
         actual=$(awk -v title="Vtable for ${listed[$class]}" '
             $0 == title { inside = 1; next }
             inside && /^$/ { exit }
             inside && /\(& ?_ZTI/ { rows = 1; next }
+            inside && rows && /\)-[0-9]+$/ { exit }
             inside && rows && /^[0-9]+ / {
                 name = $0
                 sub(/^[0-9]+ +/, "", name)
