@@ -8,7 +8,7 @@
 namespace MLCore {
 
 /// What CBUFFERSTREAM and CHANDLESTREAM share: data in a movable memory block that grows to exactly the size needed. The
-/// growth by small writes is linear in the bytes written all the same where the system keeps slack behind a block.
+/// growth by small writes is linear in the bytes written all the same.
 ///
 /// Without memory an operation fails with -100 and leaves the stream as it was.
 class MLCORE_API CGLOBALSTREAM : public CURSORSTREAM<CRANDOMIOSTREAM> {
@@ -32,7 +32,7 @@ protected:
     CGLOBALSTREAM();
     CGLOBALSTREAM(void* handle, bool owns);
 
-    GLOBALBLOCK mBlock;
+    mutable GLOBALBLOCK mBlock;  // gets its told size when its handle is handed out
 
 private:
     void SetCapacity(unsigned long long capacity);

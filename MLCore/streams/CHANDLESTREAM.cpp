@@ -13,8 +13,7 @@ void CHANDLESTREAM::Close() {
         return;
     }
     CGLOBALSTREAM::Close();
-    mBlock.Unlock();
-    mBlock.Trim(static_cast<std::size_t>(mCursor.GetSize()));
+    mBlock.Unlock(static_cast<std::size_t>(mCursor.GetSize()));
 }
 
 void* CHANDLESTREAM::GetHandle() const { return mBlock.GetHandle(); }

@@ -3,12 +3,13 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/platform/GlobalMemory.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace MLCore {
 
 GLOBALBLOCK::GLOBALBLOCK(void* handle, bool owns) noexcept
-    : mHandle(handle), mSize(handle != nullptr ? platform::GlobalBlockSize(handle) : 0), mOwns(owns) {}
+    : mHandle(handle), mSize(handle != nullptr ? platform::GlobalBlockSize(handle) : 0), mRoom(mSize), mOwns(owns) {}
 
 GLOBALBLOCK::~GLOBALBLOCK() {
     Unlock();
@@ -17,31 +18,45 @@ GLOBALBLOCK::~GLOBALBLOCK() {
     }
 }
 
-void GLOBALBLOCK::SetSize(std::size_t size) {
-    if (size == 0) {
+void* GLOBALBLOCK::GetHandle() {
+    if (mRoom != mSize) {
+        const bool wasLocked = mData != nullptr;
         Unlock();
-        platform::GlobalBlockFree(mHandle);
-        mHandle = nullptr;
-        mSize = 0;
+        Resize(mSize);
+        if (wasLocked) {
+            Lock();
+        }
+    }
+    return mHandle;
+}
+
+void GLOBALBLOCK::Reallocate(std::size_t size) {
+    Unlock();
+    if (size == 0) {
+        platform::GlobalBlockFree(std::exchange(mHandle, nullptr));
+        mSize = mRoom = 0;
         return;
     }
-    void* handle = nullptr;
-    if (mHandle == nullptr) {
-        handle = platform::GlobalBlockAlloc(size);
-    } else {
-        Unlock();
-        handle = platform::GlobalBlockReAlloc(mHandle, size);
-    }
-    if (handle != nullptr) {
-        mHandle = handle;
-        mSize = size;
-    }
+    const bool isRoomy = size > mRoom && mRoom != 0 && Resize(std::max(size, mRoom + mRoom / 2));
+    const bool fits = isRoomy || Resize(size) || size <= mRoom;
+    mSize = fits ? size : mSize;
     Lock();
-    FailNull(handle);
+    FailNull(fits ? mHandle : nullptr);
+}
+
+bool GLOBALBLOCK::Resize(std::size_t room) noexcept {
+    void* const handle =
+        mHandle == nullptr ? platform::GlobalBlockAlloc(room) : platform::GlobalBlockReAlloc(mHandle, room);
+    if (handle == nullptr) {
+        return false;
+    }
+    mHandle = handle;
+    mRoom = room;
+    return true;
 }
 
 void GLOBALBLOCK::Lock() {
-    if (mData == nullptr && mSize != 0) {
+    if (mData == nullptr && mRoom != 0) {
         mData = platform::GlobalBlockLock(mHandle);
         FailNull(mData);
     }
@@ -54,18 +69,21 @@ void GLOBALBLOCK::Unlock() noexcept {
     }
 }
 
-void GLOBALBLOCK::Trim(std::size_t size) noexcept {
-    void* const handle = size != mSize ? platform::GlobalBlockReAlloc(mHandle, size) : nullptr;
-    if (handle != nullptr) {
-        mHandle = handle;
+void GLOBALBLOCK::Unlock(std::size_t size) noexcept {
+    Unlock();
+    if (size != mRoom && Resize(size)) {
         mSize = size;
+    } else if (mRoom != mSize) {
+        Resize(mSize);
     }
 }
 
-void* GLOBALBLOCK::Detach() noexcept {
+void* GLOBALBLOCK::Detach() {
+    void* const handle = GetHandle();
     Unlock();
-    mSize = 0;
-    return std::exchange(mHandle, nullptr);
+    mHandle = nullptr;
+    mSize = mRoom = 0;
+    return handle;
 }
 
 }  // namespace MLCore
