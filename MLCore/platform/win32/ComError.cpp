@@ -1,6 +1,7 @@
 #include <MLCore/platform/ComError.h>
 
 #include <MLCore/platform/LastError.h>
+#include <MLCore/platform/WideText.h>
 #include <MLCore/platform/WinTypes.h>
 
 #include <cstdio>
@@ -28,27 +29,12 @@ std::string MessageOf(const _com_error& error) {
     return message;
 }
 
-/// The description in code page 1252, empty when there is none.
-std::string DescriptionOf(const _com_error& error) {
-    const _bstr_t description = error.Description();
-    const int wideLength = static_cast<int>(description.length());
-    if (wideLength == 0) {
-        return {};
-    }
-    constexpr UINT kCodePage = 1252;
-    const wchar_t* wide = description;
-    const int length = WideCharToMultiByte(kCodePage, 0, wide, wideLength, nullptr, 0, nullptr, nullptr);
-    std::string text(static_cast<std::size_t>(length), '\0');
-    WideCharToMultiByte(kCodePage, 0, wide, wideLength, text.data(), length, nullptr, nullptr);
-    return text;
-}
-
 }  // namespace
 
 COMERRORPARTS ReadComError(const _com_error& error) {
     COMERRORPARTS parts;
     parts.code = static_cast<unsigned int>(error.Error());
-    parts.text = DescriptionOf(error);
+    parts.text = AnsiText(error.Description());
     if (parts.text.empty()) {
         parts.text = MessageOf(error);
     }
