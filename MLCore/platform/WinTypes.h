@@ -338,7 +338,7 @@ public:
     operator _bstr_t() const;         ///< of a VT_BSTR
     operator IUnknown*() const;       ///< of a VT_UNKNOWN, with a reference for the caller
 
-    void Clear() noexcept;  ///< gives back what it owns and becomes empty
+    void Clear();  ///< gives back what it owns and becomes empty; _com_error(DISP_E_BADVARTYPE) for an unknown type
 
     /// Equal when type and value are: texts by their characters, objects by identity. Unknown types are never equal.
     friend MLCORE_API bool operator==(const VARIANT& left, const VARIANT& right) noexcept;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <system_error>
 
 namespace MLCore {
 
@@ -26,6 +27,20 @@ int LeadingInteger(std::string_view text) noexcept {
         magnitude = magnitude * 10 + (*digit - '0');
     }
     return static_cast<int>(isNegative ? std::max(-magnitude, -kLimit - 1) : std::min(magnitude, kLimit));
+}
+
+int ParseInteger(std::string_view text, long long& value) noexcept {
+    if (text.starts_with('+') && !text.starts_with("+-")) {
+        text.remove_prefix(1);
+    }
+    long long number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end) {
+        return 0;
+    }
+    value = number;
+    return 1;
 }
 
 void AppendPadded(std::string& text, long long value, int digits) {

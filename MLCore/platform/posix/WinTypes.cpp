@@ -175,6 +175,11 @@ unsigned int _bstr_t::length() const noexcept { return SysStringLen(mText); }
 
 bool _bstr_t::operator!() const noexcept { return mText == nullptr; }
 
+BSTR _bstr_t::Detach() noexcept {
+    mHasNarrow = false;
+    return std::exchange(mText, nullptr);
+}
+
 _com_error::_com_error(HRESULT code, IErrorInfo* errorInfo, bool addRef) noexcept : mCode(code), mErrorInfo(errorInfo) {
     if (addRef && mErrorInfo != nullptr) {
         mErrorInfo->AddRef();
