@@ -1,0 +1,101 @@
+#include <MLCore/values/CARRAY.h>
+#include <MLCore/values/CSET.h>
+#include <MLCore/values/CVALUEOBJECT.h>
+
+#include <cstddef>
+#include <iterator>
+#include <ostream>
+
+namespace MLCore {
+
+MLCORE_REGISTER_CLASS(CVALUEOBJECT)
+
+namespace {
+
+constexpr const char* kTypeNames[] = {"Lesser", "LesserEqual", "Greater", "GreaterEqual", "Equal",    "NotEqual",
+                                      "Like",   "Begins",      "Ends",    "In",           "Contains", "Between"};
+// The last one is a spelling that files have.
+constexpr const char* kOptionNames[] = {"caseSensitive", "caseInsensitive", "diacriticInsentive"};
+
+template <class COLLECTION, class TEST>
+int AnyValueObject(const COLLECTION& collection, const TEST& test) {
+    for (const CSHAREOBJECTPTR<COBJECT>& element : collection) {
+        const auto* const object = dynamic_cast<const CVALUEOBJECT*>(element.Get());
+        if (object != nullptr && test(object->GetValue()) != 0) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
+template <class TEST>
+int AnyElement(const COBJECT* other, const TEST& test) {
+    if (const auto* const array = dynamic_cast<const CARRAY*>(other)) {
+        return AnyValueObject(*array, test);
+    }
+    const auto* const set = dynamic_cast<const CSET*>(other);
+    return set != nullptr ? AnyValueObject(*set, test) : 0;
+}
+
+bool IsText(const CVALUE& value) noexcept { return value.GetType() == CVALUE::Type::String; }
+
+}  // namespace
+
+CVALUEOBJECT::CVALUEOBJECT(const CVALUE& value) : mValue(value) {}
+
+CVALUEOBJECT::~CVALUEOBJECT() = default;
+
+CSHAREOBJECTPTR<CVALUEOBJECT> CVALUEOBJECT::Create(const CVALUE& value) { return AdoptObject(new CVALUEOBJECT(value)); }
+
+int CVALUEOBJECT::Cmp(const CVALUE& other, ComparisonType type, ComparisonOption option) const {
+    using COMPARISON = int (CVALUEOBJECT::*)(const CVALUE&, ComparisonOption) const;
+    static constexpr COMPARISON kComparisons[] = {
+        &CVALUEOBJECT::CmpLesser,
+        &CVALUEOBJECT::CmpLesserEq,
+        &CVALUEOBJECT::CmpGreater,
+        &CVALUEOBJECT::CmpGreaterEq,
+        &CVALUEOBJECT::CmpEqual,
+        &CVALUEOBJECT::CmpNotEqual,
+        &CVALUEOBJECT::CmpLike,
+        &CVALUEOBJECT::CmpBegins,
+        &CVALUEOBJECT::CmpEnds,
+        nullptr,  // In
+        &CVALUEOBJECT::CmpContains,
+        nullptr,  // Between
+    };
+    const auto index = static_cast<std::size_t>(type);
+    const COMPARISON comparison = index < std::size(kComparisons) ? kComparisons[index] : nullptr;
+    return comparison != nullptr ? (this->*comparison)(other, option) : 0;
+}
+
+int CVALUEOBJECT::Cmp(COBJECT* other, ComparisonType type, ComparisonOption option) const {
+    if (const auto* const object = dynamic_cast<const CVALUEOBJECT*>(other)) {
+        return Cmp(object->mValue, type, option);
+    }
+    if (type == ComparisonType::In) {
+        return AnyElement(other, [&](const CVALUE& element) { return CmpEqual(element, option); });
+    }
+    if (type == ComparisonType::Contains && IsText(mValue)) {
+        return AnyElement(other,
+                          [&](const CVALUE& element) { return IsText(element) ? CmpContains(element, option) : 0; });
+    }
+    return 0;
+}
+
+bool operator==(const CVALUEOBJECT& object, const CVALUE& value) noexcept { return object.GetValue() == value; }
+
+std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonType type) {
+    const auto index = static_cast<std::size_t>(type);
+    return index < std::size(kTypeNames) ? out << "ComparisonType::" << kTypeNames[index] : out;
+}
+
+std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonOption option) {
+    const auto index = static_cast<std::size_t>(option);
+    return index < std::size(kOptionNames) ? out << kOptionNames[index] : out;
+}
+
+std::ostream& operator<<(std::ostream& out, const CVALUEOBJECT* object) {
+    return object != nullptr ? out << object->GetValue() : out << "CVALUEOBJECT()";
+}
+
+}  // namespace MLCore

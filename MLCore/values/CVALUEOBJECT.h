@@ -1,0 +1,129 @@
+#pragma once
+
+#include <MLCore/core/COBJECT.h>
+#include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/platform/Export.h>
+#include <MLCore/values/CVALUE.h>
+
+#include <cstdint>
+#include <iosfwd>
+
+namespace MLCore {
+
+/// A value as a shared object, so that it can stand in collections, come out of key paths, and be compared as
+/// predicates compare.
+///
+///     CSHAREOBJECTPTR<CVALUEOBJECT> name = CVALUEOBJECT::Create("Ren\xE9");
+///     name->Cmp("rene", CVALUEOBJECT::ComparisonType::Equal, CVALUEOBJECT::ComparisonOption::DiacriticInsensitive);  // 1
+///
+/// Comparing brings the two sides together by the type of this one, where == of CVALUE only knows equal types:
+///
+/// | this side                    | the other side | compared                                                |
+/// |------------------------------|----------------|---------------------------------------------------------|
+/// | integers, Float, Double, Bool, Time | any of these | as doubles, equal within 0.00001 (DoubleCmp); a Time counts its seconds; a NaN equals all |
+/// | Date                         | Date           | as dates                                                |
+/// | Date or DateTime             | the other      | as date-times, the date at 00:00:00                     |
+/// | DateTime                     | DateTime       | as date-times                                           |
+/// | String                       | String         | under the option                                        |
+/// | Guid                         | Guid           | byte by byte                                            |
+/// | object                       | any            | equal when the same object; in no order                 |
+/// | null                         | any            | equal to null only; in no order, whichever side is null |
+///
+/// Sides that cannot be brought together fail with 138. Comparing changes nothing, copies no text and takes no memory: any
+/// number of threads may compare the same objects while none sets a value.
+class MLCORE_API CVALUEOBJECT : public COBJECT {
+    MLCORE_CLASS(CVALUEOBJECT, COBJECT)
+public:
+    enum class ComparisonType : std::int32_t {
+        Lesser,
+        LesserEqual,
+        Greater,
+        GreaterEqual,
+        Equal,
+        NotEqual,  ///< the opposite of Equal, so null differs from everything else
+        Like,      ///< matches the other side as a pattern: LikePattern.h; 0 unless both are texts
+        Begins,    ///< with the other side; as Ends and Contains, 0 with a null and 138 with what is no text
+        Ends,
+        In,        ///< a collection
+        Contains,  ///< the other side, or a text out of a collection
+        Between,   ///< 0: a predicate makes it of two comparisons
+    };
+
+    /// How texts compare. A number that is none of these is taken for the first.
+    enum class ComparisonOption : std::int32_t {
+        CaseSensitive,    ///< byte by byte, as unsigned
+        CaseInsensitive,  ///< Equal and order: CompareNoCaseLocale(); Begins, Ends, Contains: alike when upper-cased
+        DiacriticInsensitive,  ///< without accents and the case of A to Z: lstrcmpinolocal()
+    };
+
+    /// A new object with a copy of `value`, null by default.
+    [[nodiscard]] static CSHAREOBJECTPTR<CVALUEOBJECT> Create(const CVALUE& value = CVALUE::Null());
+
+    /// Valid until the value is set or the object goes.
+    [[nodiscard]] const CVALUE& GetValue() const noexcept { return mValue; }
+    void SetValue(const CVALUE& value) { mValue = value; }
+
+    /// 1 when this value stands in the relation `type` to `other`, else 0. In, Between and unknown types are 0.
+    [[nodiscard]] int Cmp(const CVALUE& other, ComparisonType type, ComparisonOption option) const;
+    /// The same for an object: the value of a value object, or a collection (CARRAY or CSET).
+    ///
+    /// In: 1 when the collection holds a value object that this one is Equal to; the elements before it may fail as Equal
+    /// does. Contains: 1 when this is a text and contains a text of the collection. Elements that do not count are skipped;
+    /// every other pair, null among them, gives 0, NotEqual too.
+    [[nodiscard]] int Cmp(COBJECT* other, ComparisonType type, ComparisonOption option) const;
+    template <class T>
+    [[nodiscard]] int Cmp(const CSHAREOBJECTPTR<T>& other, ComparisonType type, ComparisonOption option) const {
+        return Cmp(static_cast<COBJECT*>(other.Get()), type, option);
+    }
+
+protected:
+    explicit CVALUEOBJECT(const CVALUE& value);
+    ~CVALUEOBJECT() override;
+
+    // The comparison types one by one; 0 or 1.
+    [[nodiscard]] int CmpLesser(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpLesserEq(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpGreater(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpGreaterEq(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpEqual(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpNotEqual(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpLike(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpBegins(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpEnds(const CVALUE& other, ComparisonOption option) const;
+    [[nodiscard]] int CmpContains(const CVALUE& other, ComparisonOption option) const;
+    /// For texts, none of them null, with every character as it is.
+    [[nodiscard]] int CmpLike(const char* text, const char* pattern) const;
+    [[nodiscard]] int CmpContains(const char* text, const char* part) const;
+    /// The order of two texts, none of them null, under the option: -1, 0 or 1. Decides Equal and the orderings.
+    [[nodiscard]] virtual short CmpString(const char* left, const char* right, ComparisonOption option) const;
+
+    // What comparing brings the sides to. Each fails with 138 for other types.
+    [[nodiscard]] static double TryToDouble(const CVALUE& value);
+    [[nodiscard]] static CDATETIME TryToDateTime(const CVALUE& value);
+    /// Borrowed from the value.
+    [[nodiscard]] static const char* TryToString(const CVALUE& value);
+
+private:
+    struct ORDERING;
+
+    /// False with a null on either side and for an object on this one: these have no order.
+    [[nodiscard]] bool HasOrder(const CVALUE& other) const noexcept;
+    /// -1, 0 or 1, where there is an order.
+    [[nodiscard]] short Order(const CVALUE& other, ComparisonOption option) const;
+
+    CVALUE mValue;
+};
+
+/// Equality as CVALUE has it: same type, same value. Serves != and the other order of the two as well.
+[[nodiscard]] MLCORE_API bool operator==(const CVALUEOBJECT& object, const CVALUE& value) noexcept;
+
+/// Writes "ComparisonType::Lesser"; nothing for an unknown one.
+MLCORE_API std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonType type);
+/// Writes the option's word in element streams, "caseSensitive", "caseInsensitive" or "diacriticInsentive" (so spelt);
+/// nothing for an unknown one.
+MLCORE_API std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonOption option);
+/// Writes the value as operator<< of CVALUE does; "CVALUEOBJECT()" for a null pointer.
+MLCORE_API std::ostream& operator<<(std::ostream& out, const CVALUEOBJECT* object);
+
+}  // namespace MLCore
