@@ -19,6 +19,8 @@ namespace {
 constexpr long kCopyStep = 1024;
 /// What is taken for data that is only announced: more when it has come.
 constexpr long kFirstStep = 16L << 20;
+/// Read without memory of its own.
+constexpr long kShortText = 255;
 constexpr unsigned long kLongestBlock = 0x7FFFFFFF;
 
 /// How many bytes `stream` still holds, when it knows.
@@ -107,6 +109,12 @@ void CISTREAM::GetValue(short& value) { ReadExactly(&value, sizeof(value)); }
 void CISTREAM::GetValue(std::string& value, long length) {
     if (length < 0) {
         FailOSErr(kErrStreamEnd);
+    }
+    if (length <= kShortText) {
+        char buffer[kShortText + 1];
+        GetValue(buffer, length);
+        value.assign(buffer, static_cast<std::size_t>(length));
+        return;
     }
     std::string text;
     for (long done = 0; done < length;) {

@@ -23,16 +23,17 @@ public:
     /// Called before a measurement, not measured.
     using PREPARATION = void (*)();
 
-    /// `count` is the number of items in one pass. The name must hold no '/'.
-    WORKLOAD(std::string name, std::size_t count, PREPARATION prepare = nullptr)
-        : mName(std::move(name)), mCount(count), mPrepare(prepare) {}
+    /// `count` is the number of operations in one pass; each does `items` items, which the figures are told for. The name
+    /// must hold no '/'.
+    WORKLOAD(std::string name, std::size_t count, PREPARATION prepare = nullptr, std::size_t items = 1)
+        : mName(std::move(name)), mCount(count), mPrepare(prepare), mItems(items) {}
 
     /// Registers the way in which `who` does the work: operation(i) gives the result for item i, as an integer. The
     /// first one added is the library's own. Results that differ from the first one's end the program.
     template <class OPERATION>
     WORKLOAD& Add(const std::string& who, OPERATION operation) {
         Check(who, operation);
-        const auto pass = [operation, count = mCount, prepare = mPrepare](benchmark::State& state) {
+        const auto pass = [operation, count = mCount, prepare = mPrepare, items = mItems](benchmark::State& state) {
             if (prepare != nullptr) {
                 prepare();
             }
@@ -43,7 +44,7 @@ public:
                 }
                 benchmark::DoNotOptimize(sum);
             }
-            state.SetItemsProcessed(static_cast<std::int64_t>(count) * state.iterations());
+            state.SetItemsProcessed(static_cast<std::int64_t>(count * items) * state.iterations());
         };
         benchmark::RegisterBenchmark((mName + '/' + who).c_str(), pass);
         return *this;
@@ -68,6 +69,7 @@ private:
     std::string mName;
     std::size_t mCount;
     PREPARATION mPrepare;
+    std::size_t mItems;
     std::vector<std::int64_t> mResults;
 };
 
