@@ -19,19 +19,20 @@ namespace MLCore {
 ///
 /// Comparing brings the two sides together by the type of this one, where == of CVALUE only knows equal types:
 ///
-/// | this side                    | the other side | compared                                                |
-/// |------------------------------|----------------|---------------------------------------------------------|
-/// | integers, Float, Double, Bool, Time | any of these | as doubles, equal within 0.00001 (DoubleCmp); a Time counts its seconds; a NaN equals all |
-/// | Date                         | Date           | as dates                                                |
-/// | Date or DateTime             | the other      | as date-times, the date at 00:00:00                     |
-/// | DateTime                     | DateTime       | as date-times                                           |
-/// | String                       | String         | under the option                                        |
-/// | Guid                         | Guid           | byte by byte                                            |
-/// | object                       | any            | equal when the same object; in no order                 |
-/// | null                         | any            | equal to null only; in no order, whichever side is null |
+/// | this side  | the other side | how                                                               |
+/// |------------|----------------|-------------------------------------------------------------------|
+/// | a number   | a number       | as doubles, equal within 0.00001 (Cmp.h), a NaN to every number   |
+/// | Date       | Date           | as dates                                                          |
+/// | DateTime   | DateTime       | as date-times                                                     |
+/// | either     | the other      | as date-times, the date at 00:00:00                               |
+/// | String     | String         | under the option                                                  |
+/// | Guid       | Guid           | byte by byte, as unsigned                                         |
+/// | Object     | any            | equal to the same object only; in no order                        |
+/// | Unknown    | any            | equal to Unknown only; in no order, nor is anything with Unknown  |
 ///
-/// Sides that cannot be brought together fail with 138. Comparing changes nothing, copies no text and takes no memory: any
-/// number of threads may compare the same objects while none sets a value.
+/// Numbers are the integers, Float, Double, Bool, and Time by its seconds. Sides that cannot be brought together fail with
+/// 138. Comparing two values changes nothing, copies no text and takes no memory; any number of threads may compare the
+/// same objects while none sets a value.
 class MLCORE_API CVALUEOBJECT : public COBJECT {
     MLCORE_CLASS(CVALUEOBJECT, COBJECT)
 public:

@@ -23,6 +23,7 @@ expected() {
                 "RemoveAll Filter CreateIterator First Last"
             ;;
         CDICTIONARY) echo "$object CreateValueIterator GetKeys GetValues GetCount ContainsKey RemoveKey RemoveAll" ;;
+        CVALUEOBJECT) echo "$object CmpString" ;;
         CSET)
             echo "$object AddObjects Contains Intersects GetObjects Intersect Union Substract GetCount AddObject" \
                 "RemoveObject ContainsObject RemoveAll CreateIterator"
@@ -32,7 +33,8 @@ expected() {
 
 # The folder of each class, for the message.
 declare -A header=([CSHAREOBJECT]=core/CSHAREOBJECT.h [COBJECT]=core/COBJECT.h [CCALENDARSTRATEGY]=datetime/CCALENDARSTRATEGY.h
-    [COBJECTITERATOR]=values/COBJECTITERATOR.h [CARRAY]=values/CARRAY.h [CDICTIONARY]=values/CDICTIONARY.h [CSET]=values/CSET.h)
+    [COBJECTITERATOR]=values/COBJECTITERATOR.h [CARRAY]=values/CARRAY.h [CDICTIONARY]=values/CDICTIONARY.h [CSET]=values/CSET.h
+    [CVALUEOBJECT]=values/CVALUEOBJECT.h)
 
 # The listing does not name a function without a body, so abstract classes are read through classes that have them all and
 # add none.
@@ -43,6 +45,7 @@ cat >"$work/unit.cpp" <<'END'
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CMEMSET.h>
+#include <MLCore/values/CVALUEOBJECT.h>
 
 class PROBE : public MLCore::COBJECT {
     MLCORE_CLASS(PROBE, MLCore::COBJECT)
@@ -55,7 +58,8 @@ class PROBEITERATOR : public MLCore::COBJECTITERATOR {
 };
 END
 declare -A listed=([CSHAREOBJECT]=MLCore::CSHAREOBJECT [COBJECT]=PROBE [CCALENDARSTRATEGY]=MLCore::CCALENDARSTRATEGY
-    [COBJECTITERATOR]=PROBEITERATOR [CARRAY]=MLCore::CMEMARRAY [CDICTIONARY]=MLCore::CMEMDICTIONARY [CSET]=MLCore::CMEMSET)
+    [COBJECTITERATOR]=PROBEITERATOR [CARRAY]=MLCore::CMEMARRAY [CDICTIONARY]=MLCore::CMEMDICTIONARY [CSET]=MLCore::CMEMSET
+    [CVALUEOBJECT]=MLCore::CVALUEOBJECT)
 
 status=0
 checked=0

@@ -10,6 +10,7 @@
 
 #include <iterator>
 #include <limits>
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -36,37 +37,22 @@ std::string Answers(const VALUEOBJECT& left, const RIGHT& right, OPTION option) 
 }
 
 /// The answers for two values that are not both texts, by how they are to each other.
-const char* AnswersFor(char relation) {
-    switch (relation) {  // < <= > >= = != Like Begins Ends In Contains Between
-        case '<':
-            return "1100010xx0x0";
-        case '=':
-            return "0101100xx0x0";
-        case '>':
-            return "0011010xx0x0";
-        case 'x':
-            return "xxxxxx0xx0x0";  // cannot be brought together
-        case 'o':
-            return "0000010xx0x0";  // an object, and something else
-        case 'O':
-            return "0000100xx0x0";  // the same object
-        case '0':
-            return "000001000000";  // one is null
-        case 'N':
-            return "000010000000";  // both are null
-        case 't':
-            return "010110111010";  // the same text
-        default:
-            return "unknown";
-    }
-}
+const std::map<char, std::string> kAnswers = {
+    // < <= > >= = != Like Begins Ends In Contains Between
+    {'<', "1100010xx0x0"}, {'=', "0101100xx0x0"},
+    {'>', "0011010xx0x0"}, {'x', "xxxxxx0xx0x0"},  // cannot be brought together
+    {'o', "0000010xx0x0"},                         // an object, and something else
+    {'O', "0000100xx0x0"},                         // the same object
+    {'0', "000001000000"},                         // one is null
+    {'N', "000010000000"},                         // both are null
+    {'t', "010110111010"},                         // the same text
+};
 
 void ExpectRelation(const CVALUE& left, const CVALUE& right, char relation) {
     const VALUEOBJECT object = CVALUEOBJECT::Create(left);
     for (const int option : {0, 1, 2, 3, -1}) {
-        EXPECT_EQ(Answers(object, right, OPTION{option}), AnswersFor(relation))
-            << left << " and " << right << ", " << left.GetType() << " and " << right.GetType() << ", option "
-            << option;
+        EXPECT_EQ(Answers(object, right, OPTION{option}), kAnswers.at(relation))
+            << left.GetType() << ' ' << left << " and " << right.GetType() << ' ' << right << ", option " << option;
     }
     for (const int type : {-1, 12}) {
         EXPECT_EQ(object->Cmp(right, TYPE{type}, kExact), 0);
@@ -111,46 +97,41 @@ TEST(ValueObjectTest, ComparesWithinAType) {
     const CDATETIME noon(kFirst, kNoon);
     CVALUE cleared = CVALUE(GUID{1, 0, 0, {}});
     cleared.Clear();
+    // Dates with date-times; identifiers by their bytes in memory; objects by identity.
     const struct {
         CVALUE left;
         CVALUE right;
         char relation;
-    } kRows[] = {
-        // numbers, with the tolerance
-        {1.0, 1.000009, '='},
-        {1.0, 1.00002, '<'},
-        {1.00002, 1.0, '>'},
-        {0.0, -0.0, '='},
-        {0.1F, 0.1, '='},
-        {16777216.0F, 16777217L, '<'},
-        {-2147483647L - 1L, 4294967295UL, '<'},
-        {short{-1}, static_cast<unsigned short>(65535), '<'},
-        {5, 1, '>'},
-        {CTIME(10, 0, 0), 36000L, '='},
-        {kInfinity, kInfinity, '='},
-        {-kInfinity, kInfinity, '<'},
-        {kInfinity, 1L, '>'},
-        {kNaN, 1.0, '='},
-        {5L, kNaN, '='},
-        // dates
-        {kFirst, CDATE(29, 2, 2024), '>'},
-        {kFirst, CDATE(1, 2, 2025), '<'},
-        {kFirst, midnight, '='},
-        {kFirst, noon, '<'},
-        {CDATE(2, 3, 2024), noon, '>'},
-        {midnight, kFirst, '='},
-        {midnight, noon, '<'},
-        {midnight, CDATE(2, 3, 2024), '<'},
-        {CDATE(), kFirst, '<'},
-        {CDATE(), CDATETIME(), '='},
-        // identifiers, by their bytes in memory
-        {GUID{1, 0, 0, {}}, GUID{0x100, 0, 0, {}}, '>'},
-        {GUID{1, 0, 0, {}}, GUID{1, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0x80}}, '<'},
-        {cleared, GUID{0, 0, 0, {}}, '='},
-        // objects, by identity
-        {CMEMARRAY::Create(), CMEMARRAY::Create(), 'o'},
-        {CVALUE(CVALUE::Type::Object, nullptr), CVALUE(CVALUE::Type::Object, nullptr), 'O'},
-    };
+    } kRows[] = {{1.0, 1.000009, '='},
+                 {1.0, 1.00002, '<'},
+                 {1.00002, 1.0, '>'},
+                 {0.0, -0.0, '='},
+                 {0.1F, 0.1, '='},
+                 {16777216.0F, 16777217L, '<'},
+                 {-2147483647L - 1L, 4294967295UL, '<'},
+                 {short{-1}, static_cast<unsigned short>(65535), '<'},
+                 {5, 1, '>'},
+                 {CTIME(10, 0, 0), 36000L, '='},
+                 {kInfinity, kInfinity, '='},
+                 {-kInfinity, kInfinity, '<'},
+                 {kInfinity, 1L, '>'},
+                 {kNaN, 1.0, '='},
+                 {5L, kNaN, '='},
+                 {kFirst, CDATE(29, 2, 2024), '>'},
+                 {kFirst, CDATE(1, 2, 2025), '<'},
+                 {kFirst, midnight, '='},
+                 {kFirst, noon, '<'},
+                 {CDATE(2, 3, 2024), noon, '>'},
+                 {midnight, kFirst, '='},
+                 {midnight, noon, '<'},
+                 {midnight, CDATE(2, 3, 2024), '<'},
+                 {CDATE(), kFirst, '<'},
+                 {CDATE(), CDATETIME(), '='},
+                 {GUID{1, 0, 0, {}}, GUID{0x100, 0, 0, {}}, '>'},
+                 {GUID{1, 0, 0, {}}, GUID{1, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0x80}}, '<'},
+                 {cleared, GUID{0, 0, 0, {}}, '='},
+                 {CMEMARRAY::Create(), CMEMARRAY::Create(), 'o'},
+                 {CVALUE(CVALUE::Type::Object, nullptr), CVALUE(CVALUE::Type::Object, nullptr), 'O'}};
     for (const auto& row : kRows) {
         ExpectRelation(row.left, row.right, row.relation);
     }
