@@ -2,9 +2,9 @@
 
 #include <MLCore/platform/WinTypes.h>
 
-#include <iterator>
 #include <new>
 #include <ostream>
+#include <string_view>
 
 namespace MLCore {
 
@@ -37,12 +37,6 @@ constexpr bool IsType(CVALUE::Type type) noexcept {
     return type >= CVALUE::Type::Unknown && type <= CVALUE::Type::Guid;
 }
 
-/// A block of its own with a copy of `data`, or with zeros for null.
-void* NewBlock(std::size_t size, const void* data) {
-    void* const block = ::operator new(size);
-    return data == nullptr ? std::memset(block, 0, size) : std::memcpy(block, data, size);
-}
-
 template <class T>
 std::int64_t Widened(const void* data) noexcept {
     T number = 0;
@@ -70,6 +64,9 @@ const CVALUE& CVALUE::False() noexcept {
 }
 
 CVALUE::CVALUE(Type type, const void* data) {
+    if (!IsType(type)) {
+        FailOSErr(kErrValueType);
+    }
     switch (type) {
         case Type::Unknown:
             break;
@@ -96,10 +93,14 @@ CVALUE::CVALUE(Type type, const void* data) {
             }
             break;
         default:
-            FailOSErr(IsType(type) ? short{0} : kErrValueType);
-            SetBlock(NewBlock(GetTypeSize(type, static_cast<const char*>(data)), data));
+            Allocate(data, GetTypeSize(type, static_cast<const char*>(data)));
     }
     mType = type;
+}
+
+void CVALUE::Allocate(const void* data, std::size_t size) {
+    void* const block = ::operator new(size);
+    SetBlock(data == nullptr ? std::memset(block, 0, size) : std::memcpy(block, data, size));
 }
 
 void CVALUE::CopyPayload(const CVALUE& other) {
@@ -111,16 +112,26 @@ void CVALUE::CopyPayload(const CVALUE& other) {
         static_cast<CSHAREOBJECT*>(block)->AddRef();
         SetBlock(block);
     } else {
-        SetBlock(NewBlock(GetTypeSize(mType, static_cast<const char*>(block)), block));
+        Allocate(block, GetTypeSize(mType, static_cast<const char*>(block)));
+    }
+}
+
+void CVALUE::Assign(const CVALUE& other) {
+    const bool hasRoom = mType == other.mType && mType != Type::Object && Block() != nullptr &&
+                         other.Block() != nullptr && other.GetSize() <= GetSize();
+    if (hasRoom) {
+        std::memmove(Block(), other.Block(), other.GetSize());
+    } else {
+        CVALUE copy(other);
+        Swap(copy);
     }
 }
 
 void CVALUE::ReleasePayload() noexcept {
-    void* const block = Block();
-    if (mType != Type::Object) {
-        ::operator delete(block);
-    } else if (block != nullptr) {
-        static_cast<CSHAREOBJECT*>(block)->Release();
+    if (mType == Type::Object) {
+        static_cast<CSHAREOBJECT*>(Block())->Release();
+    } else {
+        ::operator delete(Block());
     }
 }
 
@@ -148,14 +159,19 @@ bool CVALUE::IsGuid(const _GUID& guid) const noexcept {
     return mType == Type::Guid && std::memcmp(Stored(), &guid, sizeof(guid)) == 0;
 }
 
-std::string_view CVALUE::Bytes() const noexcept {
-    if (mType == Type::String) {
-        return static_cast<const char*>(Stored());
+bool CVALUE::IsSameContent(const CVALUE& other) const noexcept {
+    switch (mType) {
+        case Type::String:
+            return std::strcmp(Text(), other.Text()) == 0;
+        case Type::Date:
+        case Type::Float:
+        case Type::Double:
+        case Type::DateTime:
+        case Type::Guid:
+            return std::memcmp(Stored(), other.Stored(), GetTypeSize(mType)) == 0;
+        default:
+            return false;
     }
-    if (mType == Type::Object) {
-        return {reinterpret_cast<const char*>(mPayload), sizeof(mPayload)};
-    }
-    return {static_cast<const char*>(Stored()), GetTypeSize(mType)};
 }
 
 std::ostream& operator<<(std::ostream& out, CVALUE::Type type) {
@@ -165,5 +181,8 @@ std::ostream& operator<<(std::ostream& out, CVALUE::Type type) {
 }  // namespace MLCore
 
 std::size_t std::hash<MLCore::CVALUE>::operator()(const MLCore::CVALUE& value) const noexcept {
-    return std::hash<std::string_view>()(value.Bytes()) * 31U + static_cast<std::size_t>(value.mType);
+    const void* const bytes = value.mType == MLCore::CVALUE::Type::Object ? value.mPayload : value.Stored();
+    const std::string_view view(static_cast<const char*>(bytes),
+                                MLCore::CVALUE::GetTypeSize(value.mType, value.Text()));
+    return std::hash<std::string_view>()(view) * 31U + static_cast<std::size_t>(value.mType);
 }

@@ -17,7 +17,6 @@
 #include <functional>
 #include <iosfwd>
 #include <string>
-#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -78,15 +77,15 @@ public:
     /// Fails with kErrOverflow when the number does not fit 32 bits.
     CVALUE(long value) : mType(Type::Long) { SetPayload(Int32OrFail(value)); }
     CVALUE(unsigned long value) : mType(Type::ULong) { SetPayload(UInt32OrFail(value)); }
-    CVALUE(float value) : CVALUE(Type::Float, &value) {}
-    CVALUE(double value) : CVALUE(Type::Double, &value) {}
+    CVALUE(float value) : mType(Type::Float) { Allocate(&value, sizeof(value)); }
+    CVALUE(double value) : mType(Type::Double) { Allocate(&value, sizeof(value)); }
     /// Null makes an empty String.
     CVALUE(const char* value) : CVALUE(Type::String, value) {}
     /// Keeps what stands before the first zero byte.
     CVALUE(const std::string& value) : CVALUE(value.c_str()) {}
-    CVALUE(const CDATE& value) : CVALUE(Type::Date, &value) {}
+    CVALUE(const CDATE& value) : mType(Type::Date) { Allocate(&value, sizeof(value)); }
     CVALUE(const CTIME& value) noexcept : mType(Type::Time) { SetPayload(value.GetTotalSeconds()); }
-    CVALUE(const CDATETIME& value) : CVALUE(Type::DateTime, &value) {}
+    CVALUE(const CDATETIME& value) : mType(Type::DateTime) { Allocate(&value, sizeof(value)); }
     CVALUE(const _GUID& value) : CVALUE(Type::Guid, &value) {}
     /// Adds a reference; null is allowed.
     CVALUE(CSHAREOBJECT* value) : CVALUE(Type::Object, value) {}
@@ -113,8 +112,12 @@ public:
     }
     CVALUE(CVALUE&& other) noexcept { Swap(other); }
     CVALUE& operator=(const CVALUE& other) {
-        CVALUE copy(other);
-        Swap(copy);
+        if (OwnsPayload() || other.OwnsPayload()) {
+            Assign(other);
+        } else {
+            mType = other.mType;
+            SetPayload(other.Payload());
+        }
         return *this;
     }
     CVALUE& operator=(CVALUE&& other) noexcept {
@@ -123,7 +126,7 @@ public:
         return *this;
     }
     ~CVALUE() {
-        if (OwnsPayload()) {
+        if (OwnsPayload() && Payload() != 0) {
             ReleasePayload();
         }
     }
@@ -173,7 +176,7 @@ public:
     /// The text of a String, never null, until the value changes.
     operator const char*() const {
         Require(Type::String);
-        return static_cast<const char*>(Stored());
+        return Text();
     }
     /// The span from midnight to a Time.
     [[nodiscard]] CTIMESPAN ToTimeSpan() const { return CTIMESPAN(ToTime().GetTotalSeconds()); }
@@ -188,8 +191,7 @@ public:
     /// The same type and the same bytes, so 0.0 and -0.0 differ and a NaN equals itself; texts by character, objects by
     /// identity.
     friend bool operator==(const CVALUE& left, const CVALUE& right) noexcept {
-        return left.mType == right.mType &&
-               (left.OwnsPayload() ? left.Bytes() == right.Bytes() : left.Payload() == right.Payload());
+        return left.mType == right.mType && (left.Payload() == right.Payload() || left.IsSameContent(right));
     }
     // With a plain value: false for any other type, then by the plain type's own equality. The orders may be turned round.
     friend bool operator==(const CVALUE& value, short other) noexcept { return value.Is(Type::Short, other); }
@@ -207,7 +209,7 @@ public:
     }
     /// Null is the empty text.
     friend bool operator==(const CVALUE& value, const char* other) noexcept {
-        return value.mType == Type::String && value.Bytes() == (other == nullptr ? "" : other);
+        return value.mType == Type::String && std::strcmp(value.Text(), other == nullptr ? "" : other) == 0;
     }
     friend bool operator==(const CVALUE& value, const std::string& other) noexcept { return value == other.c_str(); }
     friend bool operator==(const CVALUE& value, const CSHAREOBJECT* other) noexcept {
@@ -256,7 +258,10 @@ private:
         return block;
     }
     void SetBlock(void* block) noexcept { std::memcpy(mPayload, &block, sizeof(block)); }
+    /// Sets the payload to a new block with a copy of `data`, or with zeros for null.
+    void Allocate(const void* data, std::size_t size);
     void CopyPayload(const CVALUE& other);
+    void Assign(const CVALUE& other);
     void ReleasePayload() noexcept;
     void Swap(CVALUE& other) noexcept {
         std::swap(mType, other.mType);
@@ -269,8 +274,7 @@ private:
         const void* const stored = GetValue();
         return stored == nullptr ? kZeros : stored;
     }
-    /// What equality of an allocated type compares.
-    [[nodiscard]] std::string_view Bytes() const noexcept;
+    [[nodiscard]] const char* Text() const noexcept { return static_cast<const char*>(Stored()); }
     template <class T>
     [[nodiscard]] T Load() const noexcept {
         T stored;
@@ -292,6 +296,8 @@ private:
         return Payload();
     }
     [[nodiscard]] bool Is(Type type, long long number) const noexcept { return mType == type && Payload() == number; }
+    /// Of two values of one type whose payloads differ.
+    [[nodiscard]] bool IsSameContent(const CVALUE& other) const noexcept;
     [[nodiscard]] bool IsGuid(const _GUID& guid) const noexcept;
     [[nodiscard]] bool IsVariant(const _variant_t& variant) const;
 
