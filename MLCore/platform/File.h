@@ -21,18 +21,27 @@ using FILEHANDLE = std::intptr_t;
 /// No file.
 inline constexpr FILEHANDLE kNoFile = -1;
 
-/// How to open a file: kFileRead, kFileWrite or both, or kFileAppend with or without kFileRead; the others on top.
+/// How to open a file: kFileRead, kFileWrite or both. The others need kFileWrite.
 inline constexpr unsigned int kFileRead = 0x01;
 inline constexpr unsigned int kFileWrite = 0x02;
 inline constexpr unsigned int kFileAppend = 0x04;     ///< writes go to the file's end, whatever the offset
-inline constexpr unsigned int kFileCreate = 0x08;     ///< makes the file when it is missing; needs Write or Append
-inline constexpr unsigned int kFileExclusive = 0x10;  ///< fails when the file is there; needs Create
-inline constexpr unsigned int kFileTruncate = 0x20;   ///< empties the file; needs Write, not with Append
+inline constexpr unsigned int kFileCreate = 0x08;     ///< makes the file when it is missing
+inline constexpr unsigned int kFileExclusive = 0x10;  ///< fails when the file is there; needs kFileCreate
+inline constexpr unsigned int kFileTruncate = 0x20;   ///< empties the file; does not go with kFileAppend
+
+/// Whether the flags go together.
+[[nodiscard]] constexpr bool AreFileFlagsValid(unsigned int flags) noexcept {
+    constexpr unsigned int kKnown = 0x3F;
+    constexpr unsigned int kBothEnds = kFileAppend | kFileTruncate;
+    return (flags & ~kKnown) == 0 && ((flags & kFileWrite) != 0 || flags == kFileRead) &&
+           (flags & kBothEnds) != kBothEnds && ((flags & kFileExclusive) == 0 || (flags & kFileCreate) != 0);
+}
 
 /// Opens a file with its offset at 0. Never waits for the other end of a pipe. Programs started later do not inherit it.
 ///
-/// What others may do meanwhile, on Windows only: anything while it is open for reading or appending, read while it is
-/// open for writing. Hence a file has one writer or several appenders there, and any number of readers.
+/// On Windows, others may only read a file that is open for writing; one that is open for reading or appending they may
+/// also append to, rename and remove. So there is one writer or several appenders there, and any number of readers. Other
+/// systems keep nobody out.
 /// \return the file, or kNoFile. Folders are refused. A new file gets the system's usual rights.
 [[nodiscard]] MLCORE_API FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept;
 
@@ -56,20 +65,10 @@ MLCORE_API bool FileClose(FILEHANDLE file) noexcept;
 /// The size in bytes, or -1 on failure. The offset may change.
 [[nodiscard]] MLCORE_API std::int64_t FileSize(FILEHANDLE file) noexcept;
 
-/// Cuts the file or lengthens it by zeros; needs kFileWrite. The offset stays.
+/// Cuts the file or lengthens it by zeros; needs kFileWrite, on Windows without kFileAppend. The offset stays.
 [[nodiscard]] MLCORE_API bool FileResize(FILEHANDLE file, std::uint64_t size) noexcept;
 
 /// Removes a file by its name; on Windows not while others have it open for writing.
 [[nodiscard]] MLCORE_API bool FileRemove(const char* path) noexcept;
-
-/// Whether the flags of FileOpen go together.
-[[nodiscard]] constexpr bool AreFileFlagsValid(unsigned int flags) noexcept {
-    const bool isWritten = (flags & (kFileWrite | kFileAppend)) != 0;
-    const bool isAppended = (flags & kFileAppend) != 0;
-    return flags < 0x40 && (flags & (kFileRead | kFileWrite | kFileAppend)) != 0 &&
-           !(isAppended && (flags & (kFileWrite | kFileTruncate)) != 0) &&
-           !(!isWritten && (flags & (kFileCreate | kFileTruncate)) != 0) &&
-           !((flags & kFileExclusive) != 0 && (flags & kFileCreate) == 0);
-}
 
 }  // namespace MLCore::platform

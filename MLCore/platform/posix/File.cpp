@@ -34,7 +34,7 @@ bool Fail(int errorNumber) noexcept {
 int SystemFlags(unsigned int flags) noexcept {
     // Not blocking: to open a pipe would wait for its other end.
     int result = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    if ((flags & (kFileWrite | kFileAppend)) == 0) {
+    if ((flags & kFileWrite) == 0) {
         result |= O_RDONLY;
     } else {
         result |= (flags & kFileRead) != 0 ? O_RDWR : O_WRONLY;

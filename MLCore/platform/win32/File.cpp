@@ -18,12 +18,13 @@ bool Fail(DWORD code) noexcept {
 HANDLE Handle(FILEHANDLE file) noexcept { return reinterpret_cast<HANDLE>(file); }
 
 DWORD Access(unsigned int flags) noexcept {
-    return ((flags & kFileRead) != 0 ? GENERIC_READ : 0U) | ((flags & kFileWrite) != 0 ? GENERIC_WRITE : 0U) |
-           ((flags & kFileAppend) != 0 ? FILE_APPEND_DATA | SYNCHRONIZE : 0U);
+    const DWORD writing = (flags & kFileAppend) != 0 ? FILE_APPEND_DATA : GENERIC_WRITE;
+    return ((flags & kFileRead) != 0 ? GENERIC_READ : 0U) | ((flags & kFileWrite) != 0 ? writing : 0U);
 }
 
 DWORD Sharing(unsigned int flags) noexcept {
-    return (flags & kFileWrite) != 0 ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const bool isOnlyWriter = (flags & kFileWrite) != 0 && (flags & kFileAppend) == 0;
+    return isOnlyWriter ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 }
 
 DWORD Disposition(unsigned int flags) noexcept {
