@@ -236,6 +236,9 @@ public:
     /// As the value that the variant makes; false when it makes none.
     friend bool operator==(const CVALUE& value, const _variant_t& other) { return value.IsVariant(other); }
 
+    /// Values have no order of their own, and that of their texts' addresses is nobody's.
+    friend void operator<=>(const CVALUE&, const CVALUE&) = delete;
+
     /// Writes the value's text: see AppendValueText().
     friend MLCORE_API std::ostream& operator<<(std::ostream& out, const CVALUE& value);
     /// Writes "Type::Long" and so on; nothing for Object and for what is no type.
