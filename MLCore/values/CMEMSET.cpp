@@ -6,47 +6,48 @@
 
 namespace MLCore {
 
-/// Stands on a serial: on the entry that has it, or on the first behind.
+/// Stands on a serial: on the element that has it, or on the first behind.
 class CMEMSET::ELEMENTITERATOR final : public COBJECTITERATOR {
 public:
-    explicit ELEMENTITERATOR(CMEMSET* set) : mSet(set) { GoTo(SkipHoles(0)); }
+    explicit ELEMENTITERATOR(CMEMSET* set) : mSet(set), mIndex(set->mFirst), mMoves(set->mMoves) { GoToElement(); }
 
     void Next() override {
-        const std::size_t index = FirstEntry();
-        const bool isOnIt = index < mSet->mEntries.size() && mSet->mEntries[index].serial == mSerial;
-        GoTo(SkipHoles(isOnIt ? index + 1 : index));
+        const std::size_t index = Index();
+        if (index < mSet->mEntries.size() && mSet->mEntries[index].serial == mSerial) {
+            ++mIndex;
+        }
+        GoToElement();
     }
-    int IsEnd() const override { return SkipHoles(FirstEntry()) == mSet->mEntries.size() ? 1 : 0; }
+    int IsEnd() const override { return Index() == mSet->mEntries.size() ? 1 : 0; }
     CSHAREOBJECTPTR<COBJECT> GetCurrent() const override {
-        const std::size_t index = SkipHoles(FirstEntry());
+        const std::size_t index = Index();
         return index < mSet->mEntries.size() ? mSet->mEntries[index].object : nullptr;
     }
 
 private:
-    // The first entry with this serial or a later one; searched for only when the entries have moved.
-    std::size_t FirstEntry() const {
-        const std::vector<ENTRY>& entries = mSet->mEntries;
-        if (mIndex < entries.size() && entries[mIndex].serial == mSerial) {
-            return mIndex;
-        }
-        const auto found = std::lower_bound(entries.begin(), entries.end(), mSerial,
-                                            [](const ENTRY& entry, auto serial) { return entry.serial < serial; });
-        return static_cast<std::size_t>(found - entries.begin());
-    }
-    std::size_t SkipHoles(std::size_t index) const {
-        while (index < mSet->mEntries.size() && !mSet->mEntries[index].object) {
-            ++index;
-        }
-        return index;
-    }
-    void GoTo(std::size_t index) {
-        mIndex = index;
+    void GoToElement() {
+        const std::size_t index = Index();
         mSerial = index < mSet->mEntries.size() ? mSet->mEntries[index].serial : mSet->mNextSerial;
+    }
+    // The first element with this serial or a later one. Its index is remembered: holes stay holes until the entries move.
+    std::size_t Index() const {
+        const std::vector<ENTRY>& entries = mSet->mEntries;
+        if (mMoves != mSet->mMoves) {
+            const auto isBefore = [](const ENTRY& entry, std::uint64_t serial) { return entry.serial < serial; };
+            const auto found = std::lower_bound(entries.begin(), entries.end(), mSerial, isBefore);
+            mIndex = static_cast<std::size_t>(found - entries.begin());
+            mMoves = mSet->mMoves;
+        }
+        while (mIndex < entries.size() && !entries[mIndex].object) {
+            ++mIndex;
+        }
+        return mIndex;
     }
 
     CSHAREOBJECTPTR<CMEMSET> mSet;
     std::uint64_t mSerial = 0;
-    std::size_t mIndex = 0;
+    mutable std::size_t mIndex;
+    mutable std::uint64_t mMoves;
 };
 
 MLCORE_REGISTER_CLASS(CMEMSET)
@@ -116,6 +117,9 @@ int CMEMSET::RemoveObject(COBJECT* object) {
     }
     const CSHAREOBJECTPTR<COBJECT> removed = std::move(mEntries[place->second].object);
     mPlaces.erase(place);
+    while (mFirst < mEntries.size() && !mEntries[mFirst].object) {
+        ++mFirst;
+    }
     if (mEntries.size() > 2 * mPlaces.size()) {
         Compact();
     }
@@ -123,6 +127,8 @@ int CMEMSET::RemoveObject(COBJECT* object) {
 }
 
 void CMEMSET::RemoveAll() {
+    ++mMoves;
+    mFirst = 0;
     mPlaces.clear();
     std::exchange(mEntries, {});
 }
@@ -132,6 +138,8 @@ COBJECTITERATOR* CMEMSET::CreateIterator() const { return new ELEMENTITERATOR(co
 
 // Called when more than half of the entries are holes: on average, each removal pays for moving one entry.
 void CMEMSET::Compact() {
+    ++mMoves;
+    mFirst = 0;
     std::erase_if(mEntries, [](const ENTRY& entry) { return !entry.object; });
     for (std::size_t index = 0; index < mEntries.size(); ++index) {
         mPlaces[mEntries[index].object] = index;

@@ -47,6 +47,8 @@ private:
     std::vector<ENTRY> mEntries;
     std::unordered_map<COBJECT*, std::size_t> mPlaces;  // the index of each element's entry
     std::uint64_t mNextSerial = 0;
+    std::uint64_t mMoves = 0;  // how often the entries have moved
+    std::size_t mFirst = 0;    // no element's entry is in front of it
 };
 
 }  // namespace MLCore

@@ -13,7 +13,7 @@ namespace MLCore {
 ///     for (; each->IsEnd() == 0; each->Next()) {
 ///         Print(each->GetCurrent());
 ///     }
-///     for (const CSHAREOBJECTPTR<COBJECT>& order : *orders) ...  // the same
+///     for (const CSHAREOBJECTPTR<COBJECT>& order : orders) ...  // the same, see ELEMENTCURSOR.h
 ///
 /// An iterator keeps its collection alive, and the collection may change meanwhile. In an array the iterator stands on an
 /// index, whatever object is there now: inserting or removing in front of it shifts the elements under it. In dictionaries

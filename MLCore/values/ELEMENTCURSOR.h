@@ -32,4 +32,15 @@ private:
     std::unique_ptr<COBJECTITERATOR> mIterator;
 };
 
+/// Range-for over a holder of a collection (not null), which it keeps alive: `for (... : orders->Filter(isLate))`. Over
+/// `*orders->Filter(isLate)` the array would be gone before the loop begins.
+template <class Collection>
+auto begin(const CSHAREOBJECTPTR<Collection>& collection) -> decltype(collection->begin()) {
+    return collection->begin();
+}
+template <class Collection>
+auto end(const CSHAREOBJECTPTR<Collection>& collection) -> decltype(collection->end()) {
+    return collection->end();
+}
+
 }  // namespace MLCore
