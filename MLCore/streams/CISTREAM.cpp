@@ -35,7 +35,7 @@ unsigned long long BytesLeft(const CISTREAM& stream) {
 
 }  // namespace
 
-CISTREAM::CISTREAM(OpenMode mode) : CSTREAM(mode) {}
+CISTREAM::CISTREAM(OpenMode mode) { mOpenMode = mode; }
 
 CISTREAM::~CISTREAM() = default;
 

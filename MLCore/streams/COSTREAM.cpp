@@ -33,7 +33,7 @@ private:
 
 }  // namespace
 
-COSTREAM::COSTREAM(OpenMode mode) : CSTREAM(mode) {}
+COSTREAM::COSTREAM(OpenMode mode) { mOpenMode = mode; }
 
 COSTREAM::~COSTREAM() = default;
 

@@ -36,11 +36,14 @@ public:
     CSTREAM& operator=(const CSTREAM&) = delete;
 
 protected:
-    /// The most derived class calls it, as for every virtual base. Without an argument: Read, which does for decorators,
-    /// since they answer with their component's mode.
+    /// The most derived class calls it, as for every virtual base; one that does not leaves the mode to the constructors of
+    /// CISTREAM and COSTREAM.
     explicit CSTREAM(OpenMode mode = Read) noexcept;
 
 private:
+    friend class CISTREAM;
+    friend class COSTREAM;
+
     OpenMode mOpenMode;
     std::int32_t mIsOpen = 0;
 };
