@@ -100,7 +100,7 @@ void COSTREAM::SetValueBOOL(int value) { SetValue(static_cast<const void*>(&valu
 
 void COSTREAM::SetObject(const CSERIALIZABLEOBJECT* object) {
     const char* const identifier = object != nullptr ? object->GetClassIdentifier() : nullptr;
-    if (identifier == nullptr) {
+    if (identifier == nullptr || *identifier == '\0') {
         SetValue(short{0});
         return;
     }

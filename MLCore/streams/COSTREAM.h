@@ -47,7 +47,7 @@ public:
     virtual void SetValue(char value);
     virtual void SetValueBOOL(int value);  ///< 4 bytes
     /// Writes the identifier of the object's class with its length, then the object's state. Null, and an object whose
-    /// class has no identifier, is written as a null object. Fails with -111 for an identifier above 32767 characters, with
+    /// class has no identifier or an empty one, is written as a null object. Fails with -111 for an identifier above 32767 characters, with
     /// 138 beyond CISTREAM::kMaxObjectDepth.
     virtual void SetObject(const CSERIALIZABLEOBJECT* object);
     /// Lines exist in text only (COSTREAMDECORATORTEXT): here both do nothing.
