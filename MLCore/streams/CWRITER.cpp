@@ -56,10 +56,12 @@ CWRITER& endl(CWRITER& writer) {
 CWRITER& operator<<(CWRITER& writer, CWRITER& (*manipulator)(CWRITER&)) { return manipulator(writer); }
 
 std::istream& operator>>(std::istream& in, CWRITER& writer) {
-    for (std::istreambuf_iterator<char> at(in), end; at != end; ++at) {
-        writer << *at;
+    if (const std::istream::sentry ready(in, true); ready) {
+        for (std::istreambuf_iterator<char> at(in), end; at != end; ++at) {
+            writer << *at;
+        }
+        in.setstate(std::ios_base::eofbit);
     }
-    in.setstate(std::ios_base::eofbit);
     return in;
 }
 

@@ -67,7 +67,7 @@ MLCORE_API CWRITER& operator<<(CWRITER& writer, const CSERIALIZABLE& object);
 MLCORE_API CWRITER& endl(CWRITER& writer);
 MLCORE_API CWRITER& operator<<(CWRITER& writer, CWRITER& (*manipulator)(CWRITER&));
 
-/// Copies the characters of `in`, blanks and line ends included, until its end.
+/// Copies the characters of `in`, blanks and line ends included, until its end. Nothing when `in` has failed.
 MLCORE_API std::istream& operator>>(std::istream& in, CWRITER& writer);
 
 }  // namespace MLCore
