@@ -80,11 +80,7 @@ void COSTREAM::SetValue(short value) { SetValue(static_cast<const void*>(&value)
 
 void COSTREAM::SetValue(const std::string& value) { WriteText(value); }
 
-void COSTREAM::SetValue(const char* value) {
-    if (value != nullptr) {
-        WriteText(value);
-    }
-}
+void COSTREAM::SetValue(const char* value) { WriteText(value != nullptr ? value : ""); }
 
 void COSTREAM::WriteText(std::string_view text) {
     do {
