@@ -57,11 +57,12 @@ public:
         mPosition = std::min(mPosition, size);
     }
 
-    /// Reads from `data`, where the stream lies in memory: up to `count` bytes; returns how many.
+    /// Reads from `data`, where the stream lies in memory: up to `count` bytes; returns how many. `buffer` may lie in `data`
+    /// itself.
     long ReadFrom(const void* data, void* buffer, long count) noexcept {
         const long available = Available(count);
         if (available > 0) {
-            std::memcpy(buffer, static_cast<const char*>(data) + mPosition, static_cast<std::size_t>(available));
+            std::memmove(buffer, static_cast<const char*>(data) + mPosition, static_cast<std::size_t>(available));
             mPosition += static_cast<unsigned long long>(available);
         }
         return available;
