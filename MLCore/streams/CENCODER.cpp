@@ -1,0 +1,7 @@
+#include <MLCore/streams/CENCODER.h>
+
+namespace MLCore {
+
+CENCODER::~CENCODER() = default;
+
+}  // namespace MLCore

@@ -1,0 +1,191 @@
+#include <MLCore/streams/CISTREAMDECORATORTEXT.h>
+
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/streams/CRANDOMSTREAM.h>
+#include <MLCore/text/DecimalText.h>
+#include <MLCore/text/DoubleText.h>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+namespace MLCore {
+
+namespace {
+
+constexpr long kLongestToken = 32767;
+/// What is read ahead: some fields long, so that little is copied in vain.
+constexpr long kBlockSize = 128;
+
+std::string_view Trim(std::string_view text) {
+    constexpr const char* kBlanks = " \t\n\v\f\r";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+}  // namespace
+
+CISTREAMDECORATORTEXT::CISTREAMDECORATORTEXT(CISTREAM& component)
+    : CSTREAM(component.GetOpenMode()),
+      CISTREAMDECORATOR(component),
+      mRandom(dynamic_cast<CRANDOMSTREAM*>(&component)) {}
+
+CISTREAMDECORATORTEXT::~CISTREAMDECORATORTEXT() = default;
+
+long CISTREAMDECORATORTEXT::GetValue(void* buffer, long count) {
+    char* const text = static_cast<char*>(buffer);
+    long total = 0;
+    long read = 0;
+    long kept = 0;
+    do {
+        read = GetComponent().GetValue(static_cast<void*>(text + total), count - total);
+        kept = static_cast<long>(std::remove(text + total, text + total + read, '\r') - (text + total));
+        total += kept;
+    } while (kept < read && GetComponent().IsEnd() == 0);
+    return total;
+}
+
+void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit, const char* separator) {
+    const int stop = separator != nullptr ? static_cast<unsigned char>(*separator) : -1;
+    bool isQuoted = false;
+    bool isComplete = limit == 0;
+    while (!isComplete && IsEnd() == 0 && IsEndOfLine() == 0) {
+        char block[kBlockSize] = {};
+        const long size = mRandom != nullptr ? GetComponent().GetValue(static_cast<void*>(block), kBlockSize)
+                                             : GetValue(static_cast<void*>(block), 1L);
+        const char* const end = block + size;
+        const char* from = block;
+        char* kept = block;
+        while (from != end && !isComplete) {
+            const char character = *from++;
+            isQuoted ^= character == '"';
+            if (IsEOLChar(character) != 0) {
+                mIsEndOfLine = IsEOL(character);
+                isComplete = mIsEndOfLine != 0;
+            } else if (static_cast<unsigned char>(character) == stop && !isQuoted) {
+                isComplete = true;
+            } else {
+                *kept++ = character;
+                isComplete = --limit == 0;
+            }
+        }
+        if (from != end) {
+            mRandom->SetPosition(mRandom->GetPosition() - static_cast<unsigned long long>(end - from));
+        }
+        if (text != nullptr) {
+            text->append(block, kept);
+        }
+        isComplete = isComplete || size == 0;
+    }
+}
+
+std::string CISTREAMDECORATORTEXT::ReadToken() {
+    if (mIsEndOfLine == 0 && IsEnd() != 0) {
+        char none = '\0';
+        GetValue(static_cast<void*>(&none), 1L);  // a closed component has a failure of its own
+        FailOSErr(kErrStreamEnd);
+    }
+    std::string token;
+    GetValue(token, kLongestToken);
+    return token;
+}
+
+// The one way from text to a value: `parse` answers 0 for what is not wholly a value.
+template <class Value, class Parse>
+void CISTREAMDECORATORTEXT::ReadParsed(Value& value, Parse parse) {
+    const std::string token = ReadToken();
+    const std::string_view text = Trim(token);
+    Value parsed{};
+    if (!text.empty() && parse(text, parsed) == 0) {
+        FailOSErr(kErrValueType);
+    }
+    value = parsed;
+}
+
+template <class Stored, class Value>
+void CISTREAMDECORATORTEXT::ReadInteger(Value& value, long long lowest) {
+    ReadParsed(value, [lowest](std::string_view text, Value& parsed) {
+        long long number = 0;
+        if (ParseInteger(text, number) == 0 || number < lowest || number > std::numeric_limits<Stored>::max()) {
+            return 0;
+        }
+        parsed = static_cast<Stored>(number);
+        return 1;
+    });
+}
+
+template <class Value>
+void CISTREAMDECORATORTEXT::ReadFromString(Value& value) {
+    ReadParsed(value, [](std::string_view text, Value& parsed) {
+        // A zero byte would hide what comes behind it.
+        return text.find('\0') == std::string_view::npos ? parsed.FromString(std::string(text).c_str()) : 0;
+    });
+}
+
+void CISTREAMDECORATORTEXT::GetValue(CDATETIME& value) { ReadFromString(value); }
+
+void CISTREAMDECORATORTEXT::GetValue(CTIME& value) { ReadFromString(value); }
+
+void CISTREAMDECORATORTEXT::GetValue(CDATE& value) { ReadFromString(value); }
+
+void CISTREAMDECORATORTEXT::GetValue(double& value) { ReadParsed(value, ParseDouble); }
+
+void CISTREAMDECORATORTEXT::GetValue(unsigned long& value) {
+    ReadInteger<std::uint32_t>(value, std::numeric_limits<std::int32_t>::min());
+}
+
+void CISTREAMDECORATORTEXT::GetValue(unsigned short& value) { ReadInteger<unsigned short>(value, 0); }
+
+void CISTREAMDECORATORTEXT::GetValue(long& value) {
+    ReadInteger<std::int32_t>(value, std::numeric_limits<std::int32_t>::min());
+}
+
+void CISTREAMDECORATORTEXT::GetValue(short& value) { ReadInteger<short>(value, std::numeric_limits<short>::min()); }
+
+void CISTREAMDECORATORTEXT::GetValue(std::string& value, long length) {
+    if (length < 0) {
+        FailOSErr(kErrStreamEnd);
+    }
+    std::string text;
+    ReadCharacters(&text, static_cast<std::size_t>(length), nullptr);
+    value = std::move(text);
+}
+
+void CISTREAMDECORATORTEXT::GetValue(char* buffer, long length) {
+    std::string text;
+    GetValue(text, length);
+    // Decoding may have made it longer than what was read.
+    buffer[text.copy(buffer, static_cast<std::size_t>(length))] = '\0';
+}
+
+void CISTREAMDECORATORTEXT::GetValue(char& value) {
+    char character = '\0';
+    if (GetValue(static_cast<void*>(&character), 1L) != 1) {
+        FailOSErr(kErrStreamEnd);
+    }
+    mIsEndOfLine = IsEOL(character);
+    value = character;
+}
+
+void CISTREAMDECORATORTEXT::GetValueBOOL(int& value) {
+    ReadInteger<std::int32_t>(value, std::numeric_limits<std::int32_t>::min());
+}
+
+int CISTREAMDECORATORTEXT::IsEndOfLine() const { return mIsEndOfLine != 0 ? 1 : CISTREAMDECORATOR::IsEndOfLine(); }
+
+void CISTREAMDECORATORTEXT::ReadLine(std::string& line) {
+    std::string text;
+    ReadCharacters(&text, std::string::npos, nullptr);
+    line = std::move(text);
+    ClearEndOfLine();
+}
+
+void CISTREAMDECORATORTEXT::GetNextLine() {
+    ReadCharacters(nullptr, std::string::npos, nullptr);
+    ClearEndOfLine();
+}
+
+}  // namespace MLCore

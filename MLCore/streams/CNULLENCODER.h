@@ -1,0 +1,17 @@
+#pragma once
+
+#include <MLCore/platform/Export.h>
+#include <MLCore/streams/CENCODER.h>
+
+namespace MLCore {
+
+/// Leaves texts as they are. For fields without separators and double quotes.
+class MLCORE_API CNULLENCODER : public CENCODER {
+public:
+    ~CNULLENCODER() override;
+
+    std::string Encode(const std::string& text) override;
+    std::string Decode(const std::string& text) override;
+};
+
+}  // namespace MLCore

@@ -1,0 +1,92 @@
+#include <MLCore/streams/COSTREAMDECORATORTEXT.h>
+
+#include <MLCore/core/Narrowing.h>
+#include <MLCore/streams/CISTREAMDECORATORTEXT.h>
+#include <MLCore/text/DecimalText.h>
+#include <MLCore/text/DoubleText.h>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace MLCore {
+
+namespace {
+
+constexpr char kLineEnd[] = {'\r', '\n'};
+
+bool EndsRun(char character) { return CISTREAMDECORATORTEXT::IsEOLChar(character) != 0 || character == '\0'; }
+
+}  // namespace
+
+COSTREAMDECORATORTEXT::COSTREAMDECORATORTEXT(COSTREAM& component)
+    : CSTREAM(component.GetOpenMode()), COSTREAMDECORATOR(component) {}
+
+COSTREAMDECORATORTEXT::~COSTREAMDECORATORTEXT() = default;
+
+void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
+    const auto write = [this](const char* from, const char* to) {
+        GetComponent().SetValue(static_cast<const void*>(from), static_cast<long>(to - from));
+    };
+    const char* from = static_cast<const char*>(buffer);
+    const char* const end = from + std::max(count, 0L);
+    do {
+        const char* const to = std::find_if(from, end, EndsRun);
+        if (to == end || *to == '\0') {
+            write(from, end);
+            return;
+        }
+        if (to != from) {
+            write(from, to);
+        }
+        write(std::begin(kLineEnd), std::end(kLineEnd));
+        from = to + 1;
+    } while (from != end);
+}
+
+void COSTREAMDECORATORTEXT::SetValue(const CDATETIME& value) { SetValue(value.ToString()); }
+
+void COSTREAMDECORATORTEXT::SetValue(const CTIME& value) { SetValue(value.ToString()); }
+
+void COSTREAMDECORATORTEXT::SetValue(const CDATE& value) { SetValue(value.ToString()); }
+
+void COSTREAMDECORATORTEXT::SetValue(double value) {
+    char text[kDoubleTextSize];
+    lftoa(value, text, kDoubleTextSize);
+    SetValue(static_cast<const char*>(text));
+}
+
+void COSTREAMDECORATORTEXT::WriteInteger(long long value) {
+    std::string text;
+    AppendPadded(text, value, 1);
+    SetValue(text.c_str());
+}
+
+void COSTREAMDECORATORTEXT::SetValue(unsigned long value) {
+    WriteInteger(static_cast<std::int32_t>(UInt32OrFail(value)));
+}
+
+void COSTREAMDECORATORTEXT::SetValue(unsigned short value) { WriteInteger(value); }
+
+void COSTREAMDECORATORTEXT::SetValue(long value) { WriteInteger(Int32OrFail(value)); }
+
+void COSTREAMDECORATORTEXT::SetValue(short value) { WriteInteger(value); }
+
+void COSTREAMDECORATORTEXT::SetValue(const std::string& value) { COSTREAM::SetValue(value); }
+
+void COSTREAMDECORATORTEXT::SetValue(const char* value) { COSTREAM::SetValue(value); }
+
+void COSTREAMDECORATORTEXT::SetValue(char value) { SetValue(std::string(1, value)); }
+
+void COSTREAMDECORATORTEXT::SetValueBOOL(int value) { WriteInteger(value); }
+
+void COSTREAMDECORATORTEXT::WriteLine(const std::string& line) {
+    COSTREAM::SetValue(line);
+    SetNextLine();
+}
+
+void COSTREAMDECORATORTEXT::SetNextLine() {
+    SetValue(static_cast<const void*>("\n"), 1L);
+    GetComponent().SetNextLine();
+}
+
+}  // namespace MLCore
