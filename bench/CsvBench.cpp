@@ -1,0 +1,127 @@
+// A million lines of six fields in a file, some of them quoted, beside C's own input and output. The loop that reads them for the
+// peer cuts at every separator and knows no quotes, so it is a limit and no peer in earnest: it is given lines without any.
+
+#include <MLCore/streams/CCSVENCODER.h>
+#include <MLCore/streams/CFILESTREAM.h>
+#include <MLCore/streams/CISTREAMDECORATORFIELD.h>
+#include <MLCore/streams/COSTREAMDECORATORFIELD.h>
+#include <MLCore/streams/CSTREAMWRITER.h>
+
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+#include "support/Workload.h"
+
+namespace {
+
+using namespace MLCore;
+
+constexpr std::size_t kLines = 1000000;
+constexpr int kFields = 6;
+constexpr long kLongest = 1000;
+
+// A file of the program's own, removed at its end.
+class SCRATCHFILE {
+public:
+    explicit SCRATCHFILE(const char* name) : mPath((std::filesystem::temp_directory_path() / name).string()) {}
+    ~SCRATCHFILE() { std::filesystem::remove(mPath); }
+    SCRATCHFILE(const SCRATCHFILE&) = delete;
+    SCRATCHFILE& operator=(const SCRATCHFILE&) = delete;
+    [[nodiscard]] const char* GetPath() const { return mPath.c_str(); }
+    [[nodiscard]] std::int64_t GetSize() const { return static_cast<std::int64_t>(std::filesystem::file_size(mPath)); }
+
+private:
+    std::string mPath;
+};
+
+struct TEXTS {
+    const char* client;
+    const char* city;
+    const char* remark;
+};
+constexpr TEXTS kPlain = {"Dupont et fils", "Clermont-Ferrand", "nothing to remark"};
+constexpr TEXTS kQuoted = {"Dupont; fils", "Clermont-Ferrand", "the \"old\" town"};
+
+const TEXTS& TextsOf(std::size_t line, bool isQuoted) { return isQuoted && line % 4 == 0 ? kQuoted : kPlain; }
+
+std::int64_t WriteOurs(const SCRATCHFILE& file, bool isQuoted) {
+    CFILESTREAM stream(file.GetPath(), CSTREAM::ReadWrite | CSTREAM::Create | CSTREAM::Truncate);
+    stream.Open();
+    CCSVENCODER encoder;
+    COSTREAMDECORATORFIELD fields(stream, ';', encoder);
+    CSTREAMWRITER writer(fields);
+    for (std::size_t i = 0; i < kLines; ++i) {
+        const TEXTS& texts = TextsOf(i, isQuoted);
+        writer << static_cast<long>(i) << texts.client << texts.city << static_cast<long>(i % 1000) << short{7}
+               << texts.remark << endl;
+    }
+    stream.Close();
+    return file.GetSize();
+}
+
+// As C programs write such files: with quotes where they know that they are needed.
+std::int64_t WritePeer(const SCRATCHFILE& file, bool isQuoted) {
+    std::FILE* const out = std::fopen(file.GetPath(), "wb");
+    for (std::size_t i = 0; i < kLines; ++i) {
+        const bool hasQuotes = isQuoted && i % 4 == 0;
+        std::fprintf(out, hasQuotes ? "%d;\"%s\";%s;%d;%d;\"%s\"\r\n" : "%d;%s;%s;%d;%d;%s\r\n", static_cast<int>(i),
+                     hasQuotes ? "Dupont; fils" : kPlain.client, kPlain.city, static_cast<int>(i % 1000), 7,
+                     hasQuotes ? "the \"\"old\"\" town" : kPlain.remark);
+    }
+    std::fclose(out);
+    return file.GetSize();
+}
+
+// What is read: the sum of all lengths.
+std::int64_t ReadOurs(const SCRATCHFILE& file) {
+    CFILESTREAM stream(file.GetPath());
+    stream.Open();
+    CCSVENCODER encoder;
+    CISTREAMDECORATORFIELD fields(stream, ';', encoder);
+    std::int64_t sum = 0;
+    std::string field;
+    while (fields.IsEnd() == 0) {
+        for (int i = 0; i < kFields; ++i) {
+            fields.GetValue(field, kLongest);
+            sum += static_cast<std::int64_t>(field.size());
+        }
+        fields.GetNextLine();
+    }
+    return sum;
+}
+
+std::int64_t ReadPeer(const SCRATCHFILE& file) {
+    std::FILE* const in = std::fopen(file.GetPath(), "rb");
+    std::int64_t sum = 0;
+    char line[kLongest];
+    std::string field;
+    while (std::fgets(line, sizeof line, in) != nullptr) {
+        const char* from = line;
+        for (int i = 0; i < kFields; ++i) {
+            const char* const to = std::strchr(from, i + 1 < kFields ? ';' : '\r');
+            field.assign(from, to);
+            sum += static_cast<std::int64_t>(field.size());
+            from = to + 1;
+        }
+    }
+    std::fclose(in);
+    return sum;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const SCRATCHFILE ours("MLCore.bench.ours.csv");
+    const SCRATCHFILE peers("MLCore.bench.peers.csv");
+    for (const bool isQuoted : {true, false}) {
+        bench::WORKLOAD(isQuoted ? "write lines, some quoted" : "write lines", 1, nullptr, kLines)
+            .Add("MLCore", [&ours, isQuoted](std::size_t) { return WriteOurs(ours, isQuoted); })
+            .Add("fprintf", [&peers, isQuoted](std::size_t) { return WritePeer(peers, isQuoted); });
+    }
+    bench::WORKLOAD("read lines", 1, nullptr, kLines)
+        .Add("MLCore", [&ours](std::size_t) { return ReadOurs(ours); })
+        .Add("fgets, strchr", [&ours](std::size_t) { return ReadPeer(ours); });
+    return bench::Run(argc, argv);
+}
