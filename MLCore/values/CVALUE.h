@@ -45,7 +45,7 @@ concept NOVALUE = std::is_enum_v<T> ||
 /// a number.
 ///
 /// 12 bytes. The value owns what it points to: copies are deep, except that copies of an object share it. A value moved
-/// from is Unknown. Numbers, times and booleans need no memory of their own.
+/// from is Unknown. Integers, times and booleans need no memory of their own.
 class MLCORE_API CVALUE {
 public:
     enum class Type : std::int32_t {

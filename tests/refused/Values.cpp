@@ -23,12 +23,10 @@ void Makes(CSHAREOBJECTPTR<COBJECT>& holder, COBJECT* object, char* text, std::s
     made = CVALUE(nullptr);                              // refused
     made = CVALUE('a');                                  // refused
     made = CVALUE(L'a');                                 // refused
-    made = CVALUE(u8'a');                                // refused
     made = CVALUE(static_cast<unsigned char>(5));        // refused
     made = CVALUE(static_cast<signed char>(5));          // refused
     made = CVALUE(5U);                                   // refused
     made = CVALUE(5LL);                                  // refused
-    made = CVALUE(5ULL);                                 // refused
     made = CVALUE(5.0L);                                 // refused
     made = CVALUE(Apple);                                // refused
     made = CVALUE(CVALUE::Type::Long);                   // refused
@@ -36,15 +34,11 @@ void Makes(CSHAREOBJECTPTR<COBJECT>& holder, COBJECT* object, char* text, std::s
     made = CVALUE(static_cast<void*>(object));           // refused
     made = CVALUE(static_cast<const COBJECT*>(object));  // refused
     made = CVALUE(L"text");                              // refused
-    made = CVALUE(&Makes);                               // refused
-    made = 'a';                                          // refused
     made = 5U;                                           // refused
-    made = &size;                                        // refused
     if (made) return;                                    // refused
     if (!made) return;                                   // refused
     static_cast<void>(made == nullptr);                  // refused
     static_cast<void>(made == 5U);                       // refused
-    static_cast<void>(made == &size);                    // refused
     static_cast<void>(made == L"text");                  // refused
     static_cast<void>(made < other);                     // refused
 #endif
