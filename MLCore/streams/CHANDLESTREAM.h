@@ -17,8 +17,8 @@ class MLCORE_API CHANDLESTREAM : public CGLOBALSTREAM {
 public:
     /// Without a block; the first write makes one, which the stream owns.
     CHANDLESTREAM();
-    /// Over the block `handle` (may be null). The stream frees it only when `owns` is not 0. Growing may change the handle,
-    /// also of a block that is not owned: GetHandle() tells.
+    /// Over the block `handle` (may be null). Its end frees the block only when `owns` is not 0. Growing may change the handle,
+    /// and SetSize(0) frees the block, also of one that is not owned: GetHandle() tells.
     CHANDLESTREAM(void* handle, int owns);
     /// Unlocks the block, and frees it when it is owned.
     ~CHANDLESTREAM() override;

@@ -12,7 +12,7 @@ GLOBALBLOCK::GLOBALBLOCK(void* handle, bool owns) noexcept
     : mHandle(handle), mSize(handle != nullptr ? platform::GlobalBlockSize(handle) : 0), mRoom(mSize), mOwns(owns) {}
 
 GLOBALBLOCK::~GLOBALBLOCK() {
-    Unlock();
+    mOwns ? Unlock() : Unlock(mSize);
     if (mOwns) {
         platform::GlobalBlockFree(mHandle);
     }
