@@ -121,7 +121,7 @@ TEST(ArrayTest, FiltersByPredicate) {
     EXPECT_EQ(ElementsIn(*array->Filter(nullptr)), before);
     EXPECT_EQ(ElementsIn(*array->Filter(Asking([&](COBJECT* object) { return object == a ? -5 : 0; }))),
               (OBJECTS{a, a}));
-    const auto failing = Asking([](COBJECT* object) { return object->GetKeyValue("unknown"), 1; });
+    const auto failing = Asking([](COBJECT* object) { return object->SetKeyValue("unknown", nullptr), 1; });
     EXPECT_EQ(FailureOf([&] { return array->Filter(failing); }), 151);
     EXPECT_EQ(ElementsIn(*array), before);
     const auto growing = Asking([&](COBJECT*) { return array->AddObject(b), 1; });
@@ -147,8 +147,8 @@ TEST(ArrayTest, MapsKeysOverItsElements) {
     const auto gap = CMEMARRAY::Create({x, y, nullptr});
     const std::pair<OBJECT, int> kRefused[] = {
         {nullptr, -100}, {one, -100}, {CMEMSET::Create(one, two), -100}, {pair, 151}};
-    for (const auto& [value, failure] : kRefused) {
-        EXPECT_EQ(FailureOf([&] { gap->SetKeyValue("k", value); }), failure);
+    for (const auto& row : kRefused) {
+        EXPECT_EQ(FailureOf([&] { gap->SetKeyValue("k", row.first); }), row.second);
     }
     EXPECT_EQ(FailureOf([&] { gap->SetKeyValue("k", CMEMARRAY::Create({two, two, two})); }), 151) << "a null to set";
     EXPECT_EQ(x->properties["k"], one);
