@@ -10,6 +10,9 @@ namespace {
 /// The system counts in 32 bits.
 constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
 
+/// The compiler's headers do not all name it.
+constexpr DWORD kErrorDirectoryNotSupported = 336;
+
 bool Fail(DWORD code) noexcept {
     SetLastError(code);
     return false;
@@ -39,7 +42,7 @@ void TellFolder(const char* path) noexcept {
     const DWORD code = GetLastError();
     const DWORD attributes = code == ERROR_ACCESS_DENIED ? GetFileAttributesA(path) : INVALID_FILE_ATTRIBUTES;
     const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    SetLastError(isFolder ? ERROR_DIRECTORY_NOT_SUPPORTED : code);
+    SetLastError(isFolder ? kErrorDirectoryNotSupported : code);
 }
 
 }  // namespace
