@@ -1,0 +1,155 @@
+#include <MLCore/streams/CCSVENCODER.h>
+#include <MLCore/streams/CISTREAMDECORATORFIELD.h>
+#include <MLCore/streams/CNULLENCODER.h>
+#include <MLCore/streams/COSTREAMDECORATORFIELD.h>
+#include <streams/Bytes.h>
+
+#include <bit>
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <tuple>
+
+namespace {
+
+using namespace bytes;
+using FIELDINPUT = INPUT<CISTREAMDECORATORFIELD>;
+
+CCSVENCODER csv;
+
+template <class Write>
+std::string FieldsOf(const Write& write) {
+    return Written<COSTREAMDECORATORFIELD>(write, ';', csv);
+}
+
+TEST(FieldStreamTest, ReadsFieldsAndLines) {
+    const std::string lengthy(40000, 'x');
+    const std::pair<std::string, std::string> rows[] = {
+        {"x;\"y;z\";w\r\n", "x|y;z|w|/"},  // the fields, with "|" behind each, "/" behind each line
+        {"a;b;\r\n;\n\nc", "a|b||/||/|/c|/"},
+        {"a;b;", "a|b|/"},  // the end behind the last separator looks like the end of b
+        {"a\r;\rb\r\r\n\rc\r", "a|b|/c|/"},
+        {"\"one\ntwo;2\";3", "\"one|/two|2\";3|/"},
+        {"\"open;1\n2;3", "\"open;1|/2|3|/"},
+        {"a\"b;c\"d;e", "a\"b;c\"d|e|/"},
+        {std::string("\0;b\0\n"sv), std::string("\0|b\0|/"sv)},
+        {lengthy + ";b", std::string(32767, 'x') + "|" + std::string(40000 - 32767, 'x') + "|b|/"}};
+    for (const bool hasPosition : {true, false}) {
+        for (const auto& [data, expected] : rows) {
+            FIELDINPUT input(data, hasPosition, ';', csv);
+            std::string field;
+            std::string fields;
+            for (; input.stream.IsEnd() == 0; input.stream.GetNextLine(), fields += '/') {
+                do {
+                    input.stream.GetValue(field, 32767);
+                    fields += field + '|';
+                } while (input.stream.IsEndOfLine() == 0);
+            }
+            EXPECT_EQ(fields, expected);
+        }
+    }
+}
+
+/// Makes texts longer, which must not make them longer than a caller's buffer.
+class CDOUBLINGENCODER : public CNULLENCODER {
+public:
+    std::string Decode(const std::string& text) override { return text + text; }
+};
+
+TEST(FieldStreamTest, BoundsFieldsByTheirLength) {
+    CDOUBLINGENCODER doubling;
+    for (const bool hasPosition : {true, false}) {
+        FIELDINPUT input("abc;d\ne;fg", hasPosition, ';', doubling);
+        std::string field;
+        std::string fields;
+        for (const long length : {2L, 1L, 0L, 1L, 9L, 9L}) {
+            input.stream.ReadNextValue(field, length);
+            fields += field + '|';
+        }
+        EXPECT_EQ(fields, "abab|cc|||dd||");
+        EXPECT_EQ(FailureOf([&] { input.stream.ReadNextValue(field, -1); }), -110);
+        input.stream.GetNextLine();
+        char buffer[] = "......";
+        input.stream.GetValue(buffer, 4);
+        EXPECT_EQ(std::string(buffer, 6), "ee\0..."sv);
+        input.stream.GetValue(buffer, 3);
+        EXPECT_EQ(std::string(buffer, 6), "fgf\0.."sv);
+        input.stream.Rewind();
+        input.stream.ReadLine(field);
+        EXPECT_EQ(field, "abc;d");
+    }
+}
+
+TEST(FieldStreamTest, TakesAFieldForEachValue) {
+    FIELDINPUT input("xyz;;\"\"\"\";x1; 13;", true, ';', csv);
+    char characters[] = "???";
+    long number = 7;
+    input.stream >> characters[0] >> characters[1] >> characters[2];
+    EXPECT_EQ(std::string(characters, 3), "x\0\""sv);
+    EXPECT_EQ(FailureOf([&] { input.stream >> number; }), 138);
+    EXPECT_EQ(number, 7);
+    input.stream >> number;
+    EXPECT_EQ(number, 13);
+    EXPECT_EQ(FailureOf([&] { input.stream >> number; }), -110);
+    EXPECT_EQ(FailureOf([&] { input.stream >> characters[0]; }), -110);
+}
+
+using RECORD = std::tuple<char, unsigned long, double, CDATETIME, std::string>;
+
+RECORD RandomRecord(std::mt19937_64& random) {
+    const auto number = std::bit_cast<double>(random());
+    const CTIMESPAN span(static_cast<long>(random() % 2147483647));
+    std::string text;
+    while (random() % 12 != 0) {
+        text += ";a\t\0\xE9\","[random() % (text.ends_with('"') ? 5 : 7)];  // the encoding joins quotes
+    }
+    return {"a;\"\0 9"[random() % 6], static_cast<std::uint32_t>(random()), std::isfinite(number) ? number : 0.5,
+            random() % 4 != 0 ? CDATETIME(CDATE(1, 1, 1904), CTIME()) + span : CDATETIME(), text};
+}
+
+void Write(COSTREAM& fields, const RECORD& record) {
+    CSTREAMWRITER writer(fields);
+    std::apply([&writer](const auto&... values) { (writer << ... << values) << endl; }, record);
+}
+
+RECORD Read(CISTREAM& fields) {
+    CSTREAMREADER reader(fields);
+    RECORD record;
+    std::apply([&reader](auto&... values) { (reader >> ... >> values) >> endl; }, record);
+    return record;
+}
+
+TEST(FieldStreamTest, ReadsWhatItWroteAndFailsWhereAFileIsCut) {
+    std::mt19937_64 random(11);
+    std::vector<RECORD> records(500);
+    std::generate(records.begin(), records.end(), [&random] { return RandomRecord(random); });
+    const std::string data = FieldsOf([&records](COSTREAM& fields) {
+        std::for_each(records.begin(), records.end(), [&fields](const RECORD& its) { Write(fields, its); });
+    });
+    for (std::size_t length = 0; length <= 301; ++length) {  // the first and the last are not cut
+        const std::string_view text = std::string_view(data).substr(0, length % 301 != 0 ? length : data.size());
+        FIELDINPUT input(text, length % 2 == 0, ';', csv);
+        const auto count = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+        for (std::size_t i = 0; i < count; ++i) {
+            EXPECT_EQ(Read(input.stream), records[i]);
+        }
+        const int failure = FailureOf([&input] { return Read(input.stream); });
+        EXPECT_TRUE(failure == -110 || failure == 138 || (failure == 0 && !text.ends_with('\n'))) << failure;
+    }
+}
+
+TEST(FieldStreamTest, WritesTheSameBytesEverywhere) {
+    std::ifstream file(MLCORE_SOURCE_DIR "/tests/streams/data/fields.csv", std::ios::binary);
+    const auto write = [](COSTREAM& fields) {
+        fields << 1L << "a;b";
+        fields.SetNextLine();
+        fields << "" << static_cast<const char*>(nullptr) << '"' << CDATE() << std::string("say \"hi\"");
+        fields.SetNextLine();
+        fields.WriteLine("raw;line");
+        fields << "first\nagain";
+        Write(fields, {'\0', 4000000000UL, -1.5e-300, CDATETIME(CDATE(31, 12, 1999), CTIME(23, 0, 0)), "\xE9t\xE9"});
+    };
+    EXPECT_EQ(FieldsOf(write), std::string(std::istreambuf_iterator<char>(file), {}));
+}
+
+}  // namespace
