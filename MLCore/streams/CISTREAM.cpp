@@ -108,7 +108,7 @@ void CISTREAM::GetValue(short& value) { ReadExactly(&value, sizeof(value)); }
 
 void CISTREAM::GetValue(std::string& value, long length) {
     if (length < 0) {
-        FailOSErr(kErrStreamEnd);
+        return FailOSErr(kErrStreamEnd);
     }
     if (length <= kShortText) {
         char buffer[kShortText + 1];
@@ -128,7 +128,7 @@ void CISTREAM::GetValue(std::string& value, long length) {
 
 void CISTREAM::GetValue(char* buffer, long length) {
     if (length < 0) {
-        FailOSErr(kErrStreamEnd);
+        return FailOSErr(kErrStreamEnd);
     }
     ReadExactly(buffer, length);
     buffer[length] = '\0';

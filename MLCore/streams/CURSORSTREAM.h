@@ -1,7 +1,8 @@
 #pragma once
 
 #include <MLCore/platform/Export.h>
-#include <MLCore/streams/CISTREAM.h>
+#include <MLCore/streams/CRANDOMIOSTREAM.h>
+#include <MLCore/streams/CRANDOMISTREAM.h>
 #include <MLCore/streams/STREAMCURSOR.h>
 
 namespace MLCore {
@@ -9,7 +10,7 @@ namespace MLCore {
 /// What streams of random access have in common when their size and position are all there is to know: Base is
 /// CRANDOMISTREAM or CRANDOMIOSTREAM.
 template <class Base>
-class MLCORE_TEMPLATE_API CURSORSTREAM : public Base {
+class CURSORSTREAM : public Base {
 public:
     using CISTREAM::GetValue;
     /// At the first byte, with the size kept.
@@ -45,5 +46,9 @@ protected:
 
     STREAMCURSOR mCursor;
 };
+
+// Once, in the library: clients may call these through a base, and then the compiler may call them directly.
+extern template class MLCORE_API CURSORSTREAM<CRANDOMISTREAM>;
+extern template class MLCORE_API CURSORSTREAM<CRANDOMIOSTREAM>;
 
 }  // namespace MLCore
