@@ -12,9 +12,11 @@ GLOBALBLOCK::GLOBALBLOCK(void* handle, bool owns) noexcept
     : mHandle(handle), mSize(handle != nullptr ? platform::GlobalBlockSize(handle) : 0), mRoom(mSize), mOwns(owns) {}
 
 GLOBALBLOCK::~GLOBALBLOCK() {
-    mOwns ? Unlock() : Unlock(mSize);
     if (mOwns) {
+        Unlock();
         platform::GlobalBlockFree(mHandle);
+    } else {
+        Unlock(mSize);
     }
 }
 
