@@ -44,6 +44,7 @@ MLCORE_API char* lstrrmvaccent(char* text) noexcept;
 ///
 /// Symbols come before digits, digits before letters; accents count only where all else is equal: "cote" < "coté" < "coter".
 /// Equal are ß and "ss", œ and "oe", æ and "ae", þ and "th".
+/// Windows' own rule for English and French differs in that it passes over hyphens and apostrophes at first.
 [[nodiscard]] MLCORE_API short CompareNoCaseByTable(const char* left, const char* right) noexcept;
 
 }  // namespace MLCore

@@ -1,10 +1,8 @@
 #include <MLCore/platform/WinTypes.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstring>
 #include <cwchar>
-#include <limits>
+#include <iterator>
 #include <new>
 #include <utility>
 
