@@ -27,16 +27,11 @@ short SignOf(std::weak_ordering order) noexcept { return static_cast<short>((ord
 
 short CompareExactly(const char* left, const char* right) noexcept { return SignOf(std::strcmp(left, right) <=> 0); }
 
-char WithoutAccentAndCase(char character) noexcept {
-    const char letter = WithoutAccent(character);
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
 // By option. The letters of a part and of the text around it have to be alike one by one, which a locale's order, where
 // "ß" is "ss", does not tell.
 using COMPARETEXTS = short (*)(const char*, const char*) noexcept;
 constexpr COMPARETEXTS kTextOrders[] = {CompareExactly, CompareNoCaseLocale, lstrcmpinolocal};
-constexpr FOLD kPartFolds[] = {nullptr, UpperAnsi, WithoutAccentAndCase};
+constexpr FOLD kPartFolds[] = {nullptr, UpperAnsi, WithoutAccentOrCase};
 
 /// Begins, Ends and Contains. A null has no part and is none; what else is no text fails.
 using SEARCH = bool (*)(std::string_view, std::string_view, FOLD) noexcept;
