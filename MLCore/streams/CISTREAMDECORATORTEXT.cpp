@@ -17,7 +17,7 @@ namespace {
 
 constexpr long kLongestToken = 32767;
 /// What is read ahead: some fields long, so that little is copied in vain.
-constexpr long kBlockSize = 128;
+constexpr long kBlockSize = 64;
 
 std::string_view Trim(std::string_view text) {
     constexpr const char* kBlanks = " \t\n\v\f\r";
