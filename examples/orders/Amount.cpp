@@ -3,7 +3,7 @@
 #include <MLCore/text/DecimalText.h>
 
 #include <cstddef>
-#include <limits>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace orders {
@@ -11,11 +11,12 @@ namespace orders {
 namespace {
 
 constexpr int kDecimals = 4;
-constexpr std::uint64_t kScale = 10000;
-constexpr std::size_t kMostDigits = 12;
+constexpr std::int64_t kScale = 10'000;
+constexpr std::size_t kMostDigits = 14;
+constexpr std::int64_t kBeyond = kScale * 100'000'000'000'000;
 
 bool IsNumber(std::string_view text, std::size_t mostDigits) noexcept {
-    return !text.empty() && text.size() <= mostDigits && text.find_first_not_of("0123456789") == std::string_view::npos;
+    return !text.empty() && text.size() <= mostDigits && MLCore::IsDigits(text) != 0;
 }
 
 std::int64_t AppendDigits(std::int64_t number, std::string_view digits) noexcept {
@@ -43,29 +44,20 @@ bool AMOUNT::FromText(std::string_view text) noexcept {
 }
 
 std::string AMOUNT::ToText() const {
-    const auto magnitude = static_cast<std::uint64_t>(mTenThousandths < 0 ? -mTenThousandths : mTenThousandths);
+    const std::int64_t magnitude = std::abs(mTenThousandths);
     std::string text = mTenThousandths < 0 ? "-" : "";
-    text += GroupThousands(magnitude / kScale) + '.';
-    MLCore::AppendPadded(text, static_cast<long long>(magnitude % kScale), kDecimals);
+    text += std::to_string(magnitude / kScale) + '.';
+    MLCore::AppendPadded(text, magnitude % kScale, kDecimals);
     return text;
 }
 
 AMOUNT& AMOUNT::operator+=(const AMOUNT& other) {
-    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
-    const std::int64_t added = other.mTenThousandths;
-    if (added > 0 ? mTenThousandths > kMost - added : mTenThousandths < -kMost - added) {
-        throw std::overflow_error("a total is too large");
+    const std::int64_t sum = mTenThousandths + other.mTenThousandths;
+    if (std::abs(sum) >= kBeyond) {
+        throw std::overflow_error("a total of amounts is too large");
     }
-    mTenThousandths += added;
+    mTenThousandths = sum;
     return *this;
-}
-
-std::string GroupThousands(std::uint64_t number) {
-    std::string text = std::to_string(number);
-    for (std::size_t place = text.size(); place > 3; place -= 3) {
-        text.insert(place - 3, 1, ',');
-    }
-    return text;
 }
 
 }  // namespace orders

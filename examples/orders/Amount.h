@@ -12,21 +12,17 @@ class AMOUNT {
 public:
     constexpr AMOUNT() noexcept = default;
 
-    /// Reads "[-]digits[.digits]" with at most 12 digits before the point and 4 behind it, and nothing else; false, and
+    /// Reads "[-]digits[.digits]" with at most 14 digits before the point and 4 behind it, and nothing else; false, and
     /// the amount left alone, for any other text.
     [[nodiscard]] bool FromText(std::string_view text) noexcept;
-
-    /// "-1,234.5600"
+    /// "-1234.5600", which FromText() reads back.
     [[nodiscard]] std::string ToText() const;
 
-    /// Throws std::overflow_error beyond 900 million millions.
+    /// Throws std::overflow_error when the sum has more than 14 digits before the point.
     AMOUNT& operator+=(const AMOUNT& other);
 
 private:
     std::int64_t mTenThousandths = 0;
 };
-
-/// "1,234,567"
-[[nodiscard]] std::string GroupThousands(std::uint64_t number);
 
 }  // namespace orders

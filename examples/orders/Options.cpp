@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <filesystem>
 #include <iterator>
 #include <system_error>
 
@@ -78,6 +79,10 @@ constexpr OPTION kOptions[] = {
      [](OPTIONS& options, const std::string& value) { options.to = ReadDate(value); }},
     {"--all", "", "list every order, late or not",
      [](OPTIONS& options, const std::string&) { options.listsAll = true; }},
+    {"--report", "FILE", "write the orders with their totals to FILE too, as CSV",
+     [](OPTIONS& options, const std::string& value) { options.report = value; }},
+    {"--rejects", "FILE", "keep the lines that cannot be read in FILE, to be mended and read again",
+     [](OPTIONS& options, const std::string& value) { options.rejects = value; }},
     {"--progress", "", "show on the error output how far the file has been read",
      [](OPTIONS& options, const std::string&) { options.showsProgress = true; }},
     {"--help", "", "show this text", [](OPTIONS& options, const std::string&) { options.wantsHelp = true; }},
@@ -99,6 +104,14 @@ void ReadFile(OPTIONS& options, const std::string& argument) {
     options.file = argument;
 }
 
+// Whether both are one file, or would be.
+bool IsSameFile(const std::string& left, const std::string& right) {
+    std::error_code none;
+    return !left.empty() && !right.empty() &&
+           (std::filesystem::equivalent(left, right, none) ||
+            std::filesystem::weakly_canonical(left, none) == std::filesystem::weakly_canonical(right, none));
+}
+
 void Check(const OPTIONS& options) {
     if (options.wantsHelp) {
         return;
@@ -109,12 +122,16 @@ void Check(const OPTIONS& options) {
     if (options.to < options.from) {
         throw USAGEERROR("--to is before --from");
     }
+    if (IsSameFile(options.file, options.report) || IsSameFile(options.file, options.rejects) ||
+        IsSameFile(options.report, options.rejects)) {
+        throw USAGEERROR("one file cannot be read and written, or written twice");
+    }
 }
 
 }  // namespace
 
 OPTIONS ReadOptions(const std::vector<std::string>& arguments) {
-    OPTIONS options = {.file = {}, .calendar = &kCalendars[0], .from = {}};
+    OPTIONS options = {.file = {}, .report = {}, .rejects = {}, .calendar = &kCalendars[0], .from = {}};
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (!argument->starts_with('-')) {
             ReadFile(options, *argument);

@@ -20,6 +20,8 @@ struct CALENDARCHOICE {
 
 struct OPTIONS {
     std::string file;
+    std::string report;              // empty: no such file
+    std::string rejects;             // empty: no such file
     const CALENDARCHOICE* calendar;  // never null
     int late = 4;                    // business days that are still in time
     MLCore::CDATE from;              // without limits: from the null date, which sorts first, to MaxDate

@@ -3,16 +3,19 @@
 #include <MLCore/datetime/Periods.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <filesystem>
 #include <iterator>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <vector>
 
-#include "Amount.h"
+#include "Order.h"
+#include "RecordFile.h"
 #include "Table.h"
+#include "Text.h"
 
 namespace orders {
 
@@ -23,48 +26,38 @@ using namespace MLCore;
 constexpr auto kLeft = TABLE::ALIGN::Left;
 constexpr auto kRight = TABLE::ALIGN::Right;
 
-struct SHIPMENT {
-    const ORDER* order;
-    std::int32_t businessDays;
-};
+using SHIPMENTS = std::vector<CSHIPMENT*>;
 
-std::vector<SHIPMENT> CountBusinessDays(const std::vector<ORDER>& orders, CCALENDARSTRATEGY* calendar) {
-    std::vector<SHIPMENT> shipments;
-    shipments.reserve(orders.size());
-    for (const ORDER& order : orders) {
-        shipments.push_back({&order, order.ordered.ComputeDaysOuvre(order.shipped, calendar)});
-    }
-    return shipments;
-}
+long CountOf(const SHIPMENTS& shipments) { return static_cast<long>(shipments.size()); }
 
 struct TOTALS {
-    std::uint64_t orders = 0;
-    std::uint64_t lines = 0;
+    long orders = 0;
+    long lines = 0;
     AMOUNT sales;
     AMOUNT profit;
 
-    void Add(const ORDER& order) {
+    void Add(const CSHIPMENT& shipment) {
         ++orders;
-        lines += order.lines;
-        sales += order.sales;
-        profit += order.profit;
+        lines += shipment.lines;
+        sales += shipment.sales;
+        profit += shipment.profit;
     }
 };
 
 // A part of a whole in percent, rounded to a tenth.
-std::string Share(std::uint64_t part, std::uint64_t whole) {
-    const std::uint64_t tenths = whole > 0 ? (part * 1000 + whole / 2) / whole : 0;
+std::string Share(long long part, long long whole) {
+    const long long tenths = whole > 0 ? (part * 1000 + whole / 2) / whole : 0;
     return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10) + " %";
 }
 
 std::string Span(const CDATE& first, const CDATE& last) { return first.ToStringXML() + " to " + last.ToStringXML(); }
 
-// The period from the first to the last date of the orders.
-std::string Covered(const std::vector<ORDER>& orders, CDATE ORDER::*date) {
-    const auto [first, last] =
-        std::minmax_element(orders.begin(), orders.end(),
-                            [date](const ORDER& left, const ORDER& right) { return left.*date < right.*date; });
-    return orders.empty() ? "none" : Span((*first).*date, (*last).*date);
+// The period from the first to the last date of the shipments.
+std::string Covered(const SHIPMENTS& shipments, CDATE CSHIPMENT::*date) {
+    const auto [first, last] = std::minmax_element(
+        shipments.begin(), shipments.end(),
+        [date](const CSHIPMENT* left, const CSHIPMENT* right) { return left->*date < right->*date; });
+    return shipments.empty() ? "none" : Span((*first)->*date, (*last)->*date);
 }
 
 void WriteTitle(std::ostream& out, const std::string& title) { out << '\n' << title << '\n'; }
@@ -74,14 +67,18 @@ void WriteTable(std::ostream& out, const TABLE& table) {
     table.Write(out);
 }
 
-void WriteHead(std::ostream& out, const std::vector<ORDER>& orders, const OPTIONS& options) {
-    TOTALS all;
-    for (const ORDER& order : orders) {
-        all.Add(order);
+TOTALS TotalsOf(const SHIPMENTS& shipments) {
+    TOTALS totals;
+    for (const CSHIPMENT* const shipment : shipments) {
+        totals.Add(*shipment);
     }
+    return totals;
+}
+
+void WriteHead(std::ostream& out, const SHIPMENTS& shipments, const OPTIONS& options) {
     TABLE table = {{"Orders", kLeft}, {std::filesystem::path(options.file).filename().string(), kLeft}};
-    table.AddRow({"lines", GroupThousands(all.lines)});
-    table.AddRow({"orders", GroupThousands(all.orders)});
+    table.AddRow({"lines", GroupThousands(TotalsOf(shipments).lines)});
+    table.AddRow({"orders", GroupThousands(CountOf(shipments))});
     table.AddRow({"calendar", std::string(options.calendar->name)});
     if (options.from > CDATE::Null()) {
         table.AddRow({"from", options.from.ToStringXML()});
@@ -89,32 +86,32 @@ void WriteHead(std::ostream& out, const std::vector<ORDER>& orders, const OPTION
     if (options.to < CDATE::Max()) {
         table.AddRow({"to", options.to.ToStringXML()});
     }
-    table.AddRow({"ordered", Covered(orders, &ORDER::ordered)});
-    table.AddRow({"shipped", Covered(orders, &ORDER::shipped)});
+    table.AddRow({"ordered", Covered(shipments, &CSHIPMENT::orderDate)});
+    table.AddRow({"shipped", Covered(shipments, &CSHIPMENT::shipDate)});
     table.Write(out);
 }
 
 // The latest first.
-void WriteShipments(std::ostream& out, std::vector<SHIPMENT> shipments) {
-    std::sort(shipments.begin(), shipments.end(), [](const SHIPMENT& left, const SHIPMENT& right) {
-        return std::tie(right.businessDays, left.order->ordered, left.order->id) <
-               std::tie(left.businessDays, right.order->ordered, right.order->id);
+void WriteShipments(std::ostream& out, SHIPMENTS shipments) {
+    std::sort(shipments.begin(), shipments.end(), [](const CSHIPMENT* left, const CSHIPMENT* right) {
+        return std::tie(right->businessDays, left->orderDate, left->order) <
+               std::tie(left->businessDays, right->orderDate, right->order);
     });
     TABLE table = {
         {"Order", kLeft}, {"Customer", kLeft}, {"Ordered", kLeft}, {"Shipped", kLeft}, {"Business days", kRight}};
-    for (const auto& [order, businessDays] : shipments) {
-        table.AddRow({order->id, order->customer, order->ordered.ToStringXML(), order->shipped.ToStringXML(),
-                      std::to_string(businessDays)});
+    for (const CSHIPMENT* const shipment : shipments) {
+        table.AddRow({ToReadable(shipment->order), ToReadable(shipment->customer), shipment->orderDate.ToStringXML(),
+                      shipment->shipDate.ToStringXML(), std::to_string(shipment->businessDays)});
     }
     WriteTable(out, table);
 }
 
-void WriteLists(std::ostream& out, const std::vector<SHIPMENT>& shipments, const OPTIONS& options) {
-    std::vector<SHIPMENT> late;
+void WriteLists(std::ostream& out, const SHIPMENTS& shipments, const OPTIONS& options) {
+    SHIPMENTS late;
     std::copy_if(shipments.begin(), shipments.end(), std::back_inserter(late),
-                 [&options](const SHIPMENT& shipment) { return shipment.businessDays > options.late; });
-    const std::string count = GroupThousands(late.size()) + " of " + GroupThousands(shipments.size()) + ", " +
-                              Share(late.size(), shipments.size());
+                 [&options](const CSHIPMENT* shipment) { return shipment->businessDays > options.late; });
+    const std::string count = GroupThousands(CountOf(late)) + " of " + GroupThousands(CountOf(shipments)) + ", " +
+                              Share(CountOf(late), CountOf(shipments));
     WriteTitle(out, "Orders that took more than " + std::to_string(options.late) + " business days: " + count);
     if (!late.empty()) {
         WriteShipments(out, late);
@@ -125,21 +122,21 @@ void WriteLists(std::ostream& out, const std::vector<SHIPMENT>& shipments, const
     }
 }
 
-void WriteDistribution(std::ostream& out, const std::vector<SHIPMENT>& shipments) {
-    constexpr std::uint64_t kLongestBar = 40;
-    std::map<std::int32_t, std::uint64_t> counts;
-    std::uint64_t most = 1;
-    for (const SHIPMENT& shipment : shipments) {
-        most = std::max(most, ++counts[shipment.businessDays]);
+void WriteDistribution(std::ostream& out, const SHIPMENTS& shipments) {
+    constexpr long kLongestBar = 40;
+    std::map<long, long> counts;
+    long most = 1;
+    for (const CSHIPMENT* const shipment : shipments) {
+        most = std::max(most, ++counts[shipment->businessDays]);
     }
     WriteTitle(out, "Business days from order to shipping");
     TABLE table = {{"Days", kRight}, {"Orders", kRight}, {"Share", kRight}, {"", kLeft}};
     for (const auto& [days, count] : counts) {
         std::string bar;
-        for (std::uint64_t i = 0; i < (count * kLongestBar + most - 1) / most; ++i) {
+        for (long i = 0; i < (count * kLongestBar + most - 1) / most; ++i) {
             bar += "\u2588";
         }
-        table.AddRow({std::to_string(days), GroupThousands(count), Share(count, shipments.size()), bar});
+        table.AddRow({std::to_string(days), GroupThousands(count), Share(count, CountOf(shipments)), bar});
     }
     WriteTable(out, table);
 }
@@ -159,16 +156,14 @@ constexpr PERIODKIND kPeriodKinds[] = {
 };
 
 void AddTotals(TABLE& table, const std::string& name, const std::string& span, const TOTALS& totals) {
-    table.AddRow({name, span, GroupThousands(totals.orders), GroupThousands(totals.lines), totals.sales.ToText(),
-                  totals.profit.ToText()});
+    table.AddRow({name, span, GroupThousands(totals.orders), GroupThousands(totals.lines),
+                  GroupThousands(totals.sales.ToText()), GroupThousands(totals.profit.ToText())});
 }
 
-void WriteTotals(std::ostream& out, const std::vector<ORDER>& orders, const PERIODKIND& kind) {
+void WriteTotals(std::ostream& out, const SHIPMENTS& shipments, const PERIODKIND& kind) {
     std::map<CDATE, TOTALS> periods;
-    TOTALS all;
-    for (const ORDER& order : orders) {
-        periods[FirstDateEchelonnement(order.ordered, kind.type)].Add(order);
-        all.Add(order);
+    for (const CSHIPMENT* const shipment : shipments) {
+        periods[FirstDateEchelonnement(shipment->orderDate, kind.type)].Add(*shipment);
     }
     TABLE table = {{std::string(kind.title), kLeft},
                    {"Ordered", kLeft},
@@ -179,21 +174,43 @@ void WriteTotals(std::ostream& out, const std::vector<ORDER>& orders, const PERI
     for (const auto& [first, totals] : periods) {
         AddTotals(table, kind.name(first), Span(first, LastDateEchelonnement(first, kind.type)), totals);
     }
-    AddTotals(table, "all", "", all);
+    AddTotals(table, "all", "", TotalsOf(shipments));
     WriteTable(out, table);
+}
+
+bool IsEqual(const CSHIPMENT& left, const CSHIPMENT& right) {
+    const PROPERTIES properties = CSHIPMENT::Properties();
+    return std::all_of(properties.begin(), properties.end(),
+                       [&](const PROPERTY& property) { return left.GetText(property) == right.GetText(property); });
+}
+
+void CheckReadsBack(const std::string& path, const SHIPMENTS& shipments) {
+    REJECTS rejects;
+    RECORDREADER reader(path, CSHIPMENT::Properties(), rejects);
+    const auto read = CSHIPMENT::Create();
+    const bool isRead = std::all_of(shipments.begin(), shipments.end(), [&](const CSHIPMENT* shipment) {
+        return reader.Read(*read) && IsEqual(*read, *shipment);
+    });
+    if (!isRead || reader.Read(*read) || rejects.GetCount() > 0) {
+        throw std::runtime_error(path + ": does not read back as it was written");
+    }
 }
 
 }  // namespace
 
-void WriteReport(std::ostream& out, const std::vector<ORDER>& orders, const OPTIONS& options) {
-    const auto calendar = options.calendar->create();
-    const std::vector<SHIPMENT> shipments = CountBusinessDays(orders, calendar);
-    WriteHead(out, orders, options);
+void WriteReport(std::ostream& out, const CARRAY& array, const OPTIONS& options) {
+    const SHIPMENTS shipments = ElementsOf<CSHIPMENT>(array);
+    WriteHead(out, shipments, options);
     WriteLists(out, shipments, options);
     WriteDistribution(out, shipments);
     for (const PERIODKIND& kind : kPeriodKinds) {
-        WriteTotals(out, orders, kind);
+        WriteTotals(out, shipments, kind);
     }
+}
+
+void WriteReportFile(const std::string& path, const CARRAY& shipments) {
+    ForFile(path, "written", [&] { WriteRecords(path, CSHIPMENT::Properties(), shipments); });
+    ForFile(path, "read back", [&] { CheckReadsBack(path, ElementsOf<CSHIPMENT>(shipments)); });
 }
 
 }  // namespace orders

@@ -1,15 +1,19 @@
-/// The report on orders.
+/// The report on an array of CSHIPMENTs, those of the period asked for.
 #pragma once
 
+#include <MLCore/values/CARRAY.h>
+
 #include <ostream>
-#include <vector>
+#include <string>
 
 #include "Options.h"
-#include "OrderFile.h"
 
 namespace orders {
 
-/// Writes the report in UTF-8. The orders are those of the period asked for.
-void WriteReport(std::ostream& out, const std::vector<ORDER>& orders, const OPTIONS& options);
+/// Writes the report for people, in UTF-8.
+void WriteReport(std::ostream& out, const MLCore::CARRAY& shipments, const OPTIONS& options);
+
+/// Writes the shipments to a file, and reads it again to see that nothing was lost. Throws a std::runtime_error.
+void WriteReportFile(const std::string& path, const MLCore::CARRAY& shipments);
 
 }  // namespace orders

@@ -3,12 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-namespace orders {
+#include "Text.h"
 
-std::size_t CountCharacters(std::string_view utf8) noexcept {
-    const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
-    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), begins));
-}
+namespace orders {
 
 TABLE::TABLE(std::initializer_list<COLUMN> columns) : mWidths(columns.size()) {
     std::vector<std::string> titles;

@@ -5,13 +5,9 @@
 #include <initializer_list>
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace orders {
-
-/// The number of characters of a UTF-8 text.
-[[nodiscard]] std::size_t CountCharacters(std::string_view utf8) noexcept;
 
 /// A table whose columns are as wide as their longest cell, counted in characters.
 class TABLE {

@@ -1,5 +1,7 @@
-// Reports on a file of order lines; `orders --help` tells the options. Ends with 0, with 1 when the data or a file cannot
-// be read or written, and with 2 when the command line cannot be understood.
+// Reports on a file of order lines; `orders --help` tells the options. Ends with 0, with 1 when lines were rejected or a
+// file cannot be read or written, and with 2 when the command line cannot be understood.
+
+#include <MLCore/values/CMEMARRAY.h>
 
 #include <algorithm>
 #include <exception>
@@ -7,13 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "Csv.h"
 #include "Options.h"
+#include "Order.h"
 #include "OrderFile.h"
 #include "Report.h"
 
 namespace {
 
+using namespace MLCore;
 using namespace orders;
 
 constexpr int kDataStatus = 1;
@@ -46,25 +49,36 @@ private:
     int mPercent = -1;
 };
 
-std::vector<ORDER> ReadPeriod(const OPTIONS& options) {
+CSHAREOBJECTPTR<CARRAY> ReadLines(const OPTIONS& options, REJECTS& rejects) {
     PROGRESSLINE line(options);
-    std::vector<ORDER> read = ReadOrders(options.file, [&line](int percent) { line.Show(percent); });
-    std::erase_if(
-        read, [&options](const ORDER& order) { return order.ordered < options.from || order.ordered > options.to; });
-    return read;
+    return ReadOrders(options.file, rejects, [&line](int percent) { line.Show(percent); });
+}
+
+CSHAREOBJECTPTR<CARRAY> SelectPeriod(const CARRAY& lines, const CDATE& from, const CDATE& to) {
+    auto selected = CMEMARRAY::Create();
+    for (CORDER* const line : ElementsOf<CORDER>(lines)) {
+        if (line->orderDate >= from && line->orderDate <= to) {
+            selected->AddObject(line);
+        }
+    }
+    return selected;
 }
 
 int Report(const OPTIONS& options) {
-    try {
-        WriteReport(std::cout, ReadPeriod(options), options);
-    } catch (const DATAERROR& error) {
-        std::cerr << options.file << ':' << error.GetLine() << ": " << error.what() << '\n';
-        return kDataStatus;
-    } catch (const std::exception& error) {
-        std::cerr << options.file << ": " << error.what() << '\n';
-        return kDataStatus;
+    REJECTS rejects(options.rejects);
+    const auto lines = ReadLines(options, rejects);
+    rejects.Write(std::cerr);
+    const auto shipments = JoinLines(*SelectPeriod(*lines, options.from, options.to), options.calendar->create());
+    if (!options.report.empty()) {
+        WriteReportFile(options.report, *shipments);
     }
-    return 0;
+    WriteReport(std::cout, *shipments, options);
+    if (rejects.GetCount() == 0) {
+        return 0;
+    }
+    std::cerr << options.file << ": " << rejects.GetCount() << " of " << rejects.GetCount() + lines->GetCount()
+              << " lines rejected" << (options.rejects.empty() ? " (--rejects FILE keeps them)\n" : "\n");
+    return kDataStatus;
 }
 
 int Run(const std::vector<std::string>& arguments) {
@@ -85,6 +99,9 @@ int main(int argc, char** argv) {
     } catch (const USAGEERROR& error) {
         std::cerr << "orders: " << error.what() << " (orders --help tells the options)\n";
         return kUsageStatus;
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return kDataStatus;
     }
     if (!std::cout.flush()) {
         std::cerr << "orders: cannot write the report\n";
