@@ -1,7 +1,6 @@
 #pragma once
 
 #include <MLCore/platform/Export.h>
-#include <MLCore/streams/CRANDOMIOSTREAM.h>
 #include <MLCore/streams/CURSORSTREAM.h>
 
 namespace MLCore {
@@ -10,7 +9,7 @@ namespace MLCore {
 ///
 /// What is read leaves the destination as it was. A read moves the position by all it asked for, deliberately, and so can
 /// pass the end; IsEnd() is 1 exactly at the end, so after such a read it stays 0 until Rewind() or SetSize().
-class MLCORE_API CCOUNTINGSTREAM : public CURSORSTREAM<CRANDOMIOSTREAM> {
+class MLCORE_API CCOUNTINGSTREAM : public CURSORSTREAM {
 public:
     CCOUNTINGSTREAM();
     ~CCOUNTINGSTREAM() override;

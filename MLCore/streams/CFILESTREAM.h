@@ -2,7 +2,6 @@
 
 #include <MLCore/platform/Export.h>
 #include <MLCore/platform/File.h>
-#include <MLCore/streams/CRANDOMIOSTREAM.h>
 #include <MLCore/streams/CURSORSTREAM.h>
 
 #include <cstddef>
@@ -30,7 +29,7 @@ namespace MLCore {
 ///
 /// The size is asked for at Open() and then counted. What others append later is not seen; where others cut the file,
 /// reading comes short and the stream ends there.
-class MLCORE_API CFILESTREAM : public CURSORSTREAM<CRANDOMIOSTREAM> {
+class MLCORE_API CFILESTREAM : public CURSORSTREAM {
 public:
     /// \param path  copied; narrow text as in MLCore/platform/File.h. Null fails with -100.
     explicit CFILESTREAM(const char* path, OpenMode mode = Read);

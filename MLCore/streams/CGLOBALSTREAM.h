@@ -1,7 +1,6 @@
 #pragma once
 
 #include <MLCore/platform/Export.h>
-#include <MLCore/streams/CRANDOMIOSTREAM.h>
 #include <MLCore/streams/CURSORSTREAM.h>
 #include <MLCore/streams/GLOBALBLOCK.h>
 
@@ -11,7 +10,7 @@ namespace MLCore {
 /// growth by small writes is linear in the bytes written all the same.
 ///
 /// Without memory an operation fails with -100 and leaves the stream as it was.
-class MLCORE_API CGLOBALSTREAM : public CURSORSTREAM<CRANDOMIOSTREAM> {
+class MLCORE_API CGLOBALSTREAM : public CURSORSTREAM {
 public:
     ~CGLOBALSTREAM() override;
 

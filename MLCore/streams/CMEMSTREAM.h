@@ -1,14 +1,13 @@
 #pragma once
 
 #include <MLCore/platform/Export.h>
-#include <MLCore/streams/CRANDOMIOSTREAM.h>
 #include <MLCore/streams/CURSORSTREAM.h>
 
 namespace MLCore {
 
 /// A stream over a memory area of the caller's, which outlives it and never grows. Its size is at first the capacity, so
 /// the whole area can be read.
-class MLCORE_API CMEMSTREAM : public CURSORSTREAM<CRANDOMIOSTREAM> {
+class MLCORE_API CMEMSTREAM : public CURSORSTREAM {
 public:
     /// Over `capacity` bytes at `data`. Null with a capacity fails with -100.
     CMEMSTREAM(unsigned long capacity, void* data);

@@ -4,7 +4,7 @@
 #include <MLCore/platform/ForwardTypes.h>
 #include <MLCore/streams/CRANDOMISTREAM.h>
 #include <MLCore/streams/CRESOURCEINFO.h>
-#include <MLCore/streams/CURSORSTREAM.h>
+#include <MLCore/streams/STREAMCURSOR.h>
 
 namespace MLCore {
 
@@ -13,7 +13,7 @@ namespace MLCore {
 ///
 ///     CRESOURCESTREAM rates(nullptr, "RATES", 10);  // of the program itself, put there by mlcore_add_resources()
 ///     rates.Open();
-class MLCORE_API CRESOURCESTREAM : public CURSORSTREAM<CRANDOMISTREAM> {
+class MLCORE_API CRESOURCESTREAM : public CRANDOMISTREAM {
 public:
     /// The resource of that name and type in `module` (null: the program), in whichever language the system prefers. Fails
     /// with -100 when it is missing, has no bytes or cannot be loaded.
@@ -21,8 +21,18 @@ public:
     explicit CRESOURCESTREAM(const CRESOURCEINFO& info);
     ~CRESOURCESTREAM() override;
 
-    using CURSORSTREAM::GetValue;
+    using CISTREAM::GetValue;
+    /// At the first byte.
+    void Open() override;
+    [[nodiscard]] int IsEnd() const override;
+    long GetValue(COSTREAM& out) override;
     long GetValue(void* buffer, long count) override;
+
+    [[nodiscard]] unsigned long long GetPosition() const override;
+    void SetPosition(unsigned long long position) override;
+    void SetPositionFromEnd(unsigned long long distance) override;
+    void OffsetPosition(long delta) override;
+    [[nodiscard]] unsigned long long GetSize() const override;
 
     /// Does nothing: a resource cannot change.
     void SetSize(unsigned long long size) override;
@@ -30,6 +40,7 @@ public:
 private:
     void* mResource;
     const void* mData;
+    STREAMCURSOR mCursor;
 };
 
 }  // namespace MLCore
