@@ -25,10 +25,6 @@ if [ ! -f "$ready" ]; then
     ) 9>"$WINEPREFIX/.making" >/dev/null 2>&1 </dev/null
 fi
 
-# Up before the program starts, and for a while after it: a program that comes while Wine's server is going down may not start. The
-# call does nothing when there is one.
-"$server" -p120 >/dev/null 2>&1 </dev/null || :
-
 path=${WINEPATH:-}
 for dll in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
     file=$(x86_64-w64-mingw32-g++-posix "-print-file-name=$dll")
@@ -36,4 +32,16 @@ for dll in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
 done
 export WINEPATH=${path#;}
 
-exec "$wine" "$@"
+# Into files: the services that Wine starts keep the output open, and a pipe would not end with the program. Wine itself fails to
+# start a program now and then; nothing is written then, which no program of ours does, and a second attempt is made.
+output=$(mktemp -d)
+trap 'rm -rf "$output"' EXIT
+for attempt in 1 2; do
+    status=0
+    "$wine" "$@" >"$output/out" 2>"$output/err" || status=$?
+    if [ $status -eq 0 ] || [ -s "$output/out" ] || [ -s "$output/err" ]; then break; fi
+    [ "$attempt" -eq 2 ] || sleep 2
+done
+cat "$output/out"
+cat "$output/err" >&2
+exit $status
