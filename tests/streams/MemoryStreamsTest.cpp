@@ -1,0 +1,193 @@
+#include <MLCore/platform/GlobalMemory.h>
+#include <MLCore/streams/CBUFFERSTREAM.h>
+#include <MLCore/streams/CCOUNTINGSTREAM.h>
+#include <MLCore/streams/CHANDLESTREAM.h>
+#include <MLCore/streams/CMEMSTREAM.h>
+#include <gtest/gtest.h>
+#include <support/Failure.h>
+
+#include <climits>
+#include <functional>
+#include <random>
+
+namespace {
+
+using namespace MLCore;
+using namespace platform;
+using support::FailureOf;
+using SIZE = unsigned long long;
+
+/// What the four streams do, in its simplest form.
+struct MODEL {
+    void Check(bool fits, short failure) const { FailOSErr(!isOpen ? short{141} : fits ? short{0} : failure); }
+    void Open() { isOpen = true, position = 0; }
+    void Close() { isOpen = false; }
+    int IsEnd() const { return !isOpen || (isCounting ? position == size : position >= size); }
+    SIZE GetPosition() const { return isOpen ? position : 0; }
+    SIZE GetSize() const { return isOpen ? size : 0; }
+    void SetPosition(SIZE to) { Check(to <= size, -110), position = to; }
+    void SetPositionFromEnd(SIZE distance) { Check(distance <= size, -110), position = size - distance; }
+    void Skip(long delta) {
+        Check(position + SIZE(delta) <= (isCounting ? 99999 : size), -110), position += SIZE(delta);
+    }
+    void SetSize(SIZE to) {
+        Check(to <= most, -111);
+        if (most > 64) bytes = bytes.substr(0, size) + std::string(99999, '\0');
+        size = to, position = std::min(position, size);
+    }
+    void SetValue(const void* data, long count) {
+        Check(position + SIZE(count) <= most, -111);
+        bytes.replace(position, SIZE(count), static_cast<const char*>(data), SIZE(count));
+        position += SIZE(count), size = count > 0 ? std::max(size, position) : size;
+    }
+    long GetValue(void* buffer, long count) {
+        Check(true, 0);
+        const SIZE come = position < size ? std::min(SIZE(count), size - position) : 0;
+        if (!isCounting) bytes.copy(static_cast<char*>(buffer), come, position);
+        position += isCounting ? SIZE(count) : come;
+        return static_cast<long>(come);
+    }
+
+    SIZE size = 0, most = ~0ULL, position = 0;
+    bool isCounting = false, isOpen = false;
+    std::string bytes = std::string(99999, '\0');  // of which the first `size` count
+};
+
+/// Does one thing and tells all that can be seen then.
+template <class STREAM>
+std::string Do(STREAM& stream, std::size_t what, unsigned number) {
+    std::string came(number, '?'), text(number / 4, static_cast<char>('a' + number % 26));
+    long count = 0;
+    const std::function<void()> kSteps[] = {
+        [&] { stream.Open(); },
+        [&] { number > 20 ? void() : stream.Close(); },
+        [&] { stream.SetPosition(number); },
+        [&] { stream.SetPositionFromEnd(number); },
+        [&] { stream.Skip(static_cast<long>(number) - 20); },
+        [&] { stream.SetSize(number); },
+        [&] { count = stream.GetValue(static_cast<void*>(came.data()), static_cast<long>(number)); },
+        [&] { stream.SetValue(static_cast<const void*>(text.data()), static_cast<long>(text.size())); }};
+    const int failure = FailureOf(kSteps[what % std::size(kSteps)]);
+    const SIZE seen[] = {what, stream.GetPosition(), stream.GetSize(), static_cast<SIZE>(stream.IsEnd())};
+    return testing::PrintToString(seen) + std::to_string(failure) + " " + std::to_string(count) + came;
+}
+
+template <class STREAM>
+void CheckRandomly(STREAM& stream, MODEL model) {
+    static std::mt19937 random(4711);
+    for (int step = 0; step < 3000; ++step) {
+        const auto what = static_cast<std::size_t>(random() % 8);
+        const auto number = static_cast<unsigned>(random() % 80);
+        ASSERT_EQ(Do(stream, what, number), Do(model, what, number)) << step;
+        if constexpr (requires { stream.GetCapacity(); }) {
+            ASSERT_EQ(stream.GetCapacity(), model.size) << step;
+        }
+    }
+    // What is built on other operations is refused by a closed stream too.
+    std::string text;
+    CBUFFERSTREAM other;
+    other.Open();
+    stream.Close();
+    EXPECT_EQ(FailureOf([&] { stream.GetValue(other); }) + FailureOf([&] { stream.GetValue(text, 0); }), 282);
+    EXPECT_EQ(FailureOf([&] { stream.SetValue("", -1); }) + FailureOf([&] { stream.Rewind(); }), 282);
+    EXPECT_EQ(FailureOf([&] { stream << ""; }) + FailureOf([&] { stream << static_cast<char*>(nullptr); }), 282);
+    stream.Open();
+    stream.SetValue("", LONG_MIN);
+    EXPECT_EQ(stream.GetValue(static_cast<void*>(text.data()), -1) + static_cast<long>(stream.GetPosition()), 0);
+}
+
+std::string Content(const CBUFFERSTREAM& stream) {
+    return {static_cast<const char*>(stream.GetBuffer()), static_cast<std::size_t>(stream.GetSize())};
+}
+
+TEST(MemoryStreamsTest, DoAsTheModel) {
+    char area[64] = {};
+    CBUFFERSTREAM buffer, zeros;
+    CHANDLESTREAM handle(GlobalBlockAlloc(64, kGlobalZeroInit), 1);
+    CMEMSTREAM memory(64, area);
+    CCOUNTINGSTREAM counting;
+    CheckRandomly(buffer, {});
+    CheckRandomly(handle, {.size = 64});
+    CheckRandomly(memory, {.size = 64, .most = 64});
+    CheckRandomly(counting, {.isCounting = true});
+    zeros.Open();
+    counting.SetSize(1500);
+    EXPECT_EQ(counting.GetValue(zeros), 1500);
+    EXPECT_EQ(Content(zeros), std::string(1500, '\0'));
+    counting.Skip(50);
+    EXPECT_EQ(counting.GetValue(zeros) + counting.IsEnd(), 0) << "beyond the end";
+}
+
+TEST(MemoryStreamsTest, BytesMoveWithinAStream) {
+    CBUFFERSTREAM stream(4, "abcd"), roomy(100);
+    EXPECT_EQ(FailureOf([&] { return stream.GetBuffer(); }), 141);
+    EXPECT_EQ(FailureOf([] { CBUFFERSTREAM(1, nullptr); }) + FailureOf([] { CMEMSTREAM(1, nullptr); }), -200);
+    EXPECT_EQ(roomy.GetCapacity() + roomy.GetWritePosition(), 100U);
+    stream.Open();
+    stream.SetPosition(2);
+    stream << "ABCDE";
+    stream.SetPosition(1);
+    EXPECT_EQ(FailureOf([&] { stream.SetSize(1ULL << 60); }) + FailureOf([&] { stream.SetSize(~0ULL); }), -200);
+    EXPECT_EQ(stream.GetCapacity() * 100 + stream.GetWritePosition() * 10 + stream.GetPosition(), 771U);
+    // Its own bytes, at a place to which they overlap, and from a block that moves.
+    stream.SetValue(static_cast<const char*>(stream.GetBuffer()) + 2, long{5});
+    EXPECT_EQ(Content(stream), "aABCDEE");
+    for (long size = 7; size < 7 << 16; size *= 2) {
+        stream.SetPositionFromEnd(0);
+        stream.SetValue(stream.GetBuffer(), size);
+    }
+    EXPECT_EQ(Content(stream).substr((7U << 16) - 14), "aABCDEEaABCDEE");
+    char area[] = "0123456";
+    CMEMSTREAM memory(0x80000000, area);
+    memory.Open();
+    memory.SetValue(area + 1, long{6});
+    memory.Rewind();
+    memory.GetValue(static_cast<void*>(area + 1), 4);
+    EXPECT_STREQ(area, "1123466");
+    memory.SetPosition(0x7FFFFFFF);
+    memory.OffsetPosition(1);
+    memory.SetSize(5);
+    EXPECT_EQ(memory.GetFree() + memory.GetWritePosition() * memory.GetPosition(), 0x7FFFFFFBU + 25U);
+    STREAMCURSOR cursor(1ULL << 33);
+    cursor.SetPosition(0x7FFFFFFF);
+    EXPECT_EQ(FailureOf([&] { cursor.Offset(1); }), -110) << "moved within 2 GB only";
+}
+
+TEST(MemoryStreamsTest, HandlesAreOwnedOrBorrowed) {
+    for (const bool isOwned : {true, false}) {
+        void* block = GlobalBlockAlloc(4096);
+        {
+            CHANDLESTREAM stream(block, isOwned ? 1 : 0);
+            stream.Open();
+            stream.Open();
+            EXPECT_EQ(stream.Detach(), nullptr);
+            stream << "0123456789";
+            stream.Close();
+            EXPECT_EQ(GlobalBlockSize(stream.GetHandle()), 4096U);
+            stream.Open();
+            stream.SetSize(10);
+            for (int i = 0; i < 26; ++i) stream << "letter";
+            block = stream.GetHandle();
+            EXPECT_EQ(GlobalBlockSize(block), 156U);
+            stream << "letter" << 'x';
+        }
+        EXPECT_EQ(GlobalBlockSize(block), isOwned ? 0U : 163U) << "freed, or as large as told";
+        EXPECT_EQ(GlobalBlockFree(block), !isOwned);
+    }
+    void* const empty = GlobalBlockAlloc(0);
+    CHANDLESTREAM stream(empty, 1);
+    stream.Open();
+    stream.SetSize(40 << 20);
+    EXPECT_NE(GlobalBlockLock(stream.GetHandle()), nullptr);
+    EXPECT_EQ(FailureOf([&] { stream.SetSize(80 << 20); }), -100) << "it cannot move";
+    EXPECT_EQ(stream.GetSize(), 40U << 20);
+    stream.SetSize(0);
+    EXPECT_EQ(stream.GetHandle(), nullptr);
+    stream << 'n';
+    stream.Close();
+    void* const detached = stream.Detach();
+    EXPECT_EQ(GlobalBlockSize(detached) * 10 + stream.GetCapacity(), 10U);
+    EXPECT_NE(GlobalBlockFree(GlobalBlockReAlloc(detached, 40 << 20)), false) << "no lock was left";
+}
+
+}  // namespace
