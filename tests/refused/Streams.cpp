@@ -29,25 +29,17 @@ void Values(COSTREAM& out, CSTREAMWRITER& writer, CBUFFERSTREAM& stream, CREADER
     out.SetValue(5LL + 5U);                 // refused
     out.SetValue(flag);                     // refused
     out << number;                          // refused
-    out << holder;                          // refused
     stream.SetValue(&number);               // refused
-    stream.SetValue(holder);                // refused
-    stream.SetValue(5);                     // refused
     stream.GetValue(number);                // refused
-    stream.GetValue(flag);                  // refused
     stream.GetValue(holder);                // refused
     stream >> text;                         // refused
     writer.SetValue(&number);               // refused
-    writer.SetValue(holder);                // refused
     writer.SetValue(nullptr);               // refused
-    writer.SetValue(true);                  // refused
-    writer << number;                       // refused
     writer << &number;                      // refused
     reader.GetValue(number);                // refused
     reader >> flag;                         // refused
     CBUFFERSTREAM copy(stream);             // refused
     stream = stream;                        // refused
-    CISTREAM input(CSTREAM::Read);          // refused
     CSTREAMSAVER(CSTREAMSAVER(stream), 0);  // refused
 #endif
 }

@@ -59,15 +59,14 @@ std::string Do(STREAM& stream, std::size_t what, unsigned number) {
     std::string came(number, '?'), text(number / 4, static_cast<char>('a' + number % 26));
     long count = 0;
     const std::function<void()> kSteps[] = {
-        [&] { stream.Open(); },
-        [&] { number > 20 ? void() : stream.Close(); },
+        [&] { number < 20 ? stream.Close() : stream.Open(); },
         [&] { stream.SetPosition(number); },
         [&] { stream.SetPositionFromEnd(number); },
         [&] { stream.Skip(static_cast<long>(number) - 20); },
         [&] { stream.SetSize(number); },
         [&] { count = stream.GetValue(static_cast<void*>(came.data()), static_cast<long>(number)); },
         [&] { stream.SetValue(static_cast<const void*>(text.data()), static_cast<long>(text.size())); }};
-    const int failure = FailureOf(kSteps[what % std::size(kSteps)]);
+    const int failure = FailureOf(kSteps[what]);
     const SIZE seen[] = {what, stream.GetPosition(), stream.GetSize(), static_cast<SIZE>(stream.IsEnd())};
     return testing::PrintToString(seen) + std::to_string(failure) + " " + std::to_string(count) + came;
 }
@@ -76,7 +75,7 @@ template <class STREAM>
 void CheckRandomly(STREAM& stream, MODEL model) {
     static std::mt19937 random(4711);
     for (int step = 0; step < 3000; ++step) {
-        const auto what = static_cast<std::size_t>(random() % 8);
+        const auto what = static_cast<std::size_t>(random() % 7);
         const auto number = static_cast<unsigned>(random() % 80);
         ASSERT_EQ(Do(stream, what, number), Do(model, what, number)) << step;
         if constexpr (requires { stream.GetCapacity(); }) {

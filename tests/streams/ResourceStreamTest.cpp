@@ -29,7 +29,7 @@ TEST(ResourceStreamTest, ReadsFromAnotherModule) {
         long number = 0;
         *stream >> number;
         EXPECT_EQ(number, -2);
-        EXPECT_EQ(FailureOf([&] { stream->Skip(-5); }) + FailureOf([&] { stream->SetPosition(15); }), -220);
+        EXPECT_EQ(FailureOf([&] { stream->Skip(-5); }) + FailureOf([&] { stream->SetPositionFromEnd(15); }), -220);
         EXPECT_EQ(stream->GetValue(out) * stream->IsEnd(), 10);
         EXPECT_EQ(std::string(static_cast<const char*>(out.GetBuffer()), 10), std::string("cat\r\n\x1A\0end", 10));
     }
