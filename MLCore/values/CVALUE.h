@@ -185,8 +185,9 @@ public:
     /// Object and dates that no variant can hold.
     [[nodiscard]] _variant_t ToVariant() const;
 
-    /// `if (value)` would read the text and fail for all other types: ask IsNull() or ToBool().
-    explicit operator bool() const = delete;
+    /// `if (value)` and `bool b = value` would read the text and fail for all other types: ask IsNull() or ToBool().
+    template <std::same_as<bool> B>
+    operator B() const = delete;
 
     /// The same type and the same bytes, so 0.0 and -0.0 differ and a NaN equals itself; texts by character, objects by
     /// identity.

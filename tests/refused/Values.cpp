@@ -37,6 +37,7 @@ void Makes(CSHAREOBJECTPTR<COBJECT>& holder, COBJECT* object, char* text, std::s
     made = 5U;                                           // refused
     if (made) return;                                    // refused
     if (!made) return;                                   // refused
+    const bool flag = made;                              // refused
     static_cast<void>(made == nullptr);                  // refused
     static_cast<void>(made == 5U);                       // refused
     static_cast<void>(made == L"text");                  // refused
