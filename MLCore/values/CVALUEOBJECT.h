@@ -6,6 +6,7 @@
 #include <MLCore/platform/Export.h>
 #include <MLCore/values/CVALUE.h>
 
+#include <concepts>
 #include <cstdint>
 #include <iosfwd>
 
@@ -73,6 +74,11 @@ public:
     /// does. Contains: 1 when this is a text and contains a text of the collection. Elements that do not count are skipped;
     /// every other pair, null among them, gives 0, NotEqual too.
     [[nodiscard]] int Cmp(COBJECT* other, ComparisonType type, ComparisonOption option) const;
+    /// A number: without this, 0L would be taken for a null object, as a plain 0 is.
+    template <std::integral T>
+    requires(!std::same_as<T, int>) [[nodiscard]] int Cmp(T other, ComparisonType type, ComparisonOption option) const {
+        return Cmp(CVALUE(other), type, option);
+    }
     template <class T>
     [[nodiscard]] int Cmp(const CSHAREOBJECTPTR<T>& other, ComparisonType type, ComparisonOption option) const {
         return Cmp(static_cast<COBJECT*>(other.Get()), type, option);

@@ -202,6 +202,7 @@ TEST(ValueObjectTest, ComparesWithObjects) {
             << row.left->GetValue() << ", row " << &row - kRows;
     }
     EXPECT_EQ(five->Cmp(0, TYPE::NotEqual, kExact), 0);  // no object, rather than False
+    EXPECT_EQ(five->Cmp(0L, TYPE::NotEqual, kExact), 1);
 }
 
 /// Takes texts of the same length for equal.
