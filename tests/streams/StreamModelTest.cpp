@@ -37,6 +37,8 @@ struct CPIPE : CISTREAM, COSTREAM {
     void Skip(long count) override { position += static_cast<unsigned>(count); }
     void Rewind() override { position = 0; }
     void GetNextLine() override { ++lines; }
+    void ReadLine(std::string& line) override { line = "line", ++lines; }
+    void WriteLine(const std::string& line) override { bytes += line, ++lines; }
     void SetNextLine() override { ++lines; }
     std::string bytes;
     std::size_t position = 0;
@@ -251,8 +253,10 @@ TEST(StreamModelTest, CopiesInStepsAndBridges) {
     }
     const std::string bytes = "a b\n\r\n\0 \xFF\t"s;
     CPIPE pipe;
-    CSTREAMWRITER writer(pipe);
-    CSTREAMREADER reader(pipe);
+    CISTREAMDECORATOR inner(pipe);
+    COSTREAMDECORATOR outer(pipe);
+    CSTREAMWRITER writer(outer);
+    CSTREAMREADER reader(inner);
     std::stringstream in(bytes), failed("lost"), out;
     failed.setstate(std::ios::failbit);
     in >> writer;
@@ -260,9 +264,12 @@ TEST(StreamModelTest, CopiesInStepsAndBridges) {
     out << reader << reader;
     EXPECT_EQ(pipe.bytes + out.str(), bytes + bytes);
     using namespace std;
+    string line;
     writer << 'x' << endl << endl;
     reader >> endl >> endl;
-    EXPECT_EQ(pipe.lines, 4);
+    writer.WriteLine("written");
+    reader.ReadLine(line);
+    EXPECT_EQ(to_string(pipe.lines) + line + pipe.bytes.substr(10), "6linexwritten");
 }
 
 TEST(StreamModelTest, DecoratorsStack) {
