@@ -17,6 +17,7 @@ namespace MLCore {
 /// single values. Copying to an output stream, though, is CISTREAM's, through the decorator's own IsEnd() and raw read.
 class MLCORE_API CISTREAMDECORATOR : public CISTREAM {
 public:
+    /// A component of the decorator's own class is passed as a CISTREAM&; as itself it would ask for a copy, which is refused.
     explicit CISTREAMDECORATOR(CISTREAM& component);
     ~CISTREAMDECORATOR() override;
 
