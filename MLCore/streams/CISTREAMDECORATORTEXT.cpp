@@ -49,6 +49,10 @@ long CISTREAMDECORATORTEXT::GetValue(void* buffer, long count) {
 }
 
 void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit, const char* separator) {
+    if (IsEnd() != 0) {
+        char none = '\0';
+        GetComponent().GetValue(static_cast<void*>(&none), 0L);  // a closed component has a failure of its own
+    }
     const int stop = separator != nullptr ? static_cast<unsigned char>(*separator) : -1;
     bool isQuoted = false;
     bool isComplete = limit == 0;
