@@ -84,16 +84,15 @@ char16_t CharacterOf(char ansi) noexcept {
     return byte >= 0x80 && byte <= 0x9F ? kHighControls[byte - 0x80] : byte;
 }
 
-// The byte of a character; -1 when the code page lacks it.
-int ByteOf(char32_t character) noexcept {
+}  // namespace
+
+int AnsiFromCodePoint(char32_t character) noexcept {
     if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
         return static_cast<int>(character);
     }
     const auto* const found = std::find(std::begin(kHighControls), std::end(kHighControls), character);
     return found != std::end(kHighControls) ? static_cast<int>(0x80 + (found - kHighControls)) : -1;
 }
-
-}  // namespace
 
 std::string Utf8FromAnsi(std::string_view ansi, int* lossy) {
     std::string utf8;
@@ -113,7 +112,7 @@ std::string AnsiFromUtf8(std::string_view utf8, int* lossy) {
     std::size_t replaced = 0;
     while (!utf8.empty()) {
         const DECODED decoded = Decode(utf8);
-        const int byte = ByteOf(decoded.character);
+        const int byte = AnsiFromCodePoint(decoded.character);
         replaced += byte < 0 ? 1 : 0;
         ansi += byte < 0 ? '?' : static_cast<char>(byte);
         utf8.remove_prefix(decoded.length);

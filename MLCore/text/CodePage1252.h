@@ -26,4 +26,7 @@ namespace MLCore {
 /// (section 3.9). `lossy` (may be null) receives the number of these replacements. Linear in the length.
 [[nodiscard]] MLCORE_API std::string AnsiFromUtf8(std::string_view utf8, int* lossy = nullptr);
 
+/// The byte of a Unicode character, 0..255; -1 when the code page lacks it.
+[[nodiscard]] MLCORE_API int AnsiFromCodePoint(char32_t character) noexcept;
+
 }  // namespace MLCore

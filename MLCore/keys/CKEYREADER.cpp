@@ -1,0 +1,7 @@
+#include <MLCore/keys/CKEYREADER.h>
+
+namespace MLCore {
+
+CKEYREADER::~CKEYREADER() = default;
+
+}  // namespace MLCore

@@ -1,0 +1,7 @@
+#include <MLCore/keys/CKEYSERIALIZABLE.h>
+
+namespace MLCore {
+
+CKEYSERIALIZABLE::~CKEYSERIALIZABLE() = default;
+
+}  // namespace MLCore

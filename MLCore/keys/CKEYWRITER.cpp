@@ -1,0 +1,7 @@
+#include <MLCore/keys/CKEYWRITER.h>
+
+namespace MLCore {
+
+CKEYWRITER::~CKEYWRITER() = default;
+
+}  // namespace MLCore

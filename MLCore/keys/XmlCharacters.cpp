@@ -1,0 +1,74 @@
+#include <MLCore/keys/XmlCharacters.h>
+
+#include <MLCore/text/CodePage1252.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace MLCore {
+
+namespace {
+
+constexpr struct {
+    std::string_view name;
+    char character;
+} kEntities[] = {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+
+/// The bytes that the code page leaves without a character stand for the controls of the same number.
+constexpr std::string_view kUnassigned = "\x81\x8D\x8F\x90\x9D";
+constexpr std::string_view kWhitespace = "\t\n\r";
+
+bool IsLetter(char character) noexcept {
+    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') || character == '_';
+}
+
+}  // namespace
+
+bool IsXmlNameCharacter(char character) noexcept {
+    return IsLetter(character) || (character >= '0' && character <= '9') || character == '-' || character == '.';
+}
+
+bool IsXmlName(std::string_view name) noexcept {
+    return !name.empty() && IsLetter(name.front()) && std::all_of(name.begin(), name.end(), IsXmlNameCharacter);
+}
+
+bool IsXmlText(std::string_view text) noexcept {
+    return std::all_of(text.begin(), text.end(), [](char character) {
+        return static_cast<unsigned char>(character) >= 0x20 || kWhitespace.find(character) != std::string_view::npos;
+    });
+}
+
+void AppendXmlText(std::string& out, std::string_view text) {
+    for (const char character : text) {
+        const auto entity = std::find_if(std::begin(kEntities), std::end(kEntities),
+                                         [character](const auto& row) { return row.character == character; });
+        if (entity != std::end(kEntities)) {
+            out.append("&").append(entity->name).append(";");
+        } else if (kWhitespace.find(character) != std::string_view::npos ||
+                   kUnassigned.find(character) != std::string_view::npos || character == '\x7F') {
+            out.append("&#").append(std::to_string(static_cast<unsigned char>(character))).append(";");
+        } else {
+            out += character;
+        }
+    }
+}
+
+bool ReadXmlReference(std::string_view reference, char& character) noexcept {
+    if (!reference.starts_with('#')) {
+        const auto entity = std::find_if(std::begin(kEntities), std::end(kEntities),
+                                         [reference](const auto& row) { return row.name == reference; });
+        character = entity != std::end(kEntities) ? entity->character : '\0';
+        return entity != std::end(kEntities);
+    }
+    const bool isHex = reference.starts_with("#x");
+    reference.remove_prefix(isHex ? 2 : 1);
+    unsigned int code = 0;
+    const auto [end, error] =
+        std::from_chars(reference.data(), reference.data() + reference.size(), code, isHex ? 16 : 10);
+    const int byte = AnsiFromCodePoint(code);
+    character = static_cast<char>(byte);
+    return error == std::errc() && end == reference.data() + reference.size() && byte >= 0 &&
+           IsXmlText({&character, 1});
+}
+
+}  // namespace MLCore

@@ -1,0 +1,106 @@
+#include <MLCore/predicates/CCOMPOUNDPREDICATE.h>
+
+#include <MLCore/keys/CKEYREADER.h>
+#include <MLCore/keys/CKEYWRITER.h>
+#include <MLCore/predicates/CPREDICATEVISITOR.h>
+#include <MLCore/predicates/TypedArray.h>
+
+#include <cstddef>
+#include <iterator>
+#include <ostream>
+
+namespace MLCore {
+
+MLCORE_REGISTER_CLASS(CCOMPOUNDPREDICATE)
+
+namespace {
+
+constexpr struct {
+    const char* name;
+    const char* element;
+} kTypes[] = {{"COMPOUNDTYPE_AND", "and"}, {"COMPOUNDTYPE_OR", "or"}, {"COMPOUNDTYPE_NOT", "not"}};
+
+}  // namespace
+
+CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type)
+    : CPREDICATE(PredicateType::Compound), mType(type), mPredicates(CMEMARRAY::Create()) {}
+
+CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type, const CARRAY& predicates)
+    : CPREDICATE(PredicateType::Compound), mType(type), mPredicates(CopyOf<CPREDICATE>(predicates)) {}
+
+CCOMPOUNDPREDICATE::~CCOMPOUNDPREDICATE() = default;
+
+void CCOMPOUNDPREDICATE::AddPredicate(CSHAREOBJECTPTR<CPREDICATE> predicate) {
+    FailNull(predicate);
+    mPredicates->AddObject(predicate);
+}
+
+void CCOMPOUNDPREDICATE::AddPredicates(std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates) {
+    for (const CSHAREOBJECTPTR<CPREDICATE>& predicate : predicates) {
+        AddPredicate(predicate);
+    }
+}
+
+// AND ends at the first member that is false, OR at the first that is true; NOT at its one member.
+template <class Evaluation>
+int CCOMPOUNDPREDICATE::Decide(const Evaluation& evaluate) const {
+    const bool deciding = mType == Type::OR;
+    for (long index = 0; index < mPredicates->GetCount(); ++index) {
+        const CSHAREOBJECTPTR<COBJECT> member = mPredicates->GetObjectAt(index);
+        const bool isTrue = evaluate(static_cast<const CPREDICATE&>(*member)) != 0;
+        if (mType == Type::NOT) {
+            return isTrue ? 0 : 1;
+        }
+        if (isTrue == deciding) {
+            return deciding ? 1 : 0;
+        }
+    }
+    return deciding ? 0 : 1;
+}
+
+int CCOMPOUNDPREDICATE::Evaluate(COBJECT* object, CDICTIONARY& variables) const {
+    return Decide([&](const CPREDICATE& member) { return member.Evaluate(object, variables); });
+}
+
+int CCOMPOUNDPREDICATE::Evaluate(COBJECT* object) const {
+    return Decide([&](const CPREDICATE& member) { return member.Evaluate(object); });
+}
+
+void CCOMPOUNDPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
+    if (visitor.VisitPredicate(*this) != 0) {
+        ForEachOf<CPREDICATE>(*mPredicates, [&](const CPREDICATE& member) { member.Accept(visitor); });
+    }
+    visitor.LeavePredicate(*this);
+}
+
+void CCOMPOUNDPREDICATE::DoWriteState(CKEYWRITER& writer) const {
+    writer.BeginElement(kTypes[static_cast<std::size_t>(mType)].element);
+    ForEachOf<CPREDICATE>(*mPredicates, [&](const CPREDICATE& member) { member.DoWriteState(writer); });
+    writer.EndElement();
+}
+
+void CCOMPOUNDPREDICATE::DoInitState(CKEYREADER& reader) {
+    reader.BeginElement(kTypes[static_cast<std::size_t>(mType)].element);
+    while (reader.HasElement() != 0) {
+        AddPredicate(CPREDICATE::Create(reader));
+    }
+    reader.EndElement();
+    if (mType == Type::NOT && mPredicates->GetCount() != 1) {
+        FailOSErr(kErrValueType);
+    }
+}
+
+std::ostream& operator<<(std::ostream& out, CCOMPOUNDPREDICATE::Type type) {
+    const auto index = static_cast<std::size_t>(type);
+    return index < std::size(kTypes) ? out << kTypes[index].name : out;
+}
+
+std::ostream& operator<<(std::ostream& out, const CCOMPOUNDPREDICATE* predicate) {
+    out << "CCOMPOUNDPREDICATE(";
+    if (predicate != nullptr) {
+        out << predicate->GetType();
+    }
+    return out << ')';
+}
+
+}  // namespace MLCore

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <MLCore/predicates/CCOMPOUNDPREDICATE.h>
+
+namespace MLCore {
+
+/// Its one member is false.
+class MLCORE_API CNOTPREDICATE : public CCOMPOUNDPREDICATE {
+    MLCORE_CLASS(CNOTPREDICATE, CCOMPOUNDPREDICATE)
+
+public:
+    /// Null fails with -100.
+    [[nodiscard]] static CSHAREOBJECTPTR<CPREDICATE> Create(CSHAREOBJECTPTR<CPREDICATE> predicate);
+
+protected:
+    CNOTPREDICATE();
+    ~CNOTPREDICATE() override;
+};
+
+}  // namespace MLCore

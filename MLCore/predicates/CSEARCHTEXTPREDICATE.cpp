@@ -1,0 +1,112 @@
+#include <MLCore/predicates/CSEARCHTEXTPREDICATE.h>
+
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/keys/CKEYREADER.h>
+#include <MLCore/keys/CKEYWRITER.h>
+#include <MLCore/predicates/CPREDICATEVISITOR.h>
+
+#include <ostream>
+#include <string_view>
+
+namespace MLCore {
+
+MLCORE_REGISTER_CLASS(CSEARCHTEXTPREDICATE)
+
+namespace {
+
+constexpr const char* kElement = "searchText";
+constexpr std::size_t kMostOperands = 2;
+constexpr std::string_view kBlanks = " \t\n\v\f\r";
+
+bool IsText(const CVALUEOBJECT* object) {
+    return object != nullptr && object->GetValue().GetType() == CVALUE::Type::String;
+}
+
+}  // namespace
+
+CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE() : CPREDICATE(PredicateType::SearchText) {}
+
+CSEARCHTEXTPREDICATE::~CSEARCHTEXTPREDICATE() = default;
+
+CSHAREOBJECTPTR<CPREDICATE> CSEARCHTEXTPREDICATE::Create(const CSHAREOBJECTPTR<CEXPRESSION>& text) {
+    const CSHAREOBJECTPTR<CSEARCHTEXTPREDICATE> created = AdoptObject(new CSEARCHTEXTPREDICATE);
+    created->mOperands.emplace_back(text);
+    return created;
+}
+
+CSHAREOBJECTPTR<CPREDICATE> CSEARCHTEXTPREDICATE::Create(const CSHAREOBJECTPTR<CEXPRESSION>& field,
+                                                         const CSHAREOBJECTPTR<CEXPRESSION>& text) {
+    const CSHAREOBJECTPTR<CSEARCHTEXTPREDICATE> created = AdoptObject(new CSEARCHTEXTPREDICATE);
+    created->mOperands.emplace_back(field);
+    created->mOperands.emplace_back(text);
+    return created;
+}
+
+int CSEARCHTEXTPREDICATE::Evaluate(COBJECT* object, CDICTIONARY& variables) const {
+    return Search({object, &variables});
+}
+
+int CSEARCHTEXTPREDICATE::Evaluate(COBJECT* object) const { return Search({object, nullptr}); }
+
+int CSEARCHTEXTPREDICATE::Search(const SUBJECT& subject) const {
+    if (GetField() == nullptr) {
+        return 0;
+    }
+    const CSHAREOBJECTPTR<COBJECT> field = mOperands.front().Evaluate(subject);
+    const CSHAREOBJECTPTR<COBJECT> text = mOperands.back().Evaluate(subject);
+    const CVALUEOBJECT* const where = ValueObject(field);
+    const CVALUEOBJECT* const what = ValueObject(text);
+    if (!IsText(where) || !IsText(what)) {
+        return 0;
+    }
+    std::string_view rest = static_cast<const char*>(what->GetValue());
+    for (std::size_t at = 0; (at = rest.find_first_not_of(kBlanks)) != std::string_view::npos;) {
+        rest.remove_prefix(at);
+        const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
+        rest.remove_prefix(word.size());
+        if (where->Cmp(CVALUE(std::string(word)), CVALUEOBJECT::ComparisonType::Contains,
+                       CVALUEOBJECT::ComparisonOption::DiacriticInsensitive) == 0) {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+void CSEARCHTEXTPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
+    if (visitor.VisitPredicate(*this) != 0) {
+        for (const OPERAND& operand : mOperands) {
+            operand.GetExpression()->Accept(visitor);
+        }
+    }
+    visitor.LeavePredicate(*this);
+}
+
+void CSEARCHTEXTPREDICATE::DoWriteState(CKEYWRITER& writer) const {
+    writer.BeginElement(kElement);
+    for (const OPERAND& operand : mOperands) {
+        operand.GetExpression()->DoWriteState(writer);
+    }
+    writer.EndElement();
+}
+
+void CSEARCHTEXTPREDICATE::DoInitState(CKEYREADER& reader) {
+    reader.BeginElement(kElement);
+    while (reader.HasElement() != 0 && mOperands.size() < kMostOperands) {
+        mOperands.emplace_back(CEXPRESSION::Create(reader));
+    }
+    reader.EndElement();
+    if (mOperands.empty()) {
+        FailOSErr(kErrValueType);
+    }
+}
+
+std::ostream& operator<<(std::ostream& out, const CSEARCHTEXTPREDICATE* predicate) {
+    out << "CSEARCHTEXTPREDICATE(";
+    if (predicate != nullptr) {
+        out << predicate->GetPredicateType();
+    }
+    return out << ')';
+}
+
+}  // namespace MLCore

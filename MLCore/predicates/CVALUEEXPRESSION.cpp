@@ -1,0 +1,44 @@
+#include <MLCore/predicates/CVALUEEXPRESSION.h>
+
+#include <MLCore/predicates/ExpressionText.h>
+#include <MLCore/predicates/ValueElement.h>
+#include <MLCore/values/ValueText.h>
+
+#include <ostream>
+
+namespace MLCore {
+
+MLCORE_REGISTER_CLASS(CVALUEEXPRESSION)
+
+CVALUEEXPRESSION::CVALUEEXPRESSION() : CVALUEEXPRESSION(CVALUE::Null()) {}
+
+CVALUEEXPRESSION::CVALUEEXPRESSION(const CVALUE& value)
+    : CEXPRESSION(ExpressionType::Value), mConstant(CVALUEOBJECT::Create(value)) {}
+
+CVALUEEXPRESSION::~CVALUEEXPRESSION() = default;
+
+CSHAREOBJECTPTR<CEXPRESSION> CVALUEEXPRESSION::Create(const CVALUE& value) {
+    return AdoptObject<CEXPRESSION>(new CVALUEEXPRESSION(value));
+}
+
+CSHAREOBJECTPTR<COBJECT> CVALUEEXPRESSION::Evaluate(COBJECT* object, CDICTIONARY&) {
+    return CVALUEEXPRESSION::Evaluate(object);
+}
+
+CSHAREOBJECTPTR<COBJECT> CVALUEEXPRESSION::Evaluate(COBJECT*) { return CVALUEOBJECT::Create(GetValue()); }
+
+void CVALUEEXPRESSION::DoWriteState(CKEYWRITER& writer) const { WriteValueElement(writer, kElement, GetValue()); }
+
+void CVALUEEXPRESSION::DoInitState(CKEYREADER& reader) {
+    mConstant = CVALUEOBJECT::Create(ReadValueElement(reader, kElement));
+}
+
+std::ostream& operator<<(std::ostream& out, const CVALUEEXPRESSION* expression) {
+    std::string text;
+    if (expression != nullptr) {
+        AppendValueText(text, expression->GetValue(), false);
+    }
+    return DumpExpression(out, "CVALUEEXPRESSION", text);
+}
+
+}  // namespace MLCore

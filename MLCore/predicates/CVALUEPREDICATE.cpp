@@ -1,0 +1,48 @@
+#include <MLCore/predicates/CVALUEPREDICATE.h>
+
+#include <MLCore/keys/CKEYREADER.h>
+#include <MLCore/keys/CKEYWRITER.h>
+
+#include <ostream>
+
+namespace MLCore {
+
+MLCORE_REGISTER_CLASS(CVALUEPREDICATE)
+
+namespace {
+
+constexpr const char* kElements[] = {"false", "true"};
+
+}  // namespace
+
+CVALUEPREDICATE::CVALUEPREDICATE(int value) noexcept : CPREDICATE(PredicateType::Value), mValue(value) {}
+
+CVALUEPREDICATE::~CVALUEPREDICATE() = default;
+
+CSHAREOBJECTPTR<CPREDICATE> CVALUEPREDICATE::Create(int value) {
+    return AdoptObject<CPREDICATE>(new CVALUEPREDICATE(value));
+}
+
+int CVALUEPREDICATE::Evaluate(COBJECT*, CDICTIONARY&) const { return mValue; }
+
+int CVALUEPREDICATE::Evaluate(COBJECT*) const { return mValue; }
+
+void CVALUEPREDICATE::DoWriteState(CKEYWRITER& writer) const {
+    writer.BeginElement(kElements[mValue != 0]);
+    writer.EndElement();
+}
+
+void CVALUEPREDICATE::DoInitState(CKEYREADER& reader) {
+    mValue = reader.GetElementName() == kElements[1] ? 1 : 0;
+    reader.BeginElement(kElements[mValue]);
+    reader.EndElement();
+}
+
+std::ostream& operator<<(std::ostream& out, const CVALUEPREDICATE* predicate) {
+    if (predicate == nullptr) {
+        return out << "CVALUEPREDICATE()";
+    }
+    return out << (predicate->GetValue() != 0 ? "CVALUEPREDICATE(TRUE)" : "CVALUEPREDICATE(FALSE)");
+}
+
+}  // namespace MLCore

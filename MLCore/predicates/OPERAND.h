@@ -1,0 +1,46 @@
+#pragma once
+
+#include <MLCore/predicates/CEXPRESSION.h>
+#include <MLCore/values/CVALUEOBJECT.h>
+
+#include <cstddef>
+
+namespace MLCore {
+
+/// What an expression is evaluated with.
+struct SUBJECT {
+    COBJECT* object;
+    CDICTIONARY* variables;  ///< null: every variable is
+};
+
+/// An expression as a predicate holds it: what does not depend on the object is computed once. Not for clients.
+class OPERAND {
+public:
+    OPERAND() = default;
+    /// Fails with -100 for null.
+    explicit OPERAND(CSHAREOBJECTPTR<CEXPRESSION> expression);
+
+    [[nodiscard]] CEXPRESSION* GetExpression() const noexcept { return mExpression; }
+    [[nodiscard]] bool IsKey() const noexcept { return mIsKey; }
+    /// The expression's value; may be null. Not to be changed: a constant is shared.
+    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(const SUBJECT& subject) const {
+        if (!!mConstant) {
+            return mConstant;
+        }
+        return subject.variables != nullptr ? mExpression->Evaluate(subject.object, *subject.variables)
+                                            : mExpression->Evaluate(subject.object);
+    }
+
+private:
+    CSHAREOBJECTPTR<CEXPRESSION> mExpression;
+    CSHAREOBJECTPTR<COBJECT> mConstant;  // of a constant, or of a list of constants
+    bool mIsKey = false;
+};
+
+/// The value object that `object` is, or null.
+[[nodiscard]] inline CVALUEOBJECT* ValueObject(COBJECT* object) noexcept {
+    const bool isOne = object != nullptr && object->ClassInfo().IsKind(CVALUEOBJECT::ClassInfoStatic()) != 0;
+    return isOne ? static_cast<CVALUEOBJECT*>(object) : nullptr;
+}
+
+}  // namespace MLCore
