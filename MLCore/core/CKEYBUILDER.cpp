@@ -1,6 +1,7 @@
 #include <MLCore/core/CKEYBUILDER.h>
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
+#include <MLCore/core/KEYSTEPS.h>
 
 #include <cstdint>
 #include <limits>
@@ -8,7 +9,7 @@
 namespace MLCore {
 
 void CKEYBUILDER::AddKey(const std::string& name) {
-    if (name.empty() || name.find_first_of(".[]") != std::string::npos) {
+    if (!KEYSTEPS::IsName(name)) {
         FailOSErr(kErrUnknownKey);
     }
     if (!mPath.empty()) {

@@ -1,9 +1,9 @@
 #include <MLCore/core/CINDEXEDACCESS.h>
-#include <MLCore/core/CKEYPARSER.h>
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
+#include <MLCore/core/KEYSTEPS.h>
 
 #include <cstring>
 
@@ -11,7 +11,7 @@ namespace MLCore {
 
 namespace {
 
-using STEP = CKEYPARSER::STEP;
+using STEP = KEYSTEPS::STEP;
 
 // The array behind `object`, with `index` known to lie in it.
 CINDEXEDACCESS& ArrayWithIndex(COBJECT* object, long index) {
@@ -23,22 +23,26 @@ CINDEXEDACCESS& ArrayWithIndex(COBJECT* object, long index) {
 }
 
 CSHAREOBJECTPTR<COBJECT> ValueAtStep(COBJECT* object, const STEP& step) {
-    return step.isIndex ? ArrayWithIndex(object, step.index).GetObjectAt(step.index) : object->GetKeyValue(step.name);
+    return step.isIndex ? ArrayWithIndex(object, step.index).GetObjectAt(step.index)
+                        : object->GetKeyValue(std::string(step.name));
 }
 
 void SetValueAtStep(COBJECT* object, const STEP& step, COBJECT* value) {
     if (step.isIndex) {
         ArrayWithIndex(object, step.index).SetObjectAt(step.index, value);
     } else {
-        object->SetKeyValue(step.name, value);
+        object->SetKeyValue(std::string(step.name), value);
     }
 }
 
-// Each object on the way is held: a property may be computed, and then nobody else owns it.
-CSHAREOBJECTPTR<COBJECT> Walk(COBJECT* start, const STEP* first, const STEP* last) {
+// The object that the last step of the path, put into `last`, is asked of; null after a null on the way. Each object is held:
+// a property may be computed, and then nobody else owns it. Nothing is asked when the path is malformed.
+CSHAREOBJECTPTR<COBJECT> WalkToLast(COBJECT* start, const std::string& keyPath, STEP& last) {
+    KEYSTEPS::Check(keyPath);
+    KEYSTEPS steps(keyPath);
     CSHAREOBJECTPTR<COBJECT> current(start);
-    for (const STEP* step = first; step != last && !!current; ++step) {
-        current = ValueAtStep(current, *step);
+    for (last = steps.Take(); !steps.IsEnd() && !!current; last = steps.Take()) {
+        current = ValueAtStep(current, last);
     }
     return current;
 }
@@ -75,20 +79,21 @@ CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyValue(const std::string&) {
 void COBJECT::SetKeyValue(const std::string&, COBJECT*) { FailOSErr(kErrUnknownKey); }
 
 CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyPathValue(const std::string& keyPath) {
-    const CKEYPARSER parser(keyPath);
-    const std::vector<STEP>& path = parser.GetAccessPath();
-    return Walk(this, path.data(), path.data() + path.size());
+    if (KEYSTEPS::IsName(keyPath)) {
+        return GetKeyValue(keyPath);  // most paths are one name: without a copy of it
+    }
+    STEP last;
+    const CSHAREOBJECTPTR<COBJECT> source = WalkToLast(this, keyPath, last);
+    return !source ? nullptr : ValueAtStep(source, last);
 }
 
 void COBJECT::SetKeyPathValue(const std::string& keyPath, COBJECT* value) {
-    const CKEYPARSER parser(keyPath);
-    const std::vector<STEP>& path = parser.GetAccessPath();
-    const STEP* const last = &path.back();
-    const CSHAREOBJECTPTR<COBJECT> target = Walk(this, path.data(), last);
+    STEP last;
+    const CSHAREOBJECTPTR<COBJECT> target = WalkToLast(this, keyPath, last);
     if (!target) {
         FailOSErr(kErrUnknownKey);
     }
-    SetValueAtStep(target, *last, value);
+    SetValueAtStep(target, last, value);
 }
 
 int COBJECT::ConformsToProtocol(const CCLASSTYPEINFO* protocol) const {

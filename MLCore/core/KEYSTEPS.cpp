@@ -1,0 +1,75 @@
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/core/KEYSTEPS.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace MLCore {
+
+namespace {
+
+bool IsDelimiter(char character) noexcept { return character == '.' || character == '[' || character == ']'; }
+
+void Require(bool condition) {
+    if (!condition) {
+        FailOSErr(kErrUnknownKey);
+    }
+}
+
+}  // namespace
+
+bool KEYSTEPS::IsName(std::string_view text) noexcept {
+    return !text.empty() && std::none_of(text.begin(), text.end(), IsDelimiter);
+}
+
+void KEYSTEPS::Check(std::string_view keyPath) {
+    KEYSTEPS steps(keyPath);
+    do {
+        steps.Take();
+    } while (!steps.IsEnd());
+}
+
+KEYSTEPS::STEP KEYSTEPS::Take() {
+    STEP step{IsAt('['), {}, 0};
+    if (step.isIndex) {
+        step.index = TakeIndex();
+    } else {
+        step.name = TakeName();
+        Require(!step.name.empty());
+    }
+    if (IsAt('.')) {
+        mRest.remove_prefix(1);
+        Require(!IsEnd());
+    } else {
+        Require(IsEnd() || IsAt('['));
+    }
+    return step;
+}
+
+// Up to the next delimiter; may be empty.
+std::string_view KEYSTEPS::TakeName() noexcept {
+    const auto* const end = std::find_if(mRest.data(), mRest.data() + mRest.size(), IsDelimiter);
+    const std::string_view name = mRest.substr(0, static_cast<std::size_t>(end - mRest.data()));
+    mRest.remove_prefix(name.size());
+    return name;
+}
+
+// "[digits]".
+long KEYSTEPS::TakeIndex() {
+    mRest.remove_prefix(1);
+    const std::string_view digits = TakeName();
+    std::int64_t index = 0;
+    for (const char digit : digits) {
+        Require(digit >= '0' && digit <= '9');
+        index = index * 10 + (digit - '0');
+        Require(index <= std::numeric_limits<std::int32_t>::max());
+    }
+    Require(!digits.empty() && IsAt(']'));
+    mRest.remove_prefix(1);
+    return static_cast<long>(index);
+}
+
+}  // namespace MLCore

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string_view>
+
+namespace MLCore {
+
+/// Walks the steps of a key path one by one, without memory of its own: what CKEYPARSER and COBJECT read paths with. Not for
+/// clients.
+///
+///     KEYSTEPS steps(path);
+///     do {
+///         const KEYSTEPS::STEP step = steps.Take();
+///     } while (!steps.IsEnd());
+class KEYSTEPS {
+public:
+    struct STEP {
+        bool isIndex;
+        std::string_view name;  ///< empty for an index; valid while the path is
+        long index;             ///< 0 for a name
+    };
+
+    explicit KEYSTEPS(std::string_view keyPath) noexcept : mRest(keyPath) {}
+
+    [[nodiscard]] bool IsEnd() const noexcept { return mRest.empty(); }
+    /// The step at the front, which there must be one of. Fails with 151 when it is malformed, or what follows it is no step.
+    STEP Take();
+
+    /// Whether `text` is a name, which is also a path of one step.
+    [[nodiscard]] static bool IsName(std::string_view text) noexcept;
+    /// Fails with 151 when `keyPath` is malformed; the empty path is.
+    static void Check(std::string_view keyPath);
+
+private:
+    [[nodiscard]] bool IsAt(char wanted) const noexcept { return !mRest.empty() && mRest.front() == wanted; }
+    std::string_view TakeName() noexcept;
+    long TakeIndex();
+
+    std::string_view mRest;
+};
+
+}  // namespace MLCore
