@@ -159,7 +159,7 @@ TEST(StreamModelTest, TextsAndBlocksAreTakenExactly) {
     EXPECT_EQ(text + buffer, "");
     pipe.position = 3;
     reader >> text;
-    EXPECT_EQ(text.size() * pipe.IsEnd(), 32767U);
+    EXPECT_TRUE(text.size() == 32767 && pipe.IsEnd() != 0);
     const std::string large = "\1\0\100\1"s + std::string((20 << 20) + 1, 'm');
     for (const std::string& bytes :
          {"\0\0\0\0"s, "\5\0\0\0\0\1\n\r\xFF"s, large, ""s, "\0\0\0"s, "\1\0\0\0"s, "\5\0\0\0@"s, "\xFF\x7F\0\0@"s,
