@@ -8,9 +8,12 @@
 #include <MLCore/text/DoubleText.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <string>
+#include <type_traits>
 
 namespace MLCore {
 
@@ -50,7 +53,13 @@ CVALUE ReadDouble(const std::string& text) {
     return CVALUE(number);
 }
 
-CVALUE ReadFloat(const std::string& text) { return CVALUE(static_cast<float>(ReadDouble(text).ToDouble())); }
+CVALUE ReadFloat(const std::string& text) {
+    constexpr double kWrittenMax = 3.4028235e38;  // the shortest text of the largest float, which is a little less
+    constexpr double kMax = std::numeric_limits<float>::max();
+    const double number = ReadDouble(text).ToDouble();
+    Require(!std::isfinite(number) || std::abs(number) <= kWrittenMax);
+    return CVALUE(static_cast<float>(std::isfinite(number) ? std::clamp(number, -kMax, kMax) : number));
+}
 
 // Dates and times without a zone, as ISO 8601 writes them; what is not written back as it was read is none.
 
@@ -65,13 +74,15 @@ std::string TextOf(const CTIME& time) {
 }
 
 std::string TextOf(const CDATETIME& moment) {
-    const std::string date = TextOf(moment.GetDate());
-    return date.empty() ? date : date + kTimeMark + TextOf(moment.GetTime());
+    if (moment == CDATETIME()) {
+        return {};
+    }
+    return TextOf(moment.GetDate()) + kTimeMark + TextOf(moment.GetTime());
 }
 
 CDATE DateOf(const std::string& text) {
     CDATE date;
-    Require(date.FromStringXML(text.c_str()) != 0 && date.ToStringXML() == text);
+    Require(text.empty() || (date.FromStringXML(text.c_str()) != 0 && date.ToStringXML() == text));
     return date;
 }
 
