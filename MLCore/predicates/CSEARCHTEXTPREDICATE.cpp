@@ -1,13 +1,12 @@
 #include <MLCore/predicates/CSEARCHTEXTPREDICATE.h>
 
-#include <MLCore/core/ErrorCodes.h>
-#include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
 
 #include <ostream>
 #include <string_view>
+#include <utility>
 
 namespace MLCore {
 
@@ -25,22 +24,20 @@ bool IsText(const CVALUEOBJECT* object) {
 
 }  // namespace
 
-CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE() : CPREDICATE(PredicateType::SearchText) {}
+CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE() : CSEARCHTEXTPREDICATE(std::vector<OPERAND>(1)) {}
+
+CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE(std::vector<OPERAND> operands)
+    : CPREDICATE(PredicateType::SearchText), mOperands(std::move(operands)) {}
 
 CSEARCHTEXTPREDICATE::~CSEARCHTEXTPREDICATE() = default;
 
 CSHAREOBJECTPTR<CPREDICATE> CSEARCHTEXTPREDICATE::Create(const CSHAREOBJECTPTR<CEXPRESSION>& text) {
-    const CSHAREOBJECTPTR<CSEARCHTEXTPREDICATE> created = AdoptObject(new CSEARCHTEXTPREDICATE);
-    created->mOperands.emplace_back(text);
-    return created;
+    return AdoptObject<CPREDICATE>(new CSEARCHTEXTPREDICATE({OPERAND(text)}));
 }
 
 CSHAREOBJECTPTR<CPREDICATE> CSEARCHTEXTPREDICATE::Create(const CSHAREOBJECTPTR<CEXPRESSION>& field,
                                                          const CSHAREOBJECTPTR<CEXPRESSION>& text) {
-    const CSHAREOBJECTPTR<CSEARCHTEXTPREDICATE> created = AdoptObject(new CSEARCHTEXTPREDICATE);
-    created->mOperands.emplace_back(field);
-    created->mOperands.emplace_back(text);
-    return created;
+    return AdoptObject<CPREDICATE>(new CSEARCHTEXTPREDICATE({OPERAND(field), OPERAND(text)}));
 }
 
 int CSEARCHTEXTPREDICATE::Evaluate(COBJECT* object, CDICTIONARY& variables) const {
@@ -92,13 +89,12 @@ void CSEARCHTEXTPREDICATE::DoWriteState(CKEYWRITER& writer) const {
 
 void CSEARCHTEXTPREDICATE::DoInitState(CKEYREADER& reader) {
     reader.BeginElement(kElement);
-    while (reader.HasElement() != 0 && mOperands.size() < kMostOperands) {
-        mOperands.emplace_back(CEXPRESSION::Create(reader));
-    }
+    std::vector<OPERAND> operands;
+    do {
+        operands.emplace_back(CEXPRESSION::Create(reader));
+    } while (reader.HasElement() != 0 && operands.size() < kMostOperands);
     reader.EndElement();
-    if (mOperands.empty()) {
-        FailOSErr(kErrValueType);
-    }
+    mOperands = std::move(operands);
 }
 
 std::ostream& operator<<(std::ostream& out, const CSEARCHTEXTPREDICATE* predicate) {

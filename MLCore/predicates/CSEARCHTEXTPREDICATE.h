@@ -34,6 +34,7 @@ public:
 
 protected:
     CSEARCHTEXTPREDICATE();
+    explicit CSEARCHTEXTPREDICATE(std::vector<OPERAND> operands);
     ~CSEARCHTEXTPREDICATE() override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include <MLCore/predicates/ExpressionText.h>
 #include <MLCore/predicates/ValueElement.h>
+#include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/ValueText.h>
 
 #include <ostream>
@@ -10,10 +11,9 @@ namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CVALUEEXPRESSION)
 
-CVALUEEXPRESSION::CVALUEEXPRESSION() : CVALUEEXPRESSION(CVALUE::Null()) {}
+CVALUEEXPRESSION::CVALUEEXPRESSION() : CEXPRESSION(ExpressionType::Value) {}
 
-CVALUEEXPRESSION::CVALUEEXPRESSION(const CVALUE& value)
-    : CEXPRESSION(ExpressionType::Value), mConstant(CVALUEOBJECT::Create(value)) {}
+CVALUEEXPRESSION::CVALUEEXPRESSION(const CVALUE& value) : CEXPRESSION(ExpressionType::Value), mValue(value) {}
 
 CVALUEEXPRESSION::~CVALUEEXPRESSION() = default;
 
@@ -25,13 +25,11 @@ CSHAREOBJECTPTR<COBJECT> CVALUEEXPRESSION::Evaluate(COBJECT* object, CDICTIONARY
     return CVALUEEXPRESSION::Evaluate(object);
 }
 
-CSHAREOBJECTPTR<COBJECT> CVALUEEXPRESSION::Evaluate(COBJECT*) { return CVALUEOBJECT::Create(GetValue()); }
+CSHAREOBJECTPTR<COBJECT> CVALUEEXPRESSION::Evaluate(COBJECT*) { return CVALUEOBJECT::Create(mValue); }
 
-void CVALUEEXPRESSION::DoWriteState(CKEYWRITER& writer) const { WriteValueElement(writer, kElement, GetValue()); }
+void CVALUEEXPRESSION::DoWriteState(CKEYWRITER& writer) const { WriteValueElement(writer, kElement, mValue); }
 
-void CVALUEEXPRESSION::DoInitState(CKEYREADER& reader) {
-    mConstant = CVALUEOBJECT::Create(ReadValueElement(reader, kElement));
-}
+void CVALUEEXPRESSION::DoInitState(CKEYREADER& reader) { mValue = ReadValueElement(reader, kElement); }
 
 std::ostream& operator<<(std::ostream& out, const CVALUEEXPRESSION* expression) {
     std::string text;

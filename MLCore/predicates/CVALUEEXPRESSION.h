@@ -2,7 +2,8 @@
 
 #include <MLCore/predicates/CEXPRESSION.h>
 #include <MLCore/values/CVALUE.h>
-#include <MLCore/values/CVALUEOBJECT.h>
+
+#include <utility>
 
 namespace MLCore {
 
@@ -13,17 +14,15 @@ class MLCORE_API CVALUEEXPRESSION : public CEXPRESSION {
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const CVALUE& value);
     CVALUEEXPRESSION(const CVALUEEXPRESSION&) = default;
-    CVALUEEXPRESSION(CVALUEEXPRESSION&&) = default;
+    CVALUEEXPRESSION(CVALUEEXPRESSION&& other) : CVALUEEXPRESSION(std::as_const(other)) {}
 
-    [[nodiscard]] const CVALUE& GetValue() const noexcept { return mConstant->GetValue(); }
-    [[nodiscard]] CVALUE::Type GetType() const noexcept { return GetValue().GetType(); }
-    [[nodiscard]] int IsNull() const noexcept { return GetValue().IsNull(); }
+    [[nodiscard]] const CVALUE& GetValue() const noexcept { return mValue; }
+    [[nodiscard]] CVALUE::Type GetType() const noexcept { return mValue.GetType(); }
+    [[nodiscard]] int IsNull() const noexcept { return mValue.IsNull(); }
 
     /// A new value object with the constant.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object, CDICTIONARY& variables) override;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object) override;
-    /// The constant as predicates use it, without a new object each time. Not to be changed; valid while the expression lives.
-    [[nodiscard]] CVALUEOBJECT* GetConstant() const noexcept { return mConstant; }
 
     /// Fails with 138 for a Guid, an Object, a date that is none, and a text with control characters.
     void DoWriteState(CKEYWRITER& writer) const override;
@@ -38,7 +37,7 @@ protected:
 private:
     CVALUEEXPRESSION();
 
-    CSHAREOBJECTPTR<CVALUEOBJECT> mConstant;
+    CVALUE mValue;
 };
 
 /// Writes "CVALUEEXPRESSION(5)" with the value's text (AppendValueText), unquoted; "CVALUEEXPRESSION()" for null.

@@ -13,31 +13,35 @@ namespace MLCore {
 namespace {
 
 // A class derived from these may evaluate otherwise.
-template <class Class>
-Class* Exactly(CEXPRESSION* expression) {
-    return expression->ClassInfo().IsSame(Class::ClassInfoStatic()) != 0 ? static_cast<Class*>(expression) : nullptr;
+bool IsExactly(const CEXPRESSION& expression, const CCLASSTYPEINFO& info) {
+    return expression.ClassInfo().IsSame(info) != 0;
 }
 
-CSHAREOBJECTPTR<COBJECT> ConstantOf(CEXPRESSION* expression) {
-    if (const auto* const value = Exactly<CVALUEEXPRESSION>(expression)) {
-        return value->GetConstant();
+bool IsConstant(const CEXPRESSION& expression) { return IsExactly(expression, CVALUEEXPRESSION::ClassInfoStatic()); }
+
+bool IsConstantList(const CEXPRESSION& expression) {
+    bool isConstant = IsExactly(expression, CLISTEXPRESSION::ClassInfoStatic());
+    if (isConstant) {
+        ForEachOf<CEXPRESSION>(static_cast<const CLISTEXPRESSION&>(expression).GetExpressions(),
+                               [&](const CEXPRESSION& each) { isConstant = isConstant && IsConstant(each); });
     }
-    auto* const list = Exactly<CLISTEXPRESSION>(expression);
-    if (list == nullptr) {
-        return nullptr;
-    }
-    bool isConstant = true;
-    ForEachOf<CEXPRESSION>(list->GetExpressions(), [&isConstant](CEXPRESSION& each) {
-        isConstant = isConstant && Exactly<CVALUEEXPRESSION>(&each) != nullptr;
-    });
-    return isConstant ? list->Evaluate(nullptr) : nullptr;
+    return isConstant;
+}
+
+const OPERAND& NullOperand() {
+    static const OPERAND gNull(CVALUEEXPRESSION::Create(CVALUE::Null()));
+    return gNull;
 }
 
 }  // namespace
 
+OPERAND::OPERAND() : OPERAND(NullOperand()) {}
+
 OPERAND::OPERAND(CSHAREOBJECTPTR<CEXPRESSION> expression) : mExpression(std::move(expression)) {
     FailNull(mExpression);
-    mConstant = ConstantOf(mExpression);
+    if (IsConstant(*mExpression) || IsConstantList(*mExpression)) {
+        mConstant = mExpression->Evaluate(nullptr);
+    }
     mIsKey = mExpression->ClassInfo().IsKind(CKEYEXPRESSION::ClassInfoStatic()) != 0;
 }
 

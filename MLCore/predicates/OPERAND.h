@@ -16,7 +16,8 @@ struct SUBJECT {
 /// An expression as a predicate holds it: what does not depend on the object is computed once. Not for clients.
 class OPERAND {
 public:
-    OPERAND() = default;
+    /// The constant Null: what a predicate has before it is read.
+    OPERAND();
     /// Fails with -100 for null.
     explicit OPERAND(CSHAREOBJECTPTR<CEXPRESSION> expression);
 
