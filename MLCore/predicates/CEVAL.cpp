@@ -1,5 +1,7 @@
 #include <MLCore/predicates/CEVAL.h>
 
+#include <utility>
+
 namespace MLCore {
 
 CEVAL::CEVAL() = default;

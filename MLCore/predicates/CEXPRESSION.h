@@ -14,7 +14,7 @@ class CDICTIONARY;
 class CPREDICATEVISITOR;
 
 /// An operand of a predicate: what yields an object, given the object under test and a dictionary of variables. Expressions
-/// do not change after their creation and may be shared, between threads too.
+/// do not change after their creation and may be shared, between threads too; to move one is to copy it.
 class MLCORE_API CEXPRESSION : public COBJECT, public CKEYSERIALIZABLE {
     MLCORE_CLASS(CEXPRESSION, COBJECT)
 

@@ -4,6 +4,7 @@
 #include <MLCore/values/CARRAY.h>
 
 #include <string>
+#include <utility>
 
 namespace MLCore {
 
@@ -15,7 +16,7 @@ class MLCORE_API CFUNCTIONEXPRESSION : public CEXPRESSION {
 
 public:
     CFUNCTIONEXPRESSION(const CFUNCTIONEXPRESSION&) = default;
-    CFUNCTIONEXPRESSION(CFUNCTIONEXPRESSION&&) = default;
+    CFUNCTIONEXPRESSION(CFUNCTIONEXPRESSION&& other) : CFUNCTIONEXPRESSION(std::as_const(other)) {}
 
     [[nodiscard]] const std::string& GetName() const noexcept { return mName; }
     [[nodiscard]] const CARRAY& GetParameters() const noexcept { return *mParameters; }

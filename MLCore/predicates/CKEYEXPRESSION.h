@@ -3,6 +3,7 @@
 #include <MLCore/predicates/CEXPRESSION.h>
 
 #include <string>
+#include <utility>
 
 namespace MLCore {
 
@@ -13,7 +14,7 @@ class MLCORE_API CKEYEXPRESSION : public CEXPRESSION {
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const std::string& key);
     CKEYEXPRESSION(const CKEYEXPRESSION&) = default;
-    CKEYEXPRESSION(CKEYEXPRESSION&&) = default;
+    CKEYEXPRESSION(CKEYEXPRESSION&& other) : CKEYEXPRESSION(std::as_const(other)) {}
 
     [[nodiscard]] const std::string& GetKey() const noexcept { return mKey; }
 

@@ -4,6 +4,7 @@
 #include <MLCore/values/CARRAY.h>
 
 #include <initializer_list>
+#include <utility>
 
 namespace MLCore {
 
@@ -20,7 +21,7 @@ public:
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(
         std::initializer_list<CSHAREOBJECTPTR<CEXPRESSION>> expressions);
     CLISTEXPRESSION(const CLISTEXPRESSION&) = default;
-    CLISTEXPRESSION(CLISTEXPRESSION&&) = default;
+    CLISTEXPRESSION(CLISTEXPRESSION&& other) : CLISTEXPRESSION(std::as_const(other)) {}
 
     [[nodiscard]] const CARRAY& GetExpressions() const noexcept { return *mExpressions; }
 

@@ -3,6 +3,7 @@
 #include <MLCore/predicates/CEXPRESSION.h>
 
 #include <string>
+#include <utility>
 
 namespace MLCore {
 
@@ -13,7 +14,7 @@ class MLCORE_API COBJECTEXPRESSION : public CEXPRESSION {
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const std::string& name);
     COBJECTEXPRESSION(const COBJECTEXPRESSION&) = default;
-    COBJECTEXPRESSION(COBJECTEXPRESSION&&) = default;
+    COBJECTEXPRESSION(COBJECTEXPRESSION&& other) : COBJECTEXPRESSION(std::as_const(other)) {}
 
     [[nodiscard]] const std::string& GetName() const noexcept { return mName; }
 

@@ -23,7 +23,7 @@ class MLCORE_API CPREDICATEVISITOR {
 public:
     virtual ~CPREDICATEVISITOR();
 
-    /// Not 0: go on into the items of a list and the parameters of a function.
+    /// Not 0: go on into the items of a list. Parameters of functions are not visited.
     virtual int VisitExpression(const CEXPRESSION& expression) = 0;
     /// Not 0: go on into the members or operands.
     virtual int VisitPredicate(const CPREDICATE& predicate) = 0;

@@ -3,6 +3,7 @@
 #include <MLCore/predicates/CEXPRESSION.h>
 
 #include <string>
+#include <utility>
 
 namespace MLCore {
 
@@ -13,7 +14,7 @@ class MLCORE_API CVARIABLEEXPRESSION : public CEXPRESSION {
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const std::string& name);
     CVARIABLEEXPRESSION(const CVARIABLEEXPRESSION&) = default;
-    CVARIABLEEXPRESSION(CVARIABLEEXPRESSION&&) = default;
+    CVARIABLEEXPRESSION(CVARIABLEEXPRESSION&& other) : CVARIABLEEXPRESSION(std::as_const(other)) {}
 
     [[nodiscard]] const std::string& GetName() const noexcept { return mName; }
 
