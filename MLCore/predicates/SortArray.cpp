@@ -1,0 +1,235 @@
+#include <MLCore/predicates/SortArray.h>
+
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/platform/WinTypes.h>
+#include <MLCore/predicates/CSORTDESCRIPTOR.h>
+#include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/Cmp.h>
+#include <MLCore/values/KeyMapping.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <numeric>
+#include <typeinfo>
+#include <utility>
+#include <vector>
+
+namespace MLCore {
+
+namespace {
+
+using OPTION = CVALUEOBJECT::ComparisonOption;
+using COMPARISON = CVALUEOBJECT::ComparisonType;
+
+/// One element's value for one key.
+struct SORTKEY {
+    bool hasValue = false;
+    std::uint64_t order = 0;              // decides, where it differs
+    CSHAREOBJECTPTR<CVALUEOBJECT> value;  // decides otherwise; null where `order` tells all
+};
+
+/// The conversions of value objects, which only derived classes reach.
+struct CONVERSION : CVALUEOBJECT {
+    using CVALUEOBJECT::TryToDateTime;
+    using CVALUEOBJECT::TryToDouble;
+};
+
+constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+
+/// In the order of the numbers; a NaN comes first.
+std::uint64_t OrderOf(double number) noexcept {
+    if (std::isnan(number)) {
+        return 0;
+    }
+    const auto bits = std::bit_cast<std::uint64_t>(number + 0.0);  // no -0.0
+    return (bits & kSign) != 0 ? ~bits : bits | kSign;
+}
+
+double NumberOf(std::uint64_t order) noexcept {
+    return std::bit_cast<double>((order & kSign) != 0 ? order & ~kSign : ~order);
+}
+
+/// The first bytes of a text or a GUID, in the order of all the bytes.
+std::uint64_t FirstBytes(const void* bytes, std::size_t length) noexcept {
+    const auto* const first = static_cast<const unsigned char*>(bytes);
+    std::uint64_t order = 0;
+    for (std::size_t i = 0; i < sizeof(order); ++i) {
+        order = order << 8 | (i < length ? first[i] : 0U);
+    }
+    return order;
+}
+
+// Each fails with 138 for a value of another kind.
+using READ = void (*)(SORTKEY& key, CVALUEOBJECT& value, OPTION option);
+
+void ReadNumber(SORTKEY& key, CVALUEOBJECT& value, OPTION) {
+    key.order = OrderOf(CONVERSION::TryToDouble(value.GetValue()));
+}
+
+void ReadDate(SORTKEY& key, CVALUEOBJECT& value, OPTION) {
+    const CDATETIME date = CONVERSION::TryToDateTime(value.GetValue());
+    const auto unsignedOf = [](std::int32_t number) { return static_cast<std::uint32_t>(number) ^ 0x80000000U; };
+    key.order =
+        std::uint64_t{unsignedOf(date.GetDate().ToLDate())} << 32 | unsignedOf(date.GetTime().GetTotalSeconds());
+}
+
+void ReadText(SORTKEY& key, CVALUEOBJECT& value, OPTION option) {
+    const char* const text = value.GetValue();
+    const bool isFolded = option == OPTION::CaseInsensitive || option == OPTION::DiacriticInsensitive;
+    // A derived class may compare texts in its own way.
+    if (!isFolded && typeid(value) == typeid(CVALUEOBJECT)) {
+        key.order = FirstBytes(text, value.GetValue().GetSize() - 1);
+    }
+    key.value = &value;
+}
+
+void ReadGuid(SORTKEY& key, CVALUEOBJECT& value, OPTION) {
+    const _GUID guid = value.GetValue().ToGuid();
+    key.order = FirstBytes(&guid, sizeof(guid));
+    key.value = &value;
+}
+
+/// By the type of a key's first value; null for a type that has no order.
+constexpr READ kReaders[] = {
+    nullptr,     // Unknown
+    ReadNumber,  // Short
+    ReadNumber,  // UShort
+    ReadNumber,  // Long
+    ReadNumber,  // ULong
+    ReadDate,    // Date
+    ReadNumber,  // Time
+    ReadText,    // String
+    ReadNumber,  // Float
+    ReadNumber,  // Double
+    ReadDate,    // DateTime
+    ReadNumber,  // Bool
+    nullptr,     // Object
+    ReadGuid,    // Guid
+};
+
+/// The values of all elements for one key.
+class COLUMN {
+public:
+    COLUMN(const ELEMENTS& elements, const CSORTDESCRIPTOR& descriptor, OPTION option)
+        : mIsDescending(descriptor.GetSortOrderType() == CSORTDESCRIPTOR::SortOrderType::Descending), mOption(option) {
+        mKeys.reserve(elements.size());
+        for (const CSHAREOBJECTPTR<COBJECT>& element : elements) {
+            const CSHAREOBJECTPTR<COBJECT> value = !element ? nullptr : element->GetKeyPathValue(descriptor.GetKey());
+            Add(value);
+        }
+        if (mRead == ReadNumber) {
+            GroupNumbers();
+        }
+    }
+
+    [[nodiscard]] int Compare(std::size_t a, std::size_t b) const {
+        const int order = Order(mKeys[a], mKeys[b]);
+        return mIsDescending ? -order : order;
+    }
+
+private:
+    void Add(COBJECT* object) {
+        SORTKEY& key = mKeys.emplace_back();
+        if (object == nullptr) {
+            return;
+        }
+        auto* const value = dynamic_cast<CVALUEOBJECT*>(object);
+        FailOSErr(value != nullptr ? short{0} : kErrValueType);
+        if (value->GetValue().IsNull() != 0) {
+            return;
+        }
+        if (mRead == nullptr) {
+            mRead = kReaders[static_cast<std::size_t>(value->GetValue().GetType())];
+            FailOSErr(mRead != nullptr ? short{0} : kErrValueType);
+        }
+        mRead(key, *value, mOption);
+        key.hasValue = true;
+    }
+
+    /// Gives all numbers of a group the order of its least one.
+    void GroupNumbers() {
+        std::vector<std::pair<std::uint64_t, SORTKEY*>> numbers;
+        for (SORTKEY& key : mKeys) {
+            if (key.hasValue && key.order != OrderOf(std::nan(""))) {
+                numbers.emplace_back(key.order, &key);
+            }
+        }
+        const auto isWhole = [](const auto& number) {
+            return std::trunc(NumberOf(number.first)) == NumberOf(number.first);
+        };
+        if (std::ranges::all_of(numbers, isWhole)) {
+            return;  // each is a group
+        }
+        std::ranges::sort(numbers);
+        std::uint64_t least = numbers.front().first;
+        for (const auto& [order, key] : numbers) {
+            if (DoubleCmp(NumberOf(order), NumberOf(least)) > 0) {
+                least = order;
+            }
+            key->order = least;
+        }
+    }
+
+    [[nodiscard]] int Order(const SORTKEY& a, const SORTKEY& b) const {
+        if (a.hasValue != b.hasValue) {
+            return a.hasValue ? 1 : -1;
+        }
+        if (a.order != b.order) {
+            return a.order < b.order ? -1 : 1;
+        }
+        if (!a.value || !b.value) {
+            return 0;
+        }
+        const CVALUE& other = b.value->GetValue();
+        return a.value->Cmp(other, COMPARISON::Greater, mOption) - a.value->Cmp(other, COMPARISON::Lesser, mOption);
+    }
+
+    std::vector<SORTKEY> mKeys;
+    READ mRead = nullptr;  // null until there is a value
+    bool mIsDescending;
+    OPTION mOption;
+};
+
+ELEMENTS DescriptorsOf(const CARRAY& order) {
+    ELEMENTS descriptors = ElementsOf(order);
+    for (const CSHAREOBJECTPTR<COBJECT>& element : descriptors) {
+        FailOSErr(dynamic_cast<const CSORTDESCRIPTOR*>(element.Get()) != nullptr ? short{0} : kErrBadCast);
+    }
+    return descriptors;
+}
+
+}  // namespace
+
+CSHAREOBJECTPTR<CARRAY> SortArray(CARRAY* array, CARRAY* order, OPTION option) {
+    FailNull(array);
+    const ELEMENTS descriptors = order != nullptr ? DescriptorsOf(*order) : ELEMENTS();
+    ELEMENTS elements = ElementsOf(*array);
+    std::vector<COLUMN> columns;
+    for (const CSHAREOBJECTPTR<COBJECT>& descriptor : descriptors) {
+        columns.emplace_back(elements, static_cast<const CSORTDESCRIPTOR&>(*descriptor), option);
+    }
+
+    std::vector<std::size_t> places(elements.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::stable_sort(places.begin(), places.end(), [&columns](std::size_t a, std::size_t b) {
+        for (const COLUMN& column : columns) {
+            if (const int relation = column.Compare(a, b)) {
+                return relation < 0;
+            }
+        }
+        return false;
+    });
+
+    ELEMENTS sorted;
+    sorted.reserve(elements.size());
+    std::ranges::transform(places, std::back_inserter(sorted),
+                           [&elements](std::size_t place) { return std::move(elements[place]); });
+    return CMEMARRAY::Create(std::move(sorted));
+}
+
+}  // namespace MLCore

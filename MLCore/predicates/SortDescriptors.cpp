@@ -1,0 +1,41 @@
+#include <MLCore/predicates/SortDescriptors.h>
+
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/predicates/CSORTDESCRIPTOR.h>
+#include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/KeyMapping.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace MLCore {
+
+int CmpSortDescriptors(CARRAY* a, CARRAY* b) {
+    if (a == nullptr || b == nullptr) {
+        return a == b ? 1 : 0;
+    }
+    const auto areEqual = [](COBJECT* left, COBJECT* right) {
+        const auto* const x = dynamic_cast<const CSORTDESCRIPTOR*>(left);
+        const auto* const y = dynamic_cast<const CSORTDESCRIPTOR*>(right);
+        return x != nullptr && y != nullptr && *x == *y;
+    };
+    return std::ranges::equal(ElementsOf(*a), ElementsOf(*b), areEqual) ? 1 : 0;
+}
+
+CSHAREOBJECTPTR<CARRAY> ReverseSortDescriptors(CARRAY* order) {
+    using TYPE = CSORTDESCRIPTOR::SortOrderType;
+    if (order == nullptr) {
+        return nullptr;
+    }
+    ELEMENTS elements = ElementsOf(*order);
+    for (CSHAREOBJECTPTR<COBJECT>& element : elements) {
+        const auto* const descriptor = dynamic_cast<const CSORTDESCRIPTOR*>(element.Get());
+        FailOSErr(descriptor != nullptr ? short{0} : kErrBadCast);
+        const bool isAscending = descriptor->GetSortOrderType() == TYPE::Ascending;
+        element = CSORTDESCRIPTOR::Create(descriptor->GetKey(), isAscending ? TYPE::Descending : TYPE::Ascending);
+    }
+    return CMEMARRAY::Create(std::move(elements));
+}
+
+}  // namespace MLCore
