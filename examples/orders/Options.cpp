@@ -4,6 +4,10 @@
 #include <MLCore/datetime/CCALENDARBANQUESTRATEGY.h>
 #include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
 #include <MLCore/datetime/CCALENDARPORTOSTRATEGY.h>
+#include <MLCore/predicates/CSORTDESCRIPTOR.h>
+#include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
+#include <MLCore/text/CodePage1252.h>
+#include <MLCore/text/DoubleText.h>
 
 #include <algorithm>
 #include <charconv>
@@ -11,6 +15,9 @@
 #include <filesystem>
 #include <iterator>
 #include <system_error>
+
+#include "Record.h"
+#include "Selection.h"
 
 namespace orders {
 
@@ -61,17 +68,44 @@ CDATE ReadDate(const std::string& text) {
     return date;
 }
 
+double ReadAmount(const std::string& text) {
+    double amount = 0;
+    if (!AMOUNT().FromText(text) || ParseDouble(text, amount) == 0) {
+        throw USAGEERROR('"' + text + "\" is no amount");
+    }
+    return amount;
+}
+
+// Arguments are UTF-8 or, on Windows, already in the code page of the file.
+std::string ReadText(const std::string& text) {
+    int lost = 0;
+    const std::string ansi = AnsiFromUtf8(text, &lost);
+    return lost == 0 ? ansi : text;
+}
+
+std::string ReadSort(const std::string& text) {
+    const auto descriptors = CSORTDESCRIPTORBUILDER::Create(text);
+    for (const CSORTDESCRIPTOR* const descriptor : ElementsOf<CSORTDESCRIPTOR>(*descriptors)) {
+        if (const std::string fault = FaultOfKey(descriptor->GetKey()); !fault.empty()) {
+            throw USAGEERROR("--sort: " + fault);
+        }
+    }
+    return text;
+}
+
 struct OPTION {
     std::string_view name;
     std::string_view value;  // what the help calls it; empty: the option takes none
     std::string_view help;
     void (*apply)(OPTIONS& options, const std::string& value);
+    bool selects = false;
 };
+constexpr bool kSelects = true;
 
 constexpr OPTION kOptions[] = {
     {"--calendar", "NAME", "french (the default), bank, portuguese or portuguese-bank",
      [](OPTIONS& options, const std::string& value) { options.calendar = ReadCalendar(value); }},
-    {"--late", "N", "list the orders that took more than N business days (4)",
+    {"--late", "N", "list, or select, the orders that took more than N business days (4)",
      [](OPTIONS& options, const std::string& value) { options.late = ReadDays(value); }},
     {"--from", "DATE", "leave out what was ordered before: 2016-01-31, 31/01/2016, 31012016",
      [](OPTIONS& options, const std::string& value) { options.from = ReadDate(value); }},
@@ -79,6 +113,26 @@ constexpr OPTION kOptions[] = {
      [](OPTIONS& options, const std::string& value) { options.to = ReadDate(value); }},
     {"--all", "", "list every order, late or not",
      [](OPTIONS& options, const std::string&) { options.listsAll = true; }},
+    {"--select", "", "--segment Corporate --sales 500 --late 3 --name a; options behind it change that",
+     [](OPTIONS& options, const std::string&) {
+         options.segment = "Corporate";
+         options.sales = 500;
+         options.late = 3;
+         options.name = std::string(1, 'a');
+     },
+     kSelects},
+    {"--segment", "NAME", "select the orders of a segment",
+     [](OPTIONS& options, const std::string& value) { options.segment = ReadText(value); }, kSelects},
+    {"--sales", "AMOUNT", "select the orders of more than AMOUNT",
+     [](OPTIONS& options, const std::string& value) { options.sales = ReadAmount(value); }, kSelects},
+    {"--name", "TEXT", "select the orders of customers whose name begins with TEXT",
+     [](OPTIONS& options, const std::string& value) { options.name = ReadText(value); }, kSelects},
+    {"--filter", "FILE", "select the orders that meet the filter in FILE",
+     [](OPTIONS& options, const std::string& value) { options.filter = value; }, kSelects},
+    {"--save", "FILE", "write these conditions to FILE, as a filter",
+     [](OPTIONS& options, const std::string& value) { options.save = value; }, kSelects},
+    {"--sort", "KEYS", "sort what is selected by keys: +customer;-sales (the default)",
+     [](OPTIONS& options, const std::string& value) { options.sort = ReadSort(value); }, kSelects},
     {"--report", "FILE", "write the orders with their totals to FILE too, as CSV",
      [](OPTIONS& options, const std::string& value) { options.report = value; }},
     {"--rejects", "FILE", "keep the lines that cannot be read in FILE, to be mended and read again",
@@ -107,9 +161,11 @@ void ReadFile(OPTIONS& options, const std::string& argument) {
 // Whether both are one file, or would be.
 bool IsSameFile(const std::string& left, const std::string& right) {
     std::error_code none;
+    const auto place = [&none](const std::string& path) {
+        return std::filesystem::weakly_canonical(std::filesystem::absolute(path, none), none);
+    };
     return !left.empty() && !right.empty() &&
-           (std::filesystem::equivalent(left, right, none) ||
-            std::filesystem::weakly_canonical(left, none) == std::filesystem::weakly_canonical(right, none));
+           (std::filesystem::equivalent(left, right, none) || place(left) == place(right));
 }
 
 void Check(const OPTIONS& options) {
@@ -119,19 +175,26 @@ void Check(const OPTIONS& options) {
     if (options.file.empty()) {
         throw USAGEERROR("no file given");
     }
+    if (options.selects && options.listsAll) {
+        throw USAGEERROR("--all is not for selected orders");
+    }
     if (options.to < options.from) {
         throw USAGEERROR("--to is before --from");
     }
-    if (IsSameFile(options.file, options.report) || IsSameFile(options.file, options.rejects) ||
-        IsSameFile(options.report, options.rejects)) {
-        throw USAGEERROR("one file cannot be read and written, or written twice");
+    const std::string* const files[] = {&options.file, &options.filter, &options.save, &options.report,
+                                        &options.rejects};
+    for (const auto* file = std::begin(files); file != std::end(files); ++file) {
+        if (std::any_of(file + 1, std::end(files), [file](const auto* other) { return IsSameFile(**file, *other); })) {
+            throw USAGEERROR("one file cannot be read and written, or written twice");
+        }
     }
 }
 
 }  // namespace
 
 OPTIONS ReadOptions(const std::vector<std::string>& arguments) {
-    OPTIONS options = {.file = {}, .report = {}, .rejects = {}, .calendar = &kCalendars[0], .from = {}};
+    OPTIONS options;
+    options.calendar = &kCalendars[0];
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (!argument->starts_with('-')) {
             ReadFile(options, *argument);
@@ -142,6 +205,7 @@ OPTIONS ReadOptions(const std::vector<std::string>& arguments) {
             throw USAGEERROR(std::string(option.name) + " needs a value");
         }
         option.apply(options, *argument);
+        options.selects |= option.selects;
     }
     Check(options);
     return options;
@@ -152,7 +216,8 @@ std::string HelpText() {
     std::string text =
         "usage: orders FILE [OPTION...]\n"
         "Reports on a file of order lines: how many business days passed from order to\n"
-        "shipping, and what was sold in each month and quarter.\n\n";
+        "shipping, and what was sold in each month and quarter. With an option from --select\n"
+        "to --sort, tells instead which orders meet all of these conditions.\n\n";
     for (const OPTION& option : kOptions) {
         std::string line = "  ";
         line.append(option.name).append(" ").append(option.value);

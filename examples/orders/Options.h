@@ -5,6 +5,7 @@
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
 #include <MLCore/datetime/CDATE.h>
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -20,15 +21,23 @@ struct CALENDARCHOICE {
 
 struct OPTIONS {
     std::string file;
-    std::string report;              // empty: no such file
-    std::string rejects;             // empty: no such file
-    const CALENDARCHOICE* calendar;  // never null
-    int late = 4;                    // business days that are still in time
-    MLCore::CDATE from;              // without limits: from the null date, which sorts first, to MaxDate
+    std::string report;  // empty: no such file, as for the others
+    std::string rejects;
+    const CALENDARCHOICE* calendar = nullptr;  // ReadOptions() sets one
+    MLCore::CDATE from;                        // without limits: from the null date, which sorts first, to MaxDate
     MLCore::CDATE to = MLCore::CDATE::MaxDate();
+    std::optional<int> late;  // business days that are still in time
     bool listsAll = false;
     bool showsProgress = false;
     bool wantsHelp = false;
+
+    bool selects = false;  // list the orders that meet what follows, instead of the late ones
+    std::string segment;   // empty: any
+    std::optional<double> sales;
+    std::string name;  // the begin of the customer's
+    std::string filter;
+    std::string save;
+    std::string sort = "+customer;-sales";
 };
 
 /// A command line that cannot be understood.

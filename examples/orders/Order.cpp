@@ -42,13 +42,10 @@ PROPERTIES CORDER::Properties() {
 
 PROPERTIES CSHIPMENT::Properties() {
     static constexpr PROPERTY kProperties[] = {
-        {"order", &CSHIPMENT::order},
-        {"customer", &CSHIPMENT::customer},
-        {"orderDate", &CSHIPMENT::orderDate},
-        {"shipDate", &CSHIPMENT::shipDate},
-        {"businessDays", &CSHIPMENT::businessDays},
-        {"lines", &CSHIPMENT::lines},
-        {"sales", &CSHIPMENT::sales},
+        {"order", &CSHIPMENT::order},       {"customer", &CSHIPMENT::customer},
+        {"segment", &CSHIPMENT::segment},   {"orderDate", &CSHIPMENT::orderDate},
+        {"shipDate", &CSHIPMENT::shipDate}, {"businessDays", &CSHIPMENT::businessDays},
+        {"lines", &CSHIPMENT::lines},       {"sales", &CSHIPMENT::sales},
         {"profit", &CSHIPMENT::profit},
     };
     return kProperties;
@@ -61,7 +58,7 @@ CSHAREOBJECTPTR<CARRAY> JoinLines(const CARRAY& lines, CCALENDARSTRATEGY* calend
         CSHAREOBJECTPTR<CSHIPMENT>& shipment = found[line->order];
         if (!shipment) {
             shipment = CSHIPMENT::Create();
-            for (const char* const key : {"order", "customer", "orderDate", "shipDate"}) {
+            for (const char* const key : {"order", "customer", "segment", "orderDate", "shipDate"}) {
                 shipment->SetKeyValue(key, line->GetKeyValue(key));
             }
             shipment->businessDays = line->orderDate.ComputeDaysOuvre(line->shipDate, calendar);

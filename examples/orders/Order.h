@@ -28,14 +28,14 @@ public:
     [[nodiscard]] static PROPERTIES Properties();
     [[nodiscard]] PROPERTIES GetProperties() const override { return Properties(); }
 
-    std::string order, customer;
+    std::string order, customer, segment;
     MLCore::CDATE orderDate, shipDate;
     long businessDays = 0;  // from the order to shipping
     long lines = 0;
     AMOUNT sales, profit;
 };
 
-/// The CSHIPMENTs that an array of CORDERs makes, in the order of their first lines.
+/// The CSHIPMENTs that an array of CORDERs makes, in the order of their first lines, which also tell the segment.
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CARRAY> JoinLines(const MLCore::CARRAY& lines,
                                                                 MLCore::CCALENDARSTRATEGY* calendar);
 

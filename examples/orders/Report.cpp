@@ -1,19 +1,20 @@
 #include "Report.h"
 
 #include <MLCore/datetime/Periods.h>
+#include <MLCore/predicates/CPREDICATEHELPER.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <map>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 #include "Order.h"
 #include "RecordFile.h"
+#include "Selection.h"
 #include "Table.h"
 #include "Text.h"
 
@@ -91,34 +92,52 @@ void WriteHead(std::ostream& out, const SHIPMENTS& shipments, const OPTIONS& opt
     table.Write(out);
 }
 
-// The latest first.
-void WriteShipments(std::ostream& out, SHIPMENTS shipments) {
-    std::sort(shipments.begin(), shipments.end(), [](const CSHIPMENT* left, const CSHIPMENT* right) {
-        return std::tie(right->businessDays, left->orderDate, left->order) <
-               std::tie(left->businessDays, right->orderDate, right->order);
-    });
-    TABLE table = {
-        {"Order", kLeft}, {"Customer", kLeft}, {"Ordered", kLeft}, {"Shipped", kLeft}, {"Business days", kRight}};
+void WriteShipments(std::ostream& out, const SHIPMENTS& shipments) {
+    TABLE table = {{"Order", kLeft},   {"Customer", kLeft},       {"Segment", kLeft}, {"Ordered", kLeft},
+                   {"Shipped", kLeft}, {"Business days", kRight}, {"Sales", kRight}};
     for (const CSHIPMENT* const shipment : shipments) {
-        table.AddRow({ToReadable(shipment->order), ToReadable(shipment->customer), shipment->orderDate.ToStringXML(),
-                      shipment->shipDate.ToStringXML(), std::to_string(shipment->businessDays)});
+        table.AddRow({ToReadable(shipment->order), ToReadable(shipment->customer), ToReadable(shipment->segment),
+                      shipment->orderDate.ToStringXML(), shipment->shipDate.ToStringXML(),
+                      std::to_string(shipment->businessDays), GroupThousands(shipment->sales.ToText())});
     }
     WriteTable(out, table);
 }
 
-void WriteLists(std::ostream& out, const SHIPMENTS& shipments, const OPTIONS& options) {
-    SHIPMENTS late;
-    std::copy_if(shipments.begin(), shipments.end(), std::back_inserter(late),
-                 [&options](const CSHIPMENT* shipment) { return shipment->businessDays > options.late; });
-    const std::string count = GroupThousands(CountOf(late)) + " of " + GroupThousands(CountOf(shipments)) + ", " +
-                              Share(CountOf(late), CountOf(shipments));
-    WriteTitle(out, "Orders that took more than " + std::to_string(options.late) + " business days: " + count);
-    if (!late.empty()) {
-        WriteShipments(out, late);
+// "Late orders: 608 of 5,009, 12.1 %", and which.
+void WritePart(std::ostream& out, const std::string& title, const SHIPMENTS& part, const SHIPMENTS& all) {
+    WriteTitle(out, title + ": " + GroupThousands(CountOf(part)) + " of " + GroupThousands(CountOf(all)) + ", " +
+                        Share(CountOf(part), CountOf(all)));
+    if (!part.empty()) {
+        WriteShipments(out, part);
     }
+}
+
+void WriteLists(std::ostream& out, CARRAY& shipments, const OPTIONS& options) {
+    constexpr const char* kLatestFirst = "-businessDays;+orderDate;+order";
+    const int days = options.late.value_or(4);
+    const auto all = Select(shipments, nullptr, kLatestFirst);
+    const auto late = Select(*all, IsLate(days), kLatestFirst);
+    WritePart(out, "Orders that took more than " + std::to_string(days) + " business days",
+              ElementsOf<CSHIPMENT>(*late), ElementsOf<CSHIPMENT>(*all));
     if (options.listsAll) {
         WriteTitle(out, "All orders");
-        WriteShipments(out, shipments);
+        WriteShipments(out, ElementsOf<CSHIPMENT>(*all));
+    }
+}
+
+// How the library tells a predicate: as a query, by its keys, and as an outline with a tab for each level.
+void WritePredicate(std::ostream& out, const CPREDICATE& predicate) {
+    const CPREDICATEHELPER helper(&predicate);
+    WriteTitle(out, "Query: " + ToReadable(helper.GetStrSQL()));
+    out << "Keys:";
+    for (const auto& key : helper.GetDistinctKeyExpressionKeys()) {
+        out << ' ' << ToReadable(key.GetKey());
+    }
+    out << "\n\n";
+    std::istringstream outline(helper.GetStr());
+    for (std::string line; std::getline(outline, line);) {
+        const std::size_t depth = std::min(line.find_first_not_of('\t'), line.size());
+        out << std::string(2 * depth + 2, ' ') << ToReadable(line.substr(depth)) << '\n';
     }
 }
 
@@ -147,13 +166,12 @@ struct PERIODKIND {
     std::string (*name)(const CDATE& first);
 };
 
-constexpr PERIODKIND kPeriodKinds[] = {
-    {"Month", CDATE::EchelonMonth, [](const CDATE& first) { return first.ToStringXML().substr(0, 7); }},
-    {"Quarter", CDATE::EchelonTrimestre,
-     [](const CDATE& first) {
-         return first.ToStringXML().substr(0, 4) + " Q" + std::to_string(first.GetTrimestreNumber());
-     }},
-};
+constexpr PERIODKIND kMonths = {"Month", CDATE::EchelonMonth,
+                                [](const CDATE& first) { return first.ToStringXML().substr(0, 7); }};
+constexpr PERIODKIND kQuarters = {"Quarter", CDATE::EchelonTrimestre, [](const CDATE& first) {
+                                      return first.ToStringXML().substr(0, 4) + " Q" +
+                                             std::to_string(first.GetTrimestreNumber());
+                                  }};
 
 void AddTotals(TABLE& table, const std::string& name, const std::string& span, const TOTALS& totals) {
     table.AddRow({name, span, GroupThousands(totals.orders), GroupThousands(totals.lines),
@@ -198,14 +216,23 @@ void CheckReadsBack(const std::string& path, const SHIPMENTS& shipments) {
 
 }  // namespace
 
-void WriteReport(std::ostream& out, const CARRAY& array, const OPTIONS& options) {
+void WriteReport(std::ostream& out, CARRAY& array, const OPTIONS& options) {
     const SHIPMENTS shipments = ElementsOf<CSHIPMENT>(array);
     WriteHead(out, shipments, options);
-    WriteLists(out, shipments, options);
+    WriteLists(out, array, options);
     WriteDistribution(out, shipments);
-    for (const PERIODKIND& kind : kPeriodKinds) {
-        WriteTotals(out, shipments, kind);
-    }
+    WriteTotals(out, shipments, kMonths);
+    WriteTotals(out, shipments, kQuarters);
+}
+
+void WriteSelection(std::ostream& out, const CARRAY& array, const CARRAY& selected, const CPREDICATE& filter,
+                    const OPTIONS& options) {
+    const SHIPMENTS shipments = ElementsOf<CSHIPMENT>(array);
+    const SHIPMENTS part = ElementsOf<CSHIPMENT>(selected);
+    WriteHead(out, shipments, options);
+    WritePart(out, "Orders selected", part, shipments);
+    WritePredicate(out, filter);
+    WriteTotals(out, part, kQuarters);
 }
 
 void WriteReportFile(const std::string& path, const CARRAY& shipments) {

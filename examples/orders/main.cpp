@@ -1,8 +1,6 @@
 // Reports on a file of order lines; `orders --help` tells the options. Ends with 0, with 1 when lines were rejected or a
 // file cannot be read or written, and with 2 when the command line cannot be understood.
 
-#include <MLCore/values/CMEMARRAY.h>
-
 #include <algorithm>
 #include <exception>
 #include <iostream>
@@ -12,7 +10,9 @@
 #include "Options.h"
 #include "Order.h"
 #include "OrderFile.h"
+#include "RecordFile.h"
 #include "Report.h"
+#include "Selection.h"
 
 namespace {
 
@@ -54,25 +54,24 @@ CSHAREOBJECTPTR<CARRAY> ReadLines(const OPTIONS& options, REJECTS& rejects) {
     return ReadOrders(options.file, rejects, [&line](int percent) { line.Show(percent); });
 }
 
-CSHAREOBJECTPTR<CARRAY> SelectPeriod(const CARRAY& lines, const CDATE& from, const CDATE& to) {
-    auto selected = CMEMARRAY::Create();
-    for (CORDER* const line : ElementsOf<CORDER>(lines)) {
-        if (line->orderDate >= from && line->orderDate <= to) {
-            selected->AddObject(line);
-        }
-    }
-    return selected;
-}
-
 int Report(const OPTIONS& options) {
+    const auto filter = MakeFilter(options);
+    if (!options.save.empty()) {
+        SaveFilter(options.save, *filter);
+    }
     REJECTS rejects(options.rejects);
     const auto lines = ReadLines(options, rejects);
     rejects.Write(std::cerr);
-    const auto shipments = JoinLines(*SelectPeriod(*lines, options.from, options.to), options.calendar->create());
+    const auto period = lines->Filter(IsOrdered(options.from, options.to));
+    const auto shipments = JoinLines(*period, options.calendar->create());
+    const auto selected = ForFile(options.filter, "applied to the orders", [&] {
+        return options.selects ? Select(*shipments, filter, options.sort) : shipments;
+    });
     if (!options.report.empty()) {
-        WriteReportFile(options.report, *shipments);
+        WriteReportFile(options.report, *selected);
     }
-    WriteReport(std::cout, *shipments, options);
+    options.selects ? WriteSelection(std::cout, *shipments, *selected, *filter, options)
+                    : WriteReport(std::cout, *shipments, options);
     if (rejects.GetCount() == 0) {
         return 0;
     }

@@ -1,0 +1,31 @@
+/// Selecting and sorting CSHIPMENTs: filters are predicates, made of the options or read from files.
+#pragma once
+
+#include <MLCore/predicates/CPREDICATE.h>
+#include <MLCore/values/CARRAY.h>
+
+#include <string>
+
+#include "Options.h"
+
+namespace orders {
+
+/// What the options ask for: all of their conditions, and that of the filter file. Throws a std::runtime_error when that file
+/// cannot be read, is no filter, or asks for a key that orders lack.
+[[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> MakeFilter(const OPTIONS& options);
+
+/// Writes a filter file. Throws a std::runtime_error.
+void SaveFilter(const std::string& path, const MLCore::CPREDICATE& filter);
+
+/// What took more business days, and what was ordered from one date to another.
+[[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> IsLate(int days);
+[[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> IsOrdered(const MLCore::CDATE& from, const MLCore::CDATE& to);
+
+/// The shipments that meet a filter (null: all), sorted by keys such as "+customer;-sales", whatever the case of texts.
+[[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CARRAY> Select(MLCore::CARRAY& shipments, MLCore::CPREDICATE* filter,
+                                                             const std::string& keys);
+
+/// What is wrong with a key to filter or to sort by, or "".
+[[nodiscard]] std::string FaultOfKey(const std::string& key);
+
+}  // namespace orders
