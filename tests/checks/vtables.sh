@@ -24,6 +24,10 @@ expected() {
             ;;
         CDICTIONARY) echo "$object CreateValueIterator GetKeys GetValues GetCount ContainsKey RemoveKey RemoveAll" ;;
         CVALUEOBJECT) echo "$object CmpString" ;;
+        CEXPRESSION | CPREDICATE) echo "$object Evaluate Evaluate Accept DoWriteState DoInitState" ;;
+        CCOMPARISONPREDICATE)
+            echo "$(expected CPREDICATE) InitFromKeyReader WriteToKeyWriter WriteOperands ReadOperands"
+            ;;
         CSET)
             echo "$object AddObjects Contains Intersects GetObjects Intersect Union Substract GetCount AddObject" \
                 "RemoveObject ContainsObject RemoveAll CreateIterator"
@@ -59,7 +63,8 @@ declare -A header=([CSHAREOBJECT]=core/CSHAREOBJECT.h [COBJECT]=core/COBJECT.h [
     [COBJECTITERATOR]=values/COBJECTITERATOR.h [CARRAY]=values/CARRAY.h [CDICTIONARY]=values/CDICTIONARY.h [CSET]=values/CSET.h
     [CVALUEOBJECT]=values/CVALUEOBJECT.h [CSTREAM]=streams/CSTREAM.h [CISTREAM]=streams/CISTREAM.h
     [COSTREAM]=streams/COSTREAM.h [CREADER]=streams/CREADER.h [CWRITER]=streams/CWRITER.h
-    [CRANDOMSTREAM]=streams/CRANDOMSTREAM.h)
+    [CRANDOMSTREAM]=streams/CRANDOMSTREAM.h [CEXPRESSION]=predicates/CEXPRESSION.h
+    [CPREDICATE]=predicates/CPREDICATE.h [CCOMPARISONPREDICATE]=predicates/CCOMPARISONPREDICATE.h)
 
 # The listing does not name a function without a body, so abstract classes are read through classes that have them all and
 # add none.
@@ -67,6 +72,9 @@ cat >"$work/unit.cpp" <<'END'
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
+#include <MLCore/predicates/CCOMPARISONINPREDICATE.h>
+#include <MLCore/predicates/CKEYEXPRESSION.h>
+#include <MLCore/predicates/CVALUEPREDICATE.h>
 #include <MLCore/streams/CISTREAM.h>
 #include <MLCore/streams/COSTREAM.h>
 #include <MLCore/streams/CRANDOMSTREAM.h>
@@ -122,7 +130,9 @@ END
 declare -A listed=([CSHAREOBJECT]=MLCore::CSHAREOBJECT [COBJECT]=PROBE [CCALENDARSTRATEGY]=MLCore::CCALENDARSTRATEGY
     [COBJECTITERATOR]=PROBEITERATOR [CARRAY]=MLCore::CMEMARRAY [CDICTIONARY]=MLCore::CMEMDICTIONARY [CSET]=MLCore::CMEMSET
     [CVALUEOBJECT]=MLCore::CVALUEOBJECT [CSTREAM]=MLCore::CSTREAM [CISTREAM]=PROBEISTREAM [COSTREAM]=PROBEOSTREAM
-    [CREADER]=PROBEREADER [CWRITER]=PROBEWRITER [CRANDOMSTREAM]=PROBERANDOMSTREAM)
+    [CREADER]=PROBEREADER [CWRITER]=PROBEWRITER [CRANDOMSTREAM]=PROBERANDOMSTREAM
+    [CEXPRESSION]=MLCore::CKEYEXPRESSION [CPREDICATE]=MLCore::CVALUEPREDICATE
+    [CCOMPARISONPREDICATE]=MLCore::CCOMPARISONINPREDICATE)
 
 status=0
 checked=0
