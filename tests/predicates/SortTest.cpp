@@ -1,0 +1,183 @@
+#include <MLCore/platform/WinTypes.h>
+#include <MLCore/predicates/CSORTDESCRIPTOR.h>
+#include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
+#include <MLCore/predicates/SortArray.h>
+#include <MLCore/predicates/SortDescriptors.h>
+#include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/CMEMDICTIONARY.h>
+#include <gtest/gtest.h>
+#include <support/Failure.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace MLCore;
+using support::FailureOf;
+using COMPARISON = CVALUEOBJECT::ComparisonType;
+using OPTION = CVALUEOBJECT::ComparisonOption;
+using OBJECTS = std::vector<CSHAREOBJECTPTR<COBJECT>>;
+using BUILDER = CSORTDESCRIPTORBUILDER;
+constexpr OPTION kExact = OPTION::CaseSensitive;
+
+OBJECTS ObjectsIn(const CSHAREOBJECTPTR<CARRAY>& array) {
+    OBJECTS objects;
+    std::ranges::copy(*array, std::back_inserter(objects));
+    return objects;
+}
+
+// "+key;" for each ascending key and "-key;" for each descending one.
+std::string TextOf(CARRAY* order) {
+    std::string text;
+    for (const auto& element : ObjectsIn(order)) {
+        const auto& descriptor = dynamic_cast<const CSORTDESCRIPTOR&>(*element);
+        text += "+-"[static_cast<int>(descriptor.GetSortOrderType())] + descriptor.GetKey() + ";";
+    }
+    return text;
+}
+
+OBJECTS Sorted(const OBJECTS& records, const std::string& order, OPTION option = kExact) {
+    return ObjectsIn(SortArray(CMEMARRAY::Create(records), BUILDER(order), option));
+}
+
+CSHAREOBJECTPTR<COBJECT> Record(const CVALUE& a, const CVALUE& b = {}) {
+    const auto record = CMEMDICTIONARY::Create("a", CVALUEOBJECT::Create(a));
+    record->SetKeyValue("b", CVALUEOBJECT::Create(b));
+    return record;
+}
+
+int Relation(COBJECT* left, COBJECT* right, const char* key, OPTION option) {
+    const auto a = left->GetKeyValue(key), b = right->GetKeyValue(key);
+    const auto is = [&](COMPARISON type) { return dynamic_cast<CVALUEOBJECT&>(*a).Cmp(b, type, option); };
+    return is(COMPARISON::Greater) - is(COMPARISON::Lesser);
+}
+
+TEST(SortDescriptors, ReadsTexts) {
+    const std::pair<const char*, const char*> kCases[] = {
+        {" ; + ;-", ""},
+        {"-a;b", "-a;+b;"},
+        {"  -  first name  ;+ b.c[0] ", "-first name;+b.c[0];"},
+        {"+-a;-+b;- ;c", "-a;+b;+c;"},
+        {"a-;b+c;;-;d", "+a-;+b+c;+d;"},
+        {"-\ta;", "-\ta;"},
+    };
+    for (const auto& [text, descriptors] : kCases) {
+        EXPECT_EQ(TextOf(BUILDER::Create(text)), descriptors) << text;
+    }
+
+    BUILDER builder("-a");
+    BUILDER copy(builder);
+    (copy << "b") << "c;-d";
+    EXPECT_EQ(TextOf(builder), "-a;");
+    builder = std::move(copy);
+    EXPECT_EQ(TextOf(builder), "-a;+b;+c;-d;");
+}
+
+TEST(SortDescriptors, AreComparedAndReversed) {
+    const auto order = BUILDER::Create("a;-b");
+    const auto none = CMEMARRAY::Create();
+    const auto other = CMEMARRAY::Create(none);
+    EXPECT_TRUE(CmpSortDescriptors(nullptr, nullptr));
+    EXPECT_FALSE(CmpSortDescriptors(nullptr, none) || CmpSortDescriptors(none, nullptr));
+    EXPECT_TRUE(CmpSortDescriptors(order, BUILDER("+a;- b;")));
+    for (const char* text : {"", "a", "a;-b;c", "A;-b", "a;b", "-b;a"}) {
+        EXPECT_FALSE(CmpSortDescriptors(order, BUILDER(text)) || CmpSortDescriptors(BUILDER(text), order)) << text;
+    }
+    EXPECT_FALSE(CmpSortDescriptors(other, other));
+
+    EXPECT_EQ(TextOf(ReverseSortDescriptors(order)), "-a;+b;");
+    EXPECT_TRUE(CmpSortDescriptors(ReverseSortDescriptors(ReverseSortDescriptors(order)), order));
+    EXPECT_EQ(ReverseSortDescriptors(nullptr), nullptr);
+    EXPECT_EQ(FailureOf([&] { return ReverseSortDescriptors(other); }), 121);
+}
+
+TEST(SortArray, SortsEachKindOfValue) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const CDATE day(5, 3, 2024);
+    const CVALUE null, nan(std::nan(""));
+    const std::tuple<std::vector<CVALUE>, const char*, const char*, OPTION> kCases[] = {
+        {{2L, null, short{1}, 3.5, null, 2.0, CTIME(0, 0, 1)}, "1426053", "3052614", kExact},
+        {{-1L, -2.5, 0.0, -0.0, -infinity, infinity, nan, null}, "76410235", "52301467", kExact},
+        {{0.3, 0.1 + 0.2, 0.300009, 0.30002}, "0123", "3012", kExact},
+        {{CDATETIME(day, CTIME(0, 0, 1)), day, CDATE(4, 3, 2024), CDATETIME(day, CTIME())}, "2130", "0132", kExact},
+        {{"b", "", "Z", "\xE9", "a", null}, "512403", "304215", kExact},
+        {{"12345678b", "12345678", "1234567", "12345678a"}, "2130", "0312", kExact},
+        {{"b", "A", "a", "B"}, "1203", "0312", OPTION::CaseInsensitive},
+        {{"f", "\xC9", "e", "d"}, "3120", "0123", OPTION::DiacriticInsensitive},
+        {{_GUID{1, 0, 0, {2}}, _GUID{1, 0, 0, {1}}, _GUID{0, 9, 0, {}}}, "210", "012", kExact},
+    };
+    for (const auto& [values, up, down, option] : kCases) {
+        OBJECTS records;
+        std::ranges::transform(values, std::back_inserter(records), [](const CVALUE& value) { return Record(value); });
+        for (const auto& [order, places] : {std::pair("a", up), std::pair("-a", down)}) {
+            std::string sorted;
+            for (const auto& record : Sorted(records, order, option)) {
+                sorted += static_cast<char>('0' + (std::ranges::find(records, record) - records.begin()));
+            }
+            EXPECT_EQ(sorted, places) << order;
+        }
+    }
+}
+
+TEST(SortArray, RefusesWhatItCannotOrder) {
+    const auto number = Record(1L);
+    for (const CVALUE& other : {CVALUE("1"), CVALUE(CDATE(1, 1, 2024)), CVALUE(_GUID{}), CVALUE(number)}) {
+        const auto mixed = CMEMARRAY::Create({number.Get(), nullptr, Record(other).Get()});
+        EXPECT_EQ(FailureOf([&] { return SortArray(mixed, BUILDER("a")); }), 138);
+        EXPECT_EQ(mixed->GetObjectAt(0), number);
+    }
+    const auto nested = CMEMARRAY::Create(CMEMDICTIONARY::Create("a", CMEMARRAY::Create()));
+    EXPECT_EQ(FailureOf([&] { return SortArray(nested, BUILDER("a")); }), 138);
+    EXPECT_EQ(FailureOf([&] { return SortArray(CMEMARRAY::Create(CVALUEOBJECT::Create()), BUILDER("a")); }), 151);
+    EXPECT_EQ(FailureOf([&] { return SortArray(nested, nested); }), 121);
+    EXPECT_EQ(FailureOf([&] { return SortArray(nested, CMEMARRAY::Create(nullptr)); }), 121);
+    EXPECT_EQ(FailureOf([&] { return SortArray(nullptr, BUILDER("a")); }), -100);
+
+    EXPECT_EQ(ObjectsIn(SortArray(nested, nullptr)), ObjectsIn(nested));
+    EXPECT_EQ(Sorted({number, nullptr}, ""), (OBJECTS{number, nullptr}));
+    EXPECT_EQ(Sorted({number, nullptr}, "a;b"), (OBJECTS{nullptr, number}));
+}
+
+// Beside a plain sort by the value objects themselves, on values that have an order under them.
+TEST(SortArray, AgreesWithTheComparisonOfValueObjects) {
+    std::mt19937 random(3);
+    const auto below = [&random](unsigned bound) { return static_cast<long>(random() % bound); };
+    for (const OPTION option : {kExact, OPTION::CaseInsensitive, OPTION::DiacriticInsensitive}) {
+        OBJECTS records;
+        for (int i = 0; i < 3000; ++i) {
+            std::string text(static_cast<std::size_t>(below(12)), 'e');
+            std::ranges::generate(text, [&below] { return "eE\xE9z"[below(4)]; });
+            const auto number = static_cast<double>(below(50)) / 4;
+            records.push_back(Record(text, below(2) == 0 ? CVALUE(below(12)) : CVALUE(number)));
+        }
+        OBJECTS expected = records;
+        std::ranges::stable_sort(expected, [option](COBJECT* left, COBJECT* right) {
+            const int relation = Relation(left, right, "b", option);
+            return relation != 0 ? relation > 0 : Relation(left, right, "a", option) < 0;
+        });
+        EXPECT_EQ(Sorted(records, "-b;a", option), expected);
+    }
+}
+
+// Numbers that are equal in chains: what the comparison tells apart must come out in its order all the same.
+TEST(SortArray, NeverContradictsTheComparison) {
+    std::mt19937 random(4);
+    OBJECTS records(200000);
+    std::ranges::generate(records, [&random] { return Record(static_cast<double>(random() % 100000) / 1e6); });
+    double most = 0;
+    for (const auto& record : Sorted(records, "a")) {
+        const auto value = record->GetKeyValue("a");
+        const double number = dynamic_cast<CVALUEOBJECT&>(*value).GetValue().ToDouble();
+        ASSERT_GT(number, most - 0.0000100001);
+        most = std::max(most, number);
+    }
+}
+
+}  // namespace
