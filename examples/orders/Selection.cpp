@@ -10,6 +10,7 @@
 #include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/SortArray.h>
+#include <MLCore/streams/CBUFFERSTREAM.h>
 #include <MLCore/values/CMEMARRAY.h>
 
 #include "Order.h"
@@ -80,10 +81,14 @@ CSHAREOBJECTPTR<CPREDICATE> MakeFilter(const OPTIONS& options) {
 
 void SaveFilter(const std::string& path, const CPREDICATE& filter) {
     ForFile(path, "written", [&] {
+        CBUFFERSTREAM text;  // first: a filter that XML cannot hold leaves the file alone
+        text.Open();
+        CXMLKEYWRITER writer(text);
+        filter.DoWriteState(writer);
+        text.Rewind();
         CFILESTREAM file(path, CSTREAM::ReadWrite | CSTREAM::Create | CSTREAM::Truncate);
         file.Open();
-        CXMLKEYWRITER writer(file);
-        filter.DoWriteState(writer);
+        text.GetValue(file);
         file.Close();
     });
 }
