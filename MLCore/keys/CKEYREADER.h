@@ -29,13 +29,14 @@ public:
     /// Enters the element that the reader stands on. Fails with 138 when it has another name, or there is none.
     virtual void BeginElement(std::string_view name) = 0;
     /// Leaves the element entered last. Fails with 138 when it holds a child that was not read, an attribute that was not
-    /// asked for, or text that was not taken.
+    /// asked for, or text other than blanks that was not taken.
     virtual void EndElement() = 0;
-    /// 1 when the element entered last has the attribute. May be asked as long as no child of it was entered.
+    /// 1 when the element entered last has the attribute, which counts as asked for. May be asked until a child of it is
+    /// entered.
     [[nodiscard]] virtual int HasAttribute(std::string_view name) = 0;
     /// The attribute's value, until the reader is used again. Fails with 138 when there is none.
     [[nodiscard]] virtual const std::string& GetAttribute(std::string_view name) = 0;
-    /// The text of the element entered last, up to its end or its first child.
+    /// Takes the text of the element entered last; "" when it has children, or its text was taken.
     [[nodiscard]] virtual std::string GetText() = 0;
 
 protected:

@@ -25,7 +25,7 @@ public:
     virtual void EndElement() = 0;
     /// Gives the element begun last an attribute, before any text or child of it, and each name once.
     virtual void SetAttribute(std::string_view name, std::string_view value) = 0;
-    /// Appends to the text of the element begun last. An element has text or children, not both.
+    /// Appends to the text of the element begun last. An element has text or children, not both; blanks count as text.
     virtual void SetText(std::string_view text) = 0;
 
 protected:

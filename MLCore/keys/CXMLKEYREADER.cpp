@@ -1,7 +1,5 @@
 #include <MLCore/keys/CXMLKEYREADER.h>
 
-#include <MLCore/core/ErrorCodes.h>
-#include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CXMLKEYWRITER.h>
 #include <MLCore/keys/XmlCharacters.h>
 #include <MLCore/streams/CISTREAM.h>
@@ -16,27 +14,24 @@ namespace MLCore {
 
 namespace {
 
-constexpr std::size_t kLongestText = 1U << 20;
-constexpr std::size_t kMostAttributes = 256;
-constexpr std::size_t kLongestReference = 8;
+constexpr std::size_t kLongestReference = 16;
 constexpr int kNone = -1;
-
-[[noreturn]] void Refuse() {
-    FailOSErr(kErrValueType);
-    throw FrameworkException(kErrValueType, kErrValueType);  // never reached: the compiler does not know the check
-}
-
-void Require(bool condition) {
-    if (!condition) {
-        Refuse();
-    }
-}
 
 bool IsBlank(int character) noexcept {
     return character == ' ' || character == '\t' || character == '\n' || character == '\r';
 }
 
 bool IsBlankText(std::string_view text) noexcept { return std::all_of(text.begin(), text.end(), IsBlank); }
+
+bool IsSameWord(std::string_view left, std::string_view right) noexcept {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char one, char other) { return UpperAnsi(one) == UpperAnsi(other); });
+}
+
+void AppendText(std::string& text, char character) {
+    RequireXml(text.size() < CXMLKEYWRITER::kMaxText);
+    text += character;
+}
 
 }  // namespace
 
@@ -52,24 +47,22 @@ int CXMLKEYREADER::HasElement() {
 }
 
 const std::string& CXMLKEYREADER::GetElementName() {
-    Require(HasElement() != 0);
+    RequireXml(HasElement() != 0);
     return mNext.name;
 }
 
 void CXMLKEYREADER::BeginElement(std::string_view name) {
-    Require(GetElementName() == name && IsBlankText(mText) && mElements.size() < CXMLKEYWRITER::kMaxDepth);
+    RequireXml(GetElementName() == name && mElements.size() < CXMLKEYWRITER::kMaxDepth);
     mElements.push_back(std::exchange(mNext, {}));
-    mText.clear();
-    mHasRoot = true;
     mAhead = mElements.back().isEmpty ? AHEAD::End : AHEAD::Unknown;
 }
 
 void CXMLKEYREADER::EndElement() {
-    Require(!mElements.empty());
+    RequireXml(!mElements.empty());
     LookAhead();
     const std::vector<ATTRIBUTE>& attributes = mElements.back().attributes;
-    Require(mAhead == AHEAD::End && IsBlankText(mText) &&
-            std::all_of(attributes.begin(), attributes.end(), [](const ATTRIBUTE& each) { return each.isAsked; }));
+    RequireXml(mAhead == AHEAD::End && IsBlankText(mText) &&
+               std::all_of(attributes.begin(), attributes.end(), [](const ATTRIBUTE& each) { return each.isAsked; }));
     mElements.pop_back();
     mText.clear();
     mAhead = AHEAD::Unknown;
@@ -83,18 +76,18 @@ int CXMLKEYREADER::HasAttribute(std::string_view name) { return FindAttribute(na
 
 const std::string& CXMLKEYREADER::GetAttribute(std::string_view name) {
     const ATTRIBUTE* const attribute = FindAttribute(name);
-    Require(attribute != nullptr);
+    RequireXml(attribute != nullptr);
     return attribute->value;
 }
 
 std::string CXMLKEYREADER::GetText() {
-    Require(!mElements.empty());
+    RequireXml(!mElements.empty());
     LookAhead();
     return std::exchange(mText, {});
 }
 
 CXMLKEYREADER::ATTRIBUTE* CXMLKEYREADER::FindAttribute(std::string_view name) {
-    Require(!mElements.empty());
+    RequireXml(!mElements.empty());
     for (ATTRIBUTE& attribute : mElements.back().attributes) {
         if (attribute.name == name) {
             attribute.isAsked = true;
@@ -107,160 +100,168 @@ CXMLKEYREADER::ATTRIBUTE* CXMLKEYREADER::FindAttribute(std::string_view name) {
 // ---- the markup
 
 void CXMLKEYREADER::LookAhead() {
-    if (mAhead != AHEAD::Unknown) {
-        return;
-    }
-    if (!mHasRoot) {
+    if (mAhead == AHEAD::Unknown && !std::exchange(mIsBegun, true)) {
         ReadProlog();
     }
     while (mAhead == AHEAD::Unknown) {
         if (Skip('<')) {
             ReadMarkup();
+        } else if (mElements.empty()) {
+            RequireXml(IsBlank(Take()));
         } else {
-            const bool isReference = Peek() == '&';
-            const char character = isReference ? ReadReference() : Take();
-            Require(!mElements.empty() || (!isReference && IsBlank(character)));
-            AppendText(mText, character);
+            AppendText(mText, PeekByte() == '&' ? ReadReference() : Take());
         }
     }
 }
 
-// A byte-order mark and a declaration, both optional.
+// A byte-order mark, blanks and a declaration, all optional, and the first markup behind them.
 void CXMLKEYREADER::ReadProlog() {
-    if (PeekByte() == 0xEF) {
+    mHasMark = PeekByte() == 0xEF;
+    if (mHasMark) {
         for (const int byte : {0xEF, 0xBB, 0xBF}) {
-            Require(TakeByte() == byte);
+            RequireXml(TakeByte() == byte);
         }
     }
     SkipBlanks();
     Expect("<");
     if (Skip('?')) {
-        const std::string target = ReadName();
-        if (target == "xml") {
-            ReadDeclaration();
-        } else {
-            SkipTo("?>");
-        }
+        ReadInstruction(true);
     } else {
         ReadMarkup();
     }
 }
 
+// Behind a '<'.
+void CXMLKEYREADER::ReadMarkup() {
+    if (Skip('/')) {
+        ReadEndTag();
+    } else if (Skip('?')) {
+        ReadInstruction(false);
+    } else if (!Skip('!')) {
+        ReadStartTag();
+    } else if (Skip('-')) {
+        SkipComment();
+    } else {
+        ReadCData();
+    }
+}
+
+// Behind "<?".
+void CXMLKEYREADER::ReadInstruction(bool isFirst) {
+    const std::string target = ReadName();
+    if (IsSameWord(target, "xml")) {
+        RequireXml(isFirst && target == "xml");
+        ReadDeclaration();
+        return;
+    }
+    RequireXml(IsBlank(PeekByte()) || PeekByte() == '?');
+    while (Take() != '?' || !Skip('>')) {
+    }
+}
+
 void CXMLKEYREADER::ReadDeclaration() {
-    for (SkipBlanks(); !Skip('?'); SkipBlanks()) {
-        const std::string name = ReadName();
-        SkipBlanks();
-        Expect("=");
-        SkipBlanks();
-        const std::string value = ReadQuoted();
-        if (name == "encoding") {
-            mIsUtf8 = lstrcmpinolocal(value.c_str(), "utf-8") == 0;
-            Require(mIsUtf8 || lstrcmpinolocal(value.c_str(), "windows-1252") == 0);
+    const std::vector<ATTRIBUTE> attributes = ReadAttributes();
+    Expect("?>");
+    RequireXml(!attributes.empty() && attributes.front().name == "version");
+    for (const ATTRIBUTE& each : attributes) {
+        if (each.name == "encoding") {
+            mIsUtf8 = IsSameWord(each.value, "utf-8");
+            RequireXml(mIsUtf8 || (IsSameWord(each.value, "windows-1252") && !mHasMark));
+        } else if (each.name == "version") {
+            RequireXml(each.value == "1.0");
         } else {
-            Require((name == "version" && value == "1.0") || (name == "standalone" && value == "yes"));
+            RequireXml(each.name == "standalone" && (each.value == "yes" || each.value == "no"));
         }
+    }
+}
+
+void CXMLKEYREADER::ReadStartTag() {
+    EndBlanks();
+    if (!mElements.empty()) {
+        mElements.back().hasChildren = true;
+    }
+    mNext.name = ReadName();
+    mNext.attributes = ReadAttributes();
+    mNext.isEmpty = Skip('/');
+    Expect(">");
+    mAhead = AHEAD::Element;
+}
+
+void CXMLKEYREADER::ReadEndTag() {
+    RequireXml(!mElements.empty() && ReadName() == mElements.back().name);
+    SkipBlanks();
+    Expect(">");
+    if (mElements.back().hasChildren) {
+        EndBlanks();
+    }
+    mAhead = AHEAD::End;
+}
+
+// Beside elements stand blanks only.
+void CXMLKEYREADER::EndBlanks() {
+    RequireXml(IsBlankText(mText));
+    mText.clear();
+}
+
+// Behind "<!-".
+void CXMLKEYREADER::SkipComment() {
+    Expect("-");
+    while (Take() != '-' || !Skip('-')) {
     }
     Expect(">");
 }
 
-// Behind a '<'.
-bool CXMLKEYREADER::ReadMarkup() {
-    if (Skip('/')) {
-        ReadEndTag();
-    } else if (Skip('?')) {
-        SkipTo("?>");
-    } else if (!Skip('!')) {
-        ReadStartTag();
-    } else if (Skip('-')) {
-        Expect("-");
-        SkipTo("-->");
-    } else {
-        ReadCData();
+// Behind "<!". A document type fails here too.
+void CXMLKEYREADER::ReadCData() {
+    Expect("[CDATA[");
+    RequireXml(!mElements.empty());
+    const std::size_t start = mText.size();
+    while (!std::string_view(mText).substr(start).ends_with("]]>")) {
+        AppendText(mText, Take());
     }
-    return mAhead != AHEAD::Unknown;
+    mText.resize(mText.size() - 3);
 }
 
-void CXMLKEYREADER::ReadStartTag() {
-    mNext = {ReadName(), {}, false};
-    std::size_t total = 0;
-    for (bool isSpaced = IsBlank(Peek());; isSpaced = IsBlank(Peek())) {
-        SkipBlanks();
-        if (Skip('>')) {
-            break;
-        }
-        if (Skip('/')) {
-            Expect(">");
-            mNext.isEmpty = true;
-            break;
-        }
-        Require(isSpaced && mNext.attributes.size() < kMostAttributes);
+// Up to what can begin none.
+std::vector<CXMLKEYREADER::ATTRIBUTE> CXMLKEYREADER::ReadAttributes() {
+    std::vector<ATTRIBUTE> attributes;
+    while (SkipBlanks() && IsXmlNameCharacter(static_cast<char>(PeekByte()))) {
         ATTRIBUTE attribute;
         attribute.name = ReadName();
         SkipBlanks();
         Expect("=");
         SkipBlanks();
         attribute.value = ReadQuoted();
-        total += attribute.name.size() + attribute.value.size();
-        const bool isNew = std::none_of(mNext.attributes.begin(), mNext.attributes.end(),
+        const bool isNew = std::none_of(attributes.begin(), attributes.end(),
                                         [&](const ATTRIBUTE& each) { return each.name == attribute.name; });
-        Require(isNew && total <= 2 * kLongestText);
-        mNext.attributes.push_back(std::move(attribute));
+        RequireXml(isNew && attributes.size() < CXMLKEYWRITER::kMaxAttributes);
+        attributes.push_back(std::move(attribute));
     }
-    mAhead = AHEAD::Element;
-}
-
-void CXMLKEYREADER::ReadEndTag() {
-    Require(!mElements.empty() && ReadName() == mElements.back().name);
-    SkipBlanks();
-    Expect(">");
-    mAhead = AHEAD::End;
-}
-
-void CXMLKEYREADER::SkipTo(std::string_view end) {
-    std::string last;
-    while (last != end) {
-        last += static_cast<char>(Take());
-        if (last.size() > end.size()) {
-            last.erase(0, 1);
-        }
-    }
-}
-
-void CXMLKEYREADER::ReadCData() {
-    Expect("[CDATA[");
-    Require(!mElements.empty());
-    std::string text;
-    while (!text.ends_with("]]>")) {
-        AppendText(text, Take());
-    }
-    text.resize(text.size() - 3);
-    Require(mText.size() + text.size() <= kLongestText);
-    mText += text;
+    return attributes;
 }
 
 std::string CXMLKEYREADER::ReadName() {
     std::string name;
-    while (Peek() != kNone && IsXmlNameCharacter(static_cast<char>(Peek()))) {
+    while (IsXmlNameCharacter(static_cast<char>(PeekByte()))) {
         AppendText(name, Take());
     }
-    Require(IsXmlName(name));
+    RequireXml(IsXmlName(name));
     return name;
 }
 
 std::string CXMLKEYREADER::ReadQuoted() {
     const char quote = Take();
-    Require(quote == '"' || quote == '\'');
+    RequireXml(quote == '"' || quote == '\'');
     std::string text;
-    while (Peek() != quote) {
-        if (Peek() == '&') {
+    while (!Skip(quote)) {
+        if (PeekByte() == '&') {
             AppendText(text, ReadReference());
         } else {
             const char character = Take();
-            Require(character != '<');
+            RequireXml(character != '<');
             AppendText(text, IsBlank(character) ? ' ' : character);
         }
     }
-    Take();
     return text;
 }
 
@@ -269,16 +270,11 @@ char CXMLKEYREADER::ReadReference() {
     std::string reference;
     while (!Skip(';')) {
         reference += Take();
-        Require(reference.size() <= kLongestReference);
+        RequireXml(reference.size() <= kLongestReference);
     }
     char character = '\0';
-    Require(ReadXmlReference(reference, character));
+    RequireXml(ReadXmlReference(reference, character));
     return character;
-}
-
-void CXMLKEYREADER::AppendText(std::string& text, char character) {
-    Require(text.size() < kLongestText);
-    text += character;
 }
 
 // ---- the characters
@@ -298,7 +294,7 @@ int CXMLKEYREADER::PeekByte() {
 
 int CXMLKEYREADER::TakeByte() {
     const int byte = PeekByte();
-    Require(byte != kNone);
+    RequireXml(byte != kNone);
     ++mAt;
     return byte;
 }
@@ -317,7 +313,7 @@ char CXMLKEYREADER::Take() {
         }
         return '\n';
     }
-    Require(static_cast<unsigned char>(byte) >= 0x20 || IsBlank(character));
+    RequireXml(static_cast<unsigned char>(byte) >= 0x20 || IsBlank(character));
     return character;
 }
 
@@ -328,13 +324,13 @@ char CXMLKEYREADER::TakeUtf8() {
     }
     int lost = 0;
     const std::string character = AnsiFromUtf8(sequence, &lost);
-    Require(lost == 0 && character.size() == 1);
+    RequireXml(lost == 0 && character.size() == 1);
     return character.front();
 }
 
 void CXMLKEYREADER::Expect(std::string_view text) {
     for (const char character : text) {
-        Require(Take() == character);
+        RequireXml(Take() == character);
     }
 }
 
@@ -346,14 +342,16 @@ bool CXMLKEYREADER::Skip(char character) {
     return true;
 }
 
-void CXMLKEYREADER::SkipBlanks() {
+bool CXMLKEYREADER::SkipBlanks() {
+    const bool hasBlanks = IsBlank(PeekByte());
     while (IsBlank(PeekByte())) {
         ++mAt;
     }
+    return hasBlanks;
 }
 
 void CXMLKEYREADER::PutBack() {
-    if (mAt != mSize) {
+    if (mRandom != nullptr && mAt != mSize) {
         mRandom->SetPosition(mRandom->GetPosition() - (mSize - mAt));
         mAt = mSize;
     }

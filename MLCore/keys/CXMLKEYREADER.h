@@ -13,12 +13,17 @@ class CISTREAM;
 class CRANDOMSTREAM;
 
 /// Reads a key stream from XML 1.0 in code page 1252 or, as other programs write it, in UTF-8 (docs/formats/keys.md). What the
-/// code page lacks, a document type, an entity of one's own, mismatched tags, names that no CKEYWRITER writes, more than 256
-/// levels or attributes of one element, a name or text above 1 MiB: whatever is not understood fails with 138. Comments
-/// and processing instructions are skipped.
+/// code page lacks, a document type, an entity of one's own, mismatched tags, names that no CKEYWRITER writes, text beside
+/// elements, what exceeds CXMLKEYWRITER's limits: whatever is not understood fails with 138. Comments and processing
+/// instructions are skipped.
 ///
-/// When the outermost element has been left, a component that is a CRANDOMSTREAM stands behind it. After a failure the reader
-/// is good for nothing, and the stream stands anywhere.
+/// Before the outermost element stand, each optional and in this order: the byte-order mark of UTF-8, blanks, the declaration,
+/// then blanks, comments and instructions. So documents may follow each other in a stream, a reader for each. The declaration
+/// tells version 1.0 first, and the encoding "windows-1252" or "UTF-8", in any case; without one it is UTF-8.
+///
+/// Reading takes linear time, and memory for the elements entered. When the outermost element has been left, the stream
+/// stands directly behind it; one that is no CRANDOMSTREAM is read byte by byte for that. After a failure the reader is good
+/// for nothing. Then, and while it reads, the stream stands anywhere.
 class MLCORE_API CXMLKEYREADER : public CKEYREADER {
 public:
     /// The stream is open, is not owned, and outlives the reader. Nothing is read yet.
@@ -45,6 +50,7 @@ private:
         std::string name;
         std::vector<ATTRIBUTE> attributes;
         bool isEmpty = false;
+        bool hasChildren = false;
     };
     /// What the reader has found ahead: not looked yet, a start tag (in mNext), or the end of the element entered last.
     enum class AHEAD { Unknown, Element, End };
@@ -52,24 +58,25 @@ private:
     int PeekByte();
     int TakeByte();
     char Take();
-    int Peek() { return PeekByte(); }
     char TakeUtf8();
     void Expect(std::string_view text);
     bool Skip(char character);
-    void SkipBlanks();
+    bool SkipBlanks();
 
     void LookAhead();
     void ReadProlog();
+    void ReadMarkup();
+    void ReadInstruction(bool isFirst);
     void ReadDeclaration();
-    bool ReadMarkup();
     void ReadStartTag();
     void ReadEndTag();
-    void SkipTo(std::string_view end);
+    void EndBlanks();
+    void SkipComment();
     void ReadCData();
+    std::vector<ATTRIBUTE> ReadAttributes();
     std::string ReadName();
     std::string ReadQuoted();
     char ReadReference();
-    void AppendText(std::string& text, char character);
     ATTRIBUTE* FindAttribute(std::string_view name);
     void PutBack();
 
@@ -81,9 +88,10 @@ private:
 
     std::vector<ELEMENT> mElements;  // entered and not left, the innermost last
     ELEMENT mNext;
-    std::string mText;  // of the innermost element, behind its last child
+    std::string mText;  // of the innermost element, since its last child
     AHEAD mAhead = AHEAD::Unknown;
-    bool mHasRoot = false;
+    bool mIsBegun = false;
+    bool mHasMark = false;
     bool mIsUtf8 = true;  // until the declaration tells something else
 };
 

@@ -1,21 +1,18 @@
 #include <MLCore/keys/CXMLKEYWRITER.h>
 
-#include <MLCore/core/ErrorCodes.h>
-#include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/XmlCharacters.h>
 #include <MLCore/streams/COSTREAM.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace MLCore {
 
 namespace {
 
-void Require(bool condition) {
-    if (!condition) {
-        FailOSErr(kErrValueType);
-    }
-}
+constexpr std::size_t kPiece = 4096;
+
+bool IsName(std::string_view name) noexcept { return name.size() <= CXMLKEYWRITER::kMaxText && IsXmlName(name); }
 
 }  // namespace
 
@@ -24,7 +21,7 @@ CXMLKEYWRITER::CXMLKEYWRITER(COSTREAM& stream) : mStream(stream) {}
 CXMLKEYWRITER::~CXMLKEYWRITER() = default;
 
 void CXMLKEYWRITER::BeginElement(std::string_view name) {
-    Require(IsXmlName(name) && mState != STATE::Text && mNames.size() < kMaxDepth && !(mNames.empty() && mHasRoot));
+    RequireXml(IsName(name) && mState != STATE::Text && mNames.size() < kMaxDepth && !(mNames.empty() && mHasRoot));
     if (!mHasRoot) {
         Append("<?xml version=\"1.0\" encoding=\"windows-1252\"?>");
         mHasRoot = true;
@@ -35,11 +32,13 @@ void CXMLKEYWRITER::BeginElement(std::string_view name) {
     Append(name);
     mNames.emplace_back(name);
     mAttributes.clear();
+    mTextSize = 0;
     mState = STATE::Tag;
+    Flush(kPiece);
 }
 
 void CXMLKEYWRITER::EndElement() {
-    Require(!mNames.empty());
+    RequireXml(!mNames.empty());
     const std::string name = std::move(mNames.back());
     mNames.pop_back();
     if (mState == STATE::Tag) {
@@ -56,28 +55,29 @@ void CXMLKEYWRITER::EndElement() {
     if (mNames.empty()) {
         Append("\n");
     }
-    Flush();
+    Flush(mNames.empty() ? 0 : kPiece);
 }
 
 void CXMLKEYWRITER::SetAttribute(std::string_view name, std::string_view value) {
-    Require(mState == STATE::Tag && IsXmlName(name) && IsXmlText(value) &&
-            std::find(mAttributes.begin(), mAttributes.end(), name) == mAttributes.end());
+    RequireXml(mState == STATE::Tag && mAttributes.size() < kMaxAttributes && IsName(name) &&
+               value.size() <= kMaxText && IsXmlText(value) &&
+               std::find(mAttributes.begin(), mAttributes.end(), name) == mAttributes.end());
     mAttributes.emplace_back(name);
     Append(" ");
     Append(name);
     Append("=\"");
     AppendXmlText(mPending, value);
     Append("\"");
+    Flush(kPiece);
 }
 
 void CXMLKEYWRITER::SetText(std::string_view text) {
-    Require(!mNames.empty() && mState != STATE::Children && IsXmlText(text));
-    if (mState == STATE::Tag) {
-        Append(">");
-        mState = STATE::Text;
-    }
+    RequireXml(!mNames.empty() && mState != STATE::Children && text.size() <= kMaxText - mTextSize && IsXmlText(text));
+    CloseTag();
     AppendXmlText(mPending, text);
-    Flush();
+    mTextSize += text.size();
+    mState = STATE::Text;
+    Flush(kPiece);
 }
 
 void CXMLKEYWRITER::NewLine() {
@@ -91,9 +91,12 @@ void CXMLKEYWRITER::CloseTag() {
     }
 }
 
-void CXMLKEYWRITER::Flush() {
-    mStream.SetValue(mPending);
-    mPending.clear();
+// A typed write of text would be encoded by some streams.
+void CXMLKEYWRITER::Flush(std::size_t least) {
+    if (mPending.size() >= least) {
+        mStream.SetValue(static_cast<const void*>(mPending.data()), static_cast<long>(mPending.size()));
+        mPending.clear();
+    }
 }
 
 }  // namespace MLCore

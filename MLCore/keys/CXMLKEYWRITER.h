@@ -3,7 +3,9 @@
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/platform/Export.h>
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace MLCore {
@@ -18,11 +20,14 @@ class COSTREAM;
 ///       <value type="string" value="Dupont"/>
 ///     </equal>
 ///
-/// The declaration is written with the first element. There is one outermost element; a second one fails with 138.
-/// Failures of the stream pass through, and what was written is then incomplete.
+/// The declaration is written with the first element. There is one outermost element; a second one fails with 138, as does
+/// all that the reader would refuse. A call that failed with 138 changed nothing.
+///
+/// The stream gets raw writes of some thousand bytes; it has everything once the outermost element has ended. Its failures
+/// pass through, and the writer is then good for nothing.
 class MLCORE_API CXMLKEYWRITER : public CKEYWRITER {
 public:
-    /// The stream is open, is not owned, and outlives the writer. It may be a binary stream; line ends are LF.
+    /// The stream is open, is not owned, and outlives the writer. Line ends are LF.
     explicit CXMLKEYWRITER(COSTREAM& stream);
     ~CXMLKEYWRITER() override;
     CXMLKEYWRITER(const CXMLKEYWRITER&) = delete;
@@ -33,8 +38,10 @@ public:
     void SetAttribute(std::string_view name, std::string_view value) override;
     void SetText(std::string_view text) override;
 
-    /// Elements are nested at most this deep; deeper ones fail with 138, here and in the reader.
-    static constexpr std::size_t kMaxDepth = 256;
+    // Limits, here and in the reader. What exceeds them fails with 138.
+    static constexpr std::size_t kMaxDepth = 256;       ///< of elements in each other
+    static constexpr std::size_t kMaxAttributes = 256;  ///< of one element
+    static constexpr std::size_t kMaxText = 1U << 20;   ///< characters of a name, a value, the text of an element
 
 private:
     enum class STATE { Tag, Text, Children };
@@ -42,12 +49,13 @@ private:
     void Append(std::string_view text) { mPending.append(text); }
     void NewLine();
     void CloseTag();
-    void Flush();
+    void Flush(std::size_t least);
 
     COSTREAM& mStream;
-    std::string mPending;  // goes to the stream as one piece
+    std::string mPending;  // not yet in the stream
     std::vector<std::string> mNames;
-    std::vector<std::string> mAttributes;
+    std::vector<std::string> mAttributes;  // names, of the element begun last
+    std::size_t mTextSize = 0;             // of the element begun last
     STATE mState = STATE::Children;
     bool mHasRoot = false;
 };

@@ -3,7 +3,10 @@
 #include <MLCore/text/CodePage1252.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <iterator>
+#include <system_error>
 
 namespace MLCore {
 
@@ -14,9 +17,34 @@ constexpr struct {
     char character;
 } kEntities[] = {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
 
-/// The bytes that the code page leaves without a character stand for the controls of the same number.
-constexpr std::string_view kUnassigned = "\x81\x8D\x8F\x90\x9D";
-constexpr std::string_view kWhitespace = "\t\n\r";
+/// What parsers normalise or may refuse. The bytes that the code page leaves undefined stand for the controls of the same number.
+constexpr std::string_view kByNumber = "\t\n\r\x7F\x81\x8D\x8F\x90\x9D";
+
+/// By byte.
+constexpr std::array<bool, 256> kIsPlain = [] {
+    std::array<bool, 256> plain{};
+    plain.fill(true);
+    for (const auto& entity : kEntities) {
+        plain[static_cast<unsigned char>(entity.character)] = false;
+    }
+    for (const char character : kByNumber) {
+        plain[static_cast<unsigned char>(character)] = false;
+    }
+    return plain;
+}();
+
+void AppendReference(std::string& out, char character) {
+    const auto* const entity = std::find_if(std::begin(kEntities), std::end(kEntities),
+                                            [character](const auto& row) { return row.character == character; });
+    out += '&';
+    if (entity != std::end(kEntities)) {
+        out += entity->name;
+    } else {
+        out += '#';
+        out += std::to_string(static_cast<unsigned char>(character));
+    }
+    out += ';';
+}
 
 bool IsLetter(char character) noexcept {
     return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') || character == '_';
@@ -34,29 +62,25 @@ bool IsXmlName(std::string_view name) noexcept {
 
 bool IsXmlText(std::string_view text) noexcept {
     return std::all_of(text.begin(), text.end(), [](char character) {
-        return static_cast<unsigned char>(character) >= 0x20 || kWhitespace.find(character) != std::string_view::npos;
+        return static_cast<unsigned char>(character) >= 0x20 || character == '\t' || character == '\n' ||
+               character == '\r';
     });
 }
 
 void AppendXmlText(std::string& out, std::string_view text) {
     for (const char character : text) {
-        const auto entity = std::find_if(std::begin(kEntities), std::end(kEntities),
-                                         [character](const auto& row) { return row.character == character; });
-        if (entity != std::end(kEntities)) {
-            out.append("&").append(entity->name).append(";");
-        } else if (kWhitespace.find(character) != std::string_view::npos ||
-                   kUnassigned.find(character) != std::string_view::npos || character == '\x7F') {
-            out.append("&#").append(std::to_string(static_cast<unsigned char>(character))).append(";");
-        } else {
+        if (kIsPlain[static_cast<unsigned char>(character)]) {
             out += character;
+        } else {
+            AppendReference(out, character);
         }
     }
 }
 
 bool ReadXmlReference(std::string_view reference, char& character) noexcept {
     if (!reference.starts_with('#')) {
-        const auto entity = std::find_if(std::begin(kEntities), std::end(kEntities),
-                                         [reference](const auto& row) { return row.name == reference; });
+        const auto* const entity = std::find_if(std::begin(kEntities), std::end(kEntities),
+                                                [reference](const auto& row) { return row.name == reference; });
         character = entity != std::end(kEntities) ? entity->character : '\0';
         return entity != std::end(kEntities);
     }
