@@ -49,11 +49,16 @@
 #include <MLCore/predicates/COBJECTEXPRESSION.h>
 #include <MLCore/predicates/CORPREDICATE.h>
 #include <MLCore/predicates/CPREDICATE.h>
+#include <MLCore/predicates/CPREDICATEHELPER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
 #include <MLCore/predicates/CSEARCHTEXTPREDICATE.h>
+#include <MLCore/predicates/CSORTDESCRIPTOR.h>
+#include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/CVALUEPREDICATE.h>
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
+#include <MLCore/predicates/SortArray.h>
+#include <MLCore/predicates/SortDescriptors.h>
 #include <MLCore/streams/CBUFFERSTREAM.h>
 #include <MLCore/streams/CCOUNTINGSTREAM.h>
 #include <MLCore/streams/CCSVENCODER.h>
@@ -96,4 +101,5 @@
 #include <MLCore/values/CVALUE.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/Cmp.h>
+#include <MLCore/values/LikePattern.h>
 #include <MLCore/values/ValueText.h>
