@@ -13,7 +13,8 @@ class CPREDICATE;
 
 /// What a database or a log has to know of a predicate: a condition for a query, an outline of the tree, and the keys used.
 ///
-///     const CPREDICATEHELPER helper(CEQUALPREDICATE::Create(CKEYEXPRESSION::Create("name"), CVALUEEXPRESSION::Create("O'Brien")));
+///     const auto isHe = CEQUALPREDICATE::Create(CKEYEXPRESSION::Create("name"), CVALUEEXPRESSION::Create("O'Brien"));
+///     const CPREDICATEHELPER helper(isHe);
 ///     helper.GetStrSQL();  // name = 'O''Brien'
 ///     helper.GetStr();     // CCOMPARISONPREDICATE(ComparisonType::Equal)
 ///                          //     CKEYEXPRESSION(name)
