@@ -1,0 +1,261 @@
+// Filters and sorts a million records: objects of a class with access by key, and dictionaries, beside hand-written code over
+// structs and over records that are std::unordered_map.
+
+#include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/predicates/BinaryPredicates.h>
+#include <MLCore/predicates/CANDPREDICATE.h>
+#include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
+#include <MLCore/predicates/CKEYEXPRESSION.h>
+#include <MLCore/predicates/CORPREDICATE.h>
+#include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
+#include <MLCore/predicates/CVALUEEXPRESSION.h>
+#include <MLCore/predicates/SortArray.h>
+#include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/CMEMDICTIONARY.h>
+#include <MLCore/values/CVALUEOBJECT.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+#include <variant>
+#include <vector>
+
+#include "support/Workload.h"
+
+namespace bench {
+
+using namespace MLCore;
+
+constexpr std::size_t kCount = 1000000;
+constexpr std::size_t kFewer = 100000;
+constexpr double kLimit = 8000;
+
+struct PLAIN {
+    std::int32_t row;
+    std::string client, city;
+    double amount;
+    CDATE date;
+    std::int32_t quantity;
+    bool active;
+};
+
+using MAP = std::unordered_map<std::string, std::variant<std::int32_t, std::string, double, CDATE, bool>>;
+
+/// Makes a new value object each time that it is asked for a property.
+class CCLIENTORDER : public COBJECT {
+    MLCORE_CLASS(CCLIENTORDER, COBJECT)
+public:
+    explicit CCLIENTORDER(const PLAIN& plain) : mPlain(plain) {}
+
+    CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override {
+        using GETTER = CVALUE (*)(const PLAIN&);
+        static const std::unordered_map<std::string, GETTER> kGetters = {
+            {"row", [](const PLAIN& plain) { return CVALUE(long{plain.row}); }},
+            {"client", [](const PLAIN& plain) { return CVALUE(plain.client); }},
+            {"city", [](const PLAIN& plain) { return CVALUE(plain.city); }},
+            {"amount", [](const PLAIN& plain) { return CVALUE(plain.amount); }},
+            {"date", [](const PLAIN& plain) { return CVALUE(plain.date); }},
+            {"quantity", [](const PLAIN& plain) { return CVALUE(long{plain.quantity}); }},
+            {"active", [](const PLAIN& plain) { return CVALUE(plain.active ? 1 : 0); }},
+        };
+        const auto found = kGetters.find(key);
+        return found != kGetters.end() ? CVALUEOBJECT::Create(found->second(mPlain)) : COBJECT::GetKeyValue(key);
+    }
+
+private:
+    PLAIN mPlain;
+};
+
+MLCORE_REGISTER_CLASS(CCLIENTORDER)
+
+}  // namespace bench
+
+namespace {
+
+using namespace bench;
+
+/// The same records in four forms.
+struct DATA {
+    std::vector<PLAIN> plains;
+    std::vector<MAP> maps;
+    CSHAREOBJECTPTR<CARRAY> objects = CMEMARRAY::Create();
+    CSHAREOBJECTPTR<CARRAY> dictionaries = CMEMARRAY::Create();
+};
+
+std::string MakeName(std::mt19937& random) {
+    std::string name(4 + random() % 12, ' ');
+    std::generate(name.begin(), name.end(), [&random] { return static_cast<char>('a' + random() % 26); });
+    name[0] = static_cast<char>((random() % 2 == 0 ? 'a' : 'A') + random() % 26);
+    return name;
+}
+
+std::vector<std::string> MakeNames(std::size_t count, std::mt19937& random) {
+    std::vector<std::string> names(count);
+    std::generate(names.begin(), names.end(), [&random] { return MakeName(random); });
+    return names;
+}
+
+CSHAREOBJECTPTR<COBJECT> DictionaryOf(CCLIENTORDER& object) {
+    const auto dictionary = CMEMDICTIONARY::Create();
+    for (const char* const key : {"row", "client", "city", "amount", "date", "quantity", "active"}) {
+        dictionary->SetKeyValue(key, object.GetKeyValue(key));
+    }
+    return dictionary;
+}
+
+MAP MapOf(const PLAIN& plain) {
+    return {{"row", plain.row},   {"client", plain.client},     {"city", plain.city},    {"amount", plain.amount},
+            {"date", plain.date}, {"quantity", plain.quantity}, {"active", plain.active}};
+}
+
+DATA MakeData(std::size_t count) {
+    std::mt19937 random(11);
+    const auto clients = MakeNames(20000, random);
+    const auto cities = MakeNames(500, random);
+    const auto below = [&random](unsigned bound) { return static_cast<std::int32_t>(random() % bound); };
+    DATA data;
+    for (std::size_t i = 0; i < count; ++i) {
+        PLAIN plain{static_cast<std::int32_t>(i),
+                    clients[random() % clients.size()],
+                    cities[random() % cities.size()],
+                    below(1000000) / 100.0,
+                    CDATE(1, 1, 2024).AddDays(below(1000)),
+                    below(200),
+                    below(2) == 0};
+        const auto object = AdoptObject(new CCLIENTORDER(plain));
+        data.objects->AddObject(object);
+        data.dictionaries->AddObject(DictionaryOf(*object));
+        data.maps.push_back(MapOf(plain));
+        data.plains.push_back(std::move(plain));
+    }
+    return data;
+}
+
+CSHAREOBJECTPTR<CPREDICATE> MakePredicate() {
+    const auto key = [](const char* name) { return CKEYEXPRESSION::Create(name); };
+    const auto value = [](const CVALUE& constant) { return CVALUEEXPRESSION::Create(constant); };
+    return CORPREDICATE::Create(
+        CANDPREDICATE::Create(
+            CGREATERPREDICATE::Create(key("amount"), value(kLimit)),
+            CBEGINSPREDICATE::Create(key("client"), value("A"), CVALUEOBJECT::ComparisonOption::CaseInsensitive)),
+        CCOMPARISONBETWEENPREDICATE::Create(key("quantity"), value(10L), value(20L)));
+}
+
+bool IsWanted(const PLAIN& plain) {
+    return (plain.amount > kLimit && (plain.client[0] == 'A' || plain.client[0] == 'a')) ||
+           (plain.quantity >= 10 && plain.quantity <= 20);
+}
+
+template <class T>
+const T& Get(const MAP& map, const char* key) {
+    return std::get<T>(map.at(key));
+}
+
+bool IsWanted(const MAP& map) {
+    const auto beginsWithA = [](const std::string& text) {
+        return !text.empty() && (text[0] == 'A' || text[0] == 'a');
+    };
+    const auto isBetween = [](std::int32_t number) { return number >= 10 && number <= 20; };
+    return (Get<double>(map, "amount") > kLimit && beginsWithA(Get<std::string>(map, "client"))) ||
+           isBetween(Get<std::int32_t>(map, "quantity"));
+}
+
+bool IsBefore(const PLAIN* left, const PLAIN* right) {
+    return std::tie(left->client, right->amount) < std::tie(right->client, left->amount);
+}
+
+bool IsBefore(const MAP* left, const MAP* right) {
+    const int order = Get<std::string>(*left, "client").compare(Get<std::string>(*right, "client"));
+    return order != 0 ? order < 0 : Get<double>(*left, "amount") > Get<double>(*right, "amount");
+}
+
+// What a result is compared by: its size, and the rows at some hundred of its places.
+template <class ROWAT>
+std::int64_t Digest(std::size_t size, ROWAT rowAt) {
+    auto digest = static_cast<std::int64_t>(size);
+    for (std::size_t i = 0; i < size; i += 1 + size / 500) {
+        digest = digest % 1000003 * 31 + rowAt(i);
+    }
+    return digest;
+}
+
+std::int64_t Digest(const CSHAREOBJECTPTR<CARRAY>& array) {
+    return Digest(static_cast<std::size_t>(array->GetCount()), [&array](std::size_t i) {
+        const auto row = array->GetObjectAt(static_cast<long>(i))->GetKeyValue("row");
+        return static_cast<const CVALUEOBJECT&>(*row).GetValue().ToLong();
+    });
+}
+std::int64_t Digest(const std::vector<const PLAIN*>& records) {
+    return Digest(records.size(), [&records](std::size_t i) { return records[i]->row; });
+}
+std::int64_t Digest(const std::vector<const MAP*>& records) {
+    return Digest(records.size(), [&records](std::size_t i) { return Get<std::int32_t>(*records[i], "row"); });
+}
+
+template <class RECORD>
+auto FilterByHand(const std::vector<RECORD>& records, std::size_t count) {
+    return [&records, count](std::size_t) {
+        std::vector<const RECORD*> wanted;
+        for (std::size_t i = 0; i < count; ++i) {
+            if (IsWanted(records[i])) {
+                wanted.push_back(&records[i]);
+            }
+        }
+        return Digest(wanted);
+    };
+}
+
+template <class RECORD>
+auto SortByHand(const std::vector<RECORD>& records) {
+    return [&records](std::size_t) {
+        std::vector<const RECORD*> sorted;
+        for (const RECORD& record : records) {
+            sorted.push_back(&record);
+        }
+        std::stable_sort(sorted.begin(), sorted.end(),
+                         [](const auto* left, const auto* right) { return IsBefore(left, right); });
+        return Digest(sorted);
+    };
+}
+
+CSHAREOBJECTPTR<CARRAY> FirstOf(CARRAY& array, std::size_t count) {
+    const auto first = CMEMARRAY::Create();
+    for (long i = 0; i < static_cast<long>(count); ++i) {
+        first->AddObject(array.GetObjectAt(i));
+    }
+    return first;
+}
+
+void RegisterFilter(const DATA& data, const std::string& what, CARRAY& all, std::size_t count) {
+    const auto array = FirstOf(all, count);
+    const auto predicate = MakePredicate();
+    WORKLOAD("filter " + std::to_string(count) + ' ' + what, 1, nullptr, count)
+        .Add("MLCore", [array, predicate](std::size_t) { return Digest(array->Filter(predicate)); })
+        .Add("structs", FilterByHand(data.plains, count))
+        .Add("std::unordered_map", FilterByHand(data.maps, count));
+}
+
+void RegisterSort(const DATA& data, const std::string& what, const CSHAREOBJECTPTR<CARRAY>& array) {
+    const auto order = CSORTDESCRIPTORBUILDER::Create("client;-amount");
+    WORKLOAD("sort " + std::to_string(kCount) + ' ' + what, 1, nullptr, kCount)
+        .Add("MLCore", [array, order](std::size_t) { return Digest(SortArray(array, order)); })
+        .Add("structs", SortByHand(data.plains))
+        .Add("std::unordered_map", SortByHand(data.maps));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const DATA data = MakeData(kCount);
+    for (const std::size_t count : {kFewer, kCount}) {
+        RegisterFilter(data, "objects", *data.objects, count);
+        RegisterFilter(data, "dictionaries", *data.dictionaries, count);
+    }
+    RegisterSort(data, "objects", data.objects);
+    RegisterSort(data, "dictionaries", data.dictionaries);
+    return Run(argc, argv);
+}
