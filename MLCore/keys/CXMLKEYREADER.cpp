@@ -324,7 +324,7 @@ char CXMLKEYREADER::TakeUtf8() {
     }
     int lost = 0;
     const std::string character = AnsiFromUtf8(sequence, &lost);
-    RequireXml(lost == 0 && character.size() == 1);
+    RequireXml(lost == 0);  // so it is one character: no other begins with such a byte
     return character.front();
 }
 
