@@ -13,8 +13,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
-#include <numeric>
+#include <cstring>
 #include <typeinfo>
 #include <utility>
 #include <vector>
@@ -28,8 +27,8 @@ using COMPARISON = CVALUEOBJECT::ComparisonType;
 
 /// One element's value for one key.
 struct SORTKEY {
-    bool hasValue = false;
-    std::uint64_t order = 0;              // decides, where it differs
+    std::uint64_t order = 0;              // decides, where it differs; 0 for null
+    bool hasValue = false;                // decides next
     CSHAREOBJECTPTR<CVALUEOBJECT> value;  // decides otherwise; null where `order` tells all
 };
 
@@ -65,52 +64,31 @@ std::uint64_t FirstBytes(const void* bytes, std::size_t length) noexcept {
 }
 
 // Each fails with 138 for a value of another kind.
-using READ = void (*)(SORTKEY& key, CVALUEOBJECT& value, OPTION option);
+using READ = void (*)(SORTKEY& key, CVALUEOBJECT& value);
 
-void ReadNumber(SORTKEY& key, CVALUEOBJECT& value, OPTION) {
-    key.order = OrderOf(CONVERSION::TryToDouble(value.GetValue()));
-}
+void ReadNumber(SORTKEY& key, CVALUEOBJECT& value) { key.order = OrderOf(CONVERSION::TryToDouble(value.GetValue())); }
 
-void ReadDate(SORTKEY& key, CVALUEOBJECT& value, OPTION) {
+void ReadDate(SORTKEY& key, CVALUEOBJECT& value) {
     const CDATETIME date = CONVERSION::TryToDateTime(value.GetValue());
     const auto unsignedOf = [](std::int32_t number) { return static_cast<std::uint32_t>(number) ^ 0x80000000U; };
     key.order =
         std::uint64_t{unsignedOf(date.GetDate().ToLDate())} << 32 | unsignedOf(date.GetTime().GetTotalSeconds());
 }
 
-void ReadText(SORTKEY& key, CVALUEOBJECT& value, OPTION option) {
-    const char* const text = value.GetValue();
-    const bool isFolded = option == OPTION::CaseInsensitive || option == OPTION::DiacriticInsensitive;
-    // A derived class may compare texts in its own way.
-    if (!isFolded && typeid(value) == typeid(CVALUEOBJECT)) {
-        key.order = FirstBytes(text, value.GetValue().GetSize() - 1);
-    }
+void ReadText(SORTKEY& key, CVALUEOBJECT& value) {
+    FailOSErr(value.GetValue().GetType() == CVALUE::Type::String ? short{0} : kErrValueType);
     key.value = &value;
 }
 
-void ReadGuid(SORTKEY& key, CVALUEOBJECT& value, OPTION) {
+void ReadGuid(SORTKEY& key, CVALUEOBJECT& value) {
     const _GUID guid = value.GetValue().ToGuid();
     key.order = FirstBytes(&guid, sizeof(guid));
     key.value = &value;
 }
 
-/// By the type of a key's first value; null for a type that has no order.
-constexpr READ kReaders[] = {
-    nullptr,     // Unknown
-    ReadNumber,  // Short
-    ReadNumber,  // UShort
-    ReadNumber,  // Long
-    ReadNumber,  // ULong
-    ReadDate,    // Date
-    ReadNumber,  // Time
-    ReadText,    // String
-    ReadNumber,  // Float
-    ReadNumber,  // Double
-    ReadDate,    // DateTime
-    ReadNumber,  // Bool
-    nullptr,     // Object
-    ReadGuid,    // Guid
-};
+/// By the type of a key's first value, from Unknown to Guid; null for a type that has no order.
+constexpr READ kReaders[] = {nullptr,  ReadNumber, ReadNumber, ReadNumber, ReadNumber, ReadDate, ReadNumber,
+                             ReadText, ReadNumber, ReadNumber, ReadDate,   ReadNumber, nullptr,  ReadGuid};
 
 /// The values of all elements for one key.
 class COLUMN {
@@ -124,9 +102,15 @@ public:
         }
         if (mRead == ReadNumber) {
             GroupNumbers();
+        } else if (mRead == ReadText) {
+            BeginTexts();
         }
     }
 
+    /// Where these differ, the lesser one comes first.
+    [[nodiscard]] std::uint64_t LeadOf(std::size_t place) const {
+        return mIsDescending ? ~mKeys[place].order : mKeys[place].order;
+    }
     [[nodiscard]] int Compare(std::size_t a, std::size_t b) const {
         const int order = Order(mKeys[a], mKeys[b]);
         return mIsDescending ? -order : order;
@@ -147,7 +131,7 @@ private:
             mRead = kReaders[static_cast<std::size_t>(value->GetValue().GetType())];
             FailOSErr(mRead != nullptr ? short{0} : kErrValueType);
         }
-        mRead(key, *value, mOption);
+        mRead(key, *value);
         key.hasValue = true;
     }
 
@@ -175,12 +159,32 @@ private:
         }
     }
 
-    [[nodiscard]] int Order(const SORTKEY& a, const SORTKEY& b) const {
-        if (a.hasValue != b.hasValue) {
-            return a.hasValue ? 1 : -1;
+    /// Where texts compare by their bytes, gives them the order of the first ones.
+    void BeginTexts() {
+        const auto isPlain = [](const SORTKEY& key) {
+            const CVALUEOBJECT* const value = key.value;  // a derived class may compare in its own way
+            return value == nullptr || typeid(*value) == typeid(CVALUEOBJECT);
+        };
+        if (mOption == OPTION::CaseInsensitive || mOption == OPTION::DiacriticInsensitive ||
+            !std::ranges::all_of(mKeys, isPlain)) {
+            return;
         }
+        for (SORTKEY& key : mKeys) {
+            if (!!key.value) {
+                const char* const text = key.value->GetValue();
+                const std::size_t length = std::strlen(text);
+                key.order = FirstBytes(text, length);
+                key.value = length < sizeof(key.order) ? nullptr : key.value;  // the end is among them
+            }
+        }
+    }
+
+    [[nodiscard]] int Order(const SORTKEY& a, const SORTKEY& b) const {
         if (a.order != b.order) {
             return a.order < b.order ? -1 : 1;
+        }
+        if (a.hasValue != b.hasValue) {
+            return a.hasValue ? 1 : -1;
         }
         if (!a.value || !b.value) {
             return 0;
@@ -194,6 +198,32 @@ private:
     bool mIsDescending;
     OPTION mOption;
 };
+
+/// An element while it is sorted: most comparisons need nothing else, and stay in the cache.
+struct ENTRY {
+    std::uint64_t lead;  // of the first key
+    std::size_t place;
+};
+
+std::vector<ENTRY> SortedEntries(std::size_t count, const std::vector<COLUMN>& columns) {
+    std::vector<ENTRY> entries;
+    entries.reserve(count);
+    for (std::size_t place = 0; place < count; ++place) {
+        entries.push_back({columns.empty() ? 0 : columns.front().LeadOf(place), place});
+    }
+    std::ranges::stable_sort(entries, [&columns](const ENTRY& a, const ENTRY& b) {
+        if (a.lead != b.lead) {
+            return a.lead < b.lead;
+        }
+        for (const COLUMN& column : columns) {
+            if (const int relation = column.Compare(a.place, b.place)) {
+                return relation < 0;
+            }
+        }
+        return false;
+    });
+    return entries;
+}
 
 ELEMENTS DescriptorsOf(const CARRAY& order) {
     ELEMENTS descriptors = ElementsOf(order);
@@ -214,21 +244,11 @@ CSHAREOBJECTPTR<CARRAY> SortArray(CARRAY* array, CARRAY* order, OPTION option) {
         columns.emplace_back(elements, static_cast<const CSORTDESCRIPTOR&>(*descriptor), option);
     }
 
-    std::vector<std::size_t> places(elements.size());
-    std::iota(places.begin(), places.end(), std::size_t{0});
-    std::stable_sort(places.begin(), places.end(), [&columns](std::size_t a, std::size_t b) {
-        for (const COLUMN& column : columns) {
-            if (const int relation = column.Compare(a, b)) {
-                return relation < 0;
-            }
-        }
-        return false;
-    });
-
     ELEMENTS sorted;
     sorted.reserve(elements.size());
-    std::ranges::transform(places, std::back_inserter(sorted),
-                           [&elements](std::size_t place) { return std::move(elements[place]); });
+    for (const ENTRY& entry : SortedEntries(elements.size(), columns)) {
+        sorted.push_back(std::move(elements[entry.place]));
+    }
     return CMEMARRAY::Create(std::move(sorted));
 }
 

@@ -145,6 +145,20 @@ TEST(SortArray, RefusesWhatItCannotOrder) {
     EXPECT_EQ(Sorted({number, nullptr}, "a;b"), (OBJECTS{nullptr, number}));
 }
 
+class BACKWARDS : public CVALUEOBJECT {
+public:
+    explicit BACKWARDS(const char* text) : CVALUEOBJECT(text) {}
+    short CmpString(const char* left, const char* right, OPTION option) const override {
+        return CVALUEOBJECT::CmpString(right, left, option);
+    }
+};
+
+TEST(SortArray, LetsDerivedClassesCompareTexts) {
+    const auto a = CMEMDICTIONARY::Create("x", AdoptObject(new BACKWARDS("a")));
+    const auto b = CMEMDICTIONARY::Create("x", AdoptObject(new BACKWARDS("b")));
+    EXPECT_EQ(Sorted({a, b, nullptr}, "x"), (OBJECTS{nullptr, b, a}));
+}
+
 // Beside a plain sort by the value objects themselves, on values that have an order under them.
 TEST(SortArray, AgreesWithTheComparisonOfValueObjects) {
     std::mt19937 random(3);
