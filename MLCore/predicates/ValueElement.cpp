@@ -58,7 +58,9 @@ CVALUE ReadFloat(const std::string& text) {
     constexpr double kMax = std::numeric_limits<float>::max();
     const double number = ReadDouble(text).ToDouble();
     Require(!std::isfinite(number) || std::abs(number) <= kWrittenMax);
-    return CVALUE(static_cast<float>(std::isfinite(number) ? std::clamp(number, -kMax, kMax) : number));
+    const float stored = static_cast<float>(std::isfinite(number) ? std::clamp(number, -kMax, kMax) : number);
+    Require(stored != 0 || number == 0);
+    return CVALUE(stored);
 }
 
 // Dates and times without a zone, as ISO 8601 writes them; what is not written back as it was read is none.
