@@ -82,14 +82,16 @@ CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyPathValue(const std::string& keyPath) {
     if (KEYSTEPS::IsName(keyPath)) {
         return GetKeyValue(keyPath);  // most paths are one name: without a copy of it
     }
+    const std::string path = keyPath;  // a property asked on the way may change what holds the caller's
     STEP last;
-    const CSHAREOBJECTPTR<COBJECT> source = WalkToLast(this, keyPath, last);
+    const CSHAREOBJECTPTR<COBJECT> source = WalkToLast(this, path, last);
     return !source ? nullptr : ValueAtStep(source, last);
 }
 
 void COBJECT::SetKeyPathValue(const std::string& keyPath, COBJECT* value) {
+    const std::string path = keyPath;
     STEP last;
-    const CSHAREOBJECTPTR<COBJECT> target = WalkToLast(this, keyPath, last);
+    const CSHAREOBJECTPTR<COBJECT> target = WalkToLast(this, path, last);
     if (!target) {
         FailOSErr(kErrUnknownKey);
     }

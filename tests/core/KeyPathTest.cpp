@@ -48,6 +48,22 @@ public:
     std::vector<OBJECT> elements;
 };
 
+/// Changes the path by which it is reached, and notes what it is asked for.
+class CPATHCHANGER : public COBJECT {
+    MLCORE_CLASS(CPATHCHANGER, COBJECT)
+public:
+    OBJECT GetKeyValue(const std::string& key) override {
+        asked += key + ' ';
+        path = "first.broken";
+        return OBJECT(this);
+    }
+    void SetKeyValue(const std::string& key, COBJECT*) override { asked += key + '!'; }
+
+    std::string path = "first.second";
+    std::string asked;
+};
+
+MLCORE_REGISTER_CLASS(CPATHCHANGER)
 MLCORE_REGISTER_CLASS(CRECORD)
 MLCORE_REGISTER_CLASS(CROW)
 
@@ -178,6 +194,14 @@ TEST(KeyPathTest, ReadsAndWrites) {
     }
     EXPECT_EQ(root->GetUseCount() + value->GetUseCount(), 2);
     EXPECT_EQ(row->GetUseCount(), 2);
+}
+
+TEST(KeyPathTest, APathMayChangeOnTheWay) {
+    CPATHCHANGER object;
+    EXPECT_EQ(object.GetKeyPathValue(object.path), &object);
+    object.path = "first.second";
+    object.SetKeyPathValue(object.path, nullptr);
+    EXPECT_EQ(object.asked, "first second first second!");
 }
 
 }  // namespace
