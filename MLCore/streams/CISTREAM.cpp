@@ -17,8 +17,8 @@ namespace MLCore {
 namespace {
 
 constexpr long kCopyStep = 1024;
-/// What is taken for data that is only announced: more when it has come.
-constexpr long kFirstStep = 16L << 20;
+/// What is taken at a time for data that is only announced: more when it has come.
+constexpr long kStep = 16L << 20;
 /// Read without memory of its own.
 constexpr long kShortText = 255;
 constexpr unsigned long kLongestBlock = 0x7FFFFFFF;
@@ -66,7 +66,7 @@ void CISTREAM::GetValue(void*& handle) {
     GLOBALBLOCK block;
     const long total = static_cast<long>(size);
     for (long done = 0; done < total;) {
-        const long step = isSizeSure ? total : std::min(total - done, std::max(done, kFirstStep));
+        const long step = isSizeSure ? total : std::min(total - done, kStep);
         block.SetSize(static_cast<std::size_t>(done + step));
         ReadExactly(static_cast<char*>(block.GetData()) + done, step);
         done += step;
@@ -118,7 +118,7 @@ void CISTREAM::GetValue(std::string& value, long length) {
     }
     std::string text;
     for (long done = 0; done < length;) {
-        const long step = std::min(length - done, std::max(done, kFirstStep));
+        const long step = std::min(length - done, kStep);
         text.resize(static_cast<std::size_t>(done + step));
         GetValue(text.data() + done, step);  // its terminator falls on the string's own
         done += step;
