@@ -21,6 +21,13 @@ using FILEHANDLE = std::intptr_t;
 /// No file.
 inline constexpr FILEHANDLE kNoFile = -1;
 
+/// What ends a line of a text file on this system.
+#if defined(_WIN32)
+inline constexpr const char* kLineEnd = "\r\n";
+#else
+inline constexpr const char* kLineEnd = "\n";
+#endif
+
 /// How to open a file: kFileRead, kFileWrite or both. The others need kFileWrite.
 inline constexpr unsigned int kFileRead = 0x01;
 inline constexpr unsigned int kFileWrite = 0x02;

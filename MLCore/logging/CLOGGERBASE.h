@@ -1,0 +1,56 @@
+#pragma once
+
+#include <MLCore/logging/CLOGMANAGER.h>
+#include <MLCore/platform/Export.h>
+
+#include <ostream>
+#include <sstream>
+#include <string>
+
+namespace MLCore {
+
+/// A logger, whatever becomes of its lines: a channel's name, a level, and the line that is being written.
+///
+/// A logger is for one thread at a time; each thread may have one of its own for the same channel. A copy takes over
+/// everything, the line begun and the form of numbers included, and goes on by itself.
+class MLCORE_API CLOGGERBASE {
+public:
+    CLOGGERBASE(const CLOGGERBASE& other);
+    CLOGGERBASE& operator=(const CLOGGERBASE& other);
+
+    /// The name of the channel, "" for the one without.
+    [[nodiscard]] const std::string& GetName() const noexcept { return mName; }
+    [[nodiscard]] CLOGMANAGER::Level GetLevel() const noexcept { return mLevel; }
+    /// A number that the manager gave: unlike that of any other logger but a copy.
+    [[nodiscard]] long GetId() const noexcept { return mId; }
+    /// How many lines were passed on.
+    [[nodiscard]] long GetMsgNumber() const noexcept { return mMsgNumber; }
+
+    /// 1 when the channel is enabled and the level is not above the manager's, else 0: then lines are dropped.
+    [[nodiscard]] int IsEnable() const;
+
+    /// The stream that takes the current line. Numbers are written in the "C" locale.
+    [[nodiscard]] std::ostream& GetStream() noexcept { return mStream; }
+    /// The current line so far.
+    [[nodiscard]] std::string GetStr() const { return mStream.str(); }
+
+protected:
+    /// \param name  copied; null for the channel "".
+    CLOGGERBASE(const char* name, CLOGMANAGER::Level level);
+    ~CLOGGERBASE();
+
+    /// True when nothing has been written to the current line.
+    [[nodiscard]] bool IsStartLine() const;
+    void NextMsg() noexcept { ++mMsgNumber; }
+    /// Empties the line, and has the stream work again if something failed to be written.
+    void ResetStr();
+
+private:
+    std::string mName;
+    CLOGMANAGER::Level mLevel;
+    long mId;
+    long mMsgNumber = 0;
+    std::ostringstream mStream;
+};
+
+}  // namespace MLCore

@@ -1,0 +1,109 @@
+#include <MLCore/logging/CLOGGERBASIC.h>
+#include <MLCore/platform/DebugOutput.h>
+#include <gtest/gtest.h>
+
+#include <iomanip>
+#include <sstream>
+#include <stdexcept>
+
+#include "LogSupport.h"
+
+// Both are in scope, as in a program that spares itself the names.
+using namespace MLCore;
+using namespace std;
+
+namespace {
+
+using support::LOGFILE;
+using Level = CLOGMANAGER::Level;
+
+struct KEEPLINES {
+    static inline vector<string> lines;
+    static void Write(const string& name, const string& text) {
+        if (text == "refused") {
+            throw runtime_error("refused");
+        }
+        lines.push_back(name + ": " + text);
+    }
+};
+
+class KEEPER : public CLOGGERBASIC<KEEPLINES> {
+public:
+    using CLOGGERBASIC::CLOGGERBASIC;
+    using CLOGGERBASIC::IsStartLine;
+};
+
+vector<string> TakeLines() { return exchange(KEEPLINES::lines, {}); }
+
+TEST(Logger, TakesWhatStreamsTake) {
+    KEEPER log("form");
+    const char* const none = nullptr;
+    log << "n=" << 255 << ' ' << hex << 255 << dec << setw(4) << 7 << none << ' ' << true << endl;
+    log << fixed << setprecision(2) << 1234.5 << std::endl;
+    log.GetStream() << "and its stream";
+    log << MLCore::endl << flush << ends;
+    EXPECT_EQ(TakeLines(), (vector<string>{"form: n=255 ff   7 1", "form: 1234.50", "form: and its stream"}));
+    EXPECT_EQ(log.GetStr(), string(1, '\0'));
+    ostringstream names;
+    names << Level::ERR << Level::WAR << Level::INF << Level::DEB << static_cast<Level>(4) << LogEventType::INFO
+          << LogEventType::ALERTE << LogEventType::ERREUR << static_cast<LogEventType>(-1);
+    EXPECT_EQ(names.str(), "ERRWARINFDEB4INFOALERTEERREUR-1");
+}
+
+TEST(Logger, SpeaksWhenItsLevelAndItsChannelAllow) {
+    const LOGFILE restored;
+    KEEPER debug("level", Level::DEB);
+    KEEPER error("level", Level::ERR);
+    debug << 1 << endl;
+    error << 2 << endl;
+    CLOGMANAGER::SetLevel(Level::DEB);
+    debug << 3 << endl;
+    CLOGMANAGER::Enable("level", 0);
+    error << 4 << endl;
+    EXPECT_EQ(error.IsEnable(), 0);
+    EXPECT_TRUE(error.IsStartLine()) << "a line that nobody hears ends too";
+    CLOGMANAGER::Enable("level", 1);
+    error << 5 << endl;
+    EXPECT_EQ(TakeLines(), (vector<string>{"level: 2", "level: 3", "level: 5"}));
+    EXPECT_EQ(error.GetMsgNumber(), 2);
+    EXPECT_EQ(error.GetLevel(), Level::ERR);
+    EXPECT_NE(error.GetId(), debug.GetId());
+}
+
+TEST(Logger, CopiesGoOnByThemselves) {
+    KEEPER log("copy");
+    EXPECT_TRUE(log.IsStartLine());
+    log << 0 << endl << "begun " << hex;
+    EXPECT_FALSE(log.IsStartLine());
+    KEEPER copy(log);
+    copy << 10 << endl;
+    log << 11 << endl;
+    KEEPER other(nullptr);
+    other = copy;
+    other << "other" << endl;
+    EXPECT_EQ(TakeLines(), (vector<string>{"copy: 0", "copy: begun a", "copy: begun b", "copy: other"}));
+    EXPECT_EQ(other.GetMsgNumber(), 3);
+    EXPECT_EQ(copy.GetMsgNumber(), 2);
+    EXPECT_EQ(KEEPER(nullptr).GetName(), "");
+}
+
+TEST(Logger, SurvivesFailures) {
+    KEEPER log("failing");
+    EXPECT_THROW(log << "refused" << endl, runtime_error);
+    log.GetStream().setstate(ios_base::badbit);
+    log << "not taken" << endl;
+    log << "again" << endl;
+    EXPECT_EQ(TakeLines(), (vector<string>{"failing: ", "failing: again"}));
+}
+
+string gDebugged;
+
+TEST(Logger, SendsLinesToTheDebugger) {
+    const platform::DEBUGSINK before = platform::SetDebugSink([](const char* text) { gDebugged += text; });
+    CLOGDEBUGGERLOGGER log("unused");
+    log << "one" << endl << "two" << '\0' << "cut" << endl;
+    platform::SetDebugSink(before);
+    EXPECT_EQ(gDebugged, "one\r\ntwo\r\n");
+}
+
+}  // namespace
