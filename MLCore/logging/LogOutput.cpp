@@ -56,7 +56,7 @@ void LOGOUTPUT::Append(std::string_view text) {
 
 bool LOGOUTPUT::Flush() noexcept {
     const std::size_t count = mPending.size();
-    const bool isWritten = count == 0 || platform::FileWrite(mFile, mPending.data(), count) == count;
+    const bool isWritten = count == 0 || platform::FileAppend(mFile, mPending.data(), count) == count;
     mPending.clear();
     if (mPending.capacity() > 2 * kMostPending) {
         mPending.shrink_to_fit();

@@ -62,9 +62,12 @@ MLCORE_API bool FileClose(FILEHANDLE file) noexcept;
 
 /// Writes `count` bytes at the offset, or at the end of a file opened with kFileAppend, and moves the offset behind them.
 ///
-/// Up to a GiB goes to the system in one piece, so small texts that several processes append do not mix.
+/// Up to a GiB goes to the system in one piece.
 /// \return the number of bytes written: `count`, or less after a failure.
 [[nodiscard]] MLCORE_API std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
+
+/// FileWrite for a file opened with kFileAppend: what several processes append by it does not mix, up to a GiB a piece.
+[[nodiscard]] MLCORE_API std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
 
 /// Moves the offset, counted from the file's begin; it may lie beyond the end.
 [[nodiscard]] MLCORE_API bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept;

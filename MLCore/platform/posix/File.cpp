@@ -108,6 +108,10 @@ std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) no
     return done;
 }
 
+std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
+    return FileWrite(file, buffer, count);  // O_APPEND: each write finds the end and writes there in one step
+}
+
 bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept {
     return lseek(Descriptor(file), static_cast<off_t>(offset), SEEK_SET) != -1;
 }

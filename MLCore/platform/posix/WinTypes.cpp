@@ -3,7 +3,9 @@
 #include <MLCore/platform/GlobalMemory.h>
 #include <MLCore/platform/LastError.h>
 #include <MLCore/platform/OleDate.h>
+#include <MLCore/platform/WideText.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -60,6 +62,11 @@ constexpr std::uint32_t kFirstDispatchCode = 0x80040200;
 constexpr std::uint32_t kLastDispatchCode = 0x8004FFFF;
 
 }  // namespace
+
+bool MLCore::platform::WidenText(const char* ansi, std::size_t length, wchar_t* wide) noexcept {
+    std::transform(ansi, ansi + length, wide, WideOf);
+    return true;
+}
 
 HRESULT VarDateFromUdate(UDATE* udate, ULONG flags, DATE* date) noexcept {
     if (udate == nullptr || date == nullptr || flags != 0) {

@@ -39,4 +39,9 @@ std::string AnsiText(const wchar_t* wide) {
     return ansi;
 }
 
+bool WidenText(const char* ansi, std::size_t length, wchar_t* wide) noexcept {
+    const int count = static_cast<int>(length);
+    return MultiByteToWideChar(CP_ACP, 0, ansi, count, wide, count) != 0;
+}
+
 }  // namespace MLCore::platform
