@@ -137,6 +137,8 @@ constexpr OPTION kOptions[] = {
      [](OPTIONS& options, const std::string& value) { options.report = value; }},
     {"--rejects", "FILE", "keep the lines that cannot be read in FILE, to be mended and read again",
      [](OPTIONS& options, const std::string& value) { options.rejects = value; }},
+    {"--log", "FILE", "log the run to FILE: what was read and written, each line that cannot be read",
+     [](OPTIONS& options, const std::string& value) { options.log = value; }},
     {"--progress", "", "show on the error output how far the file has been read",
      [](OPTIONS& options, const std::string&) { options.showsProgress = true; }},
     {"--help", "", "show this text", [](OPTIONS& options, const std::string&) { options.wantsHelp = true; }},
@@ -181,8 +183,8 @@ void Check(const OPTIONS& options) {
     if (options.to < options.from) {
         throw USAGEERROR("--to is before --from");
     }
-    const std::string* const files[] = {&options.file, &options.filter, &options.save, &options.report,
-                                        &options.rejects};
+    const std::string* const files[] = {&options.file,   &options.filter,  &options.save,
+                                        &options.report, &options.rejects, &options.log};
     for (const auto* file = std::begin(files); file != std::end(files); ++file) {
         if (std::any_of(file + 1, std::end(files), [file](const auto* other) { return IsSameFile(**file, *other); })) {
             throw USAGEERROR("one file cannot be read and written, or written twice");

@@ -23,6 +23,7 @@ struct OPTIONS {
     std::string file;
     std::string report;  // empty: no such file, as for the others
     std::string rejects;
+    std::string log;
     const CALENDARCHOICE* calendar = nullptr;  // ReadOptions() sets one
     MLCore::CDATE from;                        // without limits: from the null date, which sorts first, to MaxDate
     MLCore::CDATE to = MLCore::CDATE::MaxDate();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "Journal.h"
 #include "RecordFile.h"
 
 namespace orders {
@@ -31,8 +32,10 @@ REJECTS::REJECTS(const std::string& path)
 
 void REJECTS::Add(CFILESTREAM& source, const LINE& first, const LINE& line, const std::string& reason) {
     constexpr long kMostReasons = 20;
+    const std::string told = source.GetPath() + ':' + std::to_string(line.number) + ": " + reason;
+    Tell(LogEventType::ALERTE, told);
     if (++mCount <= kMostReasons) {
-        mReasons.push_back(source.GetPath() + ':' + std::to_string(line.number) + ": " + reason);
+        mReasons.push_back(told);
     }
     if (mPath.empty()) {
         return;

@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "Journal.h"
 #include "Options.h"
 #include "Order.h"
 #include "OrderFile.h"
@@ -62,6 +64,7 @@ int Report(const OPTIONS& options) {
     REJECTS rejects(options.rejects);
     const auto lines = ReadLines(options, rejects);
     rejects.Write(std::cerr);
+    Tell(LogEventType::INFO, options.file + ": " + std::to_string(lines->GetCount()) + " lines read");
     const auto period = lines->Filter(IsOrdered(options.from, options.to));
     const auto shipments = JoinLines(*period, options.calendar->create());
     const auto selected = ForFile(options.filter, "applied to the orders", [&] {
@@ -69,6 +72,7 @@ int Report(const OPTIONS& options) {
     });
     if (!options.report.empty()) {
         WriteReportFile(options.report, *selected);
+        Tell(LogEventType::INFO, options.report + ": " + std::to_string(selected->GetCount()) + " orders written");
     }
     options.selects ? WriteSelection(std::cout, *shipments, *selected, *filter, options)
                     : WriteReport(std::cout, *shipments, options);
@@ -80,31 +84,39 @@ int Report(const OPTIONS& options) {
     return kDataStatus;
 }
 
-int Run(const std::vector<std::string>& arguments) {
-    const OPTIONS options = ReadOptions(arguments);
-    if (options.wantsHelp) {
-        std::cout << HelpText();
-        return 0;
+int Run(const OPTIONS& options) {
+    StartJournal(options.log);
+    const int status = Report(options);
+    if (!std::cout.flush()) {
+        throw std::runtime_error("orders: cannot write the report");
     }
-    return Report(options);
+    return status;
+}
+
+// Ends with the counts, also after a failure.
+int RunAndTell(const OPTIONS& options) {
+    int status = kDataStatus;
+    try {
+        status = Run(options);
+    } catch (const std::exception& error) {
+        Tell(LogEventType::ERREUR, error.what());
+        std::cerr << error.what() << '\n';
+    }
+    WriteCounts(std::cerr);
+    return status;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    int status = 0;
     try {
-        status = Run(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
+        const OPTIONS options = ReadOptions(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
+        if (!options.wantsHelp) {
+            return RunAndTell(options);
+        }
+        return std::cout << HelpText() << std::flush ? 0 : kDataStatus;
     } catch (const USAGEERROR& error) {
         std::cerr << "orders: " << error.what() << " (orders --help tells the options)\n";
-        return kUsageStatus;
-    } catch (const std::exception& error) {
-        std::cerr << error.what() << '\n';
-        return kDataStatus;
     }
-    if (!std::cout.flush()) {
-        std::cerr << "orders: cannot write the report\n";
-        return kDataStatus;
-    }
-    return status;
+    return kUsageStatus;
 }

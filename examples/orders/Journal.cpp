@@ -1,0 +1,52 @@
+#include "Journal.h"
+
+#include <MLCore/logging/CLOGGERBASIC.h>
+#include <MLCore/logging/CLOGMANAGER.h>
+
+#include "RecordFile.h"
+
+namespace orders {
+
+using namespace MLCore;
+
+namespace {
+
+constexpr const char* kChannel = "orders";
+
+struct KIND {
+    LogEventType type;
+    CLOGMANAGER::Level level;
+};
+constexpr KIND kKinds[] = {
+    {LogEventType::INFO, CLOGMANAGER::Level::INF},
+    {LogEventType::ALERTE, CLOGMANAGER::Level::WAR},
+    {LogEventType::ERREUR, CLOGMANAGER::Level::ERR},
+};
+
+CLOGMANAGER::Level LevelOf(LogEventType type) { return kKinds[static_cast<int>(type)].level; }
+
+}  // namespace
+
+void StartJournal(const std::string& path) {
+    if (path.empty()) {
+        CLOGMANAGER::Enable(0);
+    }
+    CLOGMANAGER::SetLogFile(path.c_str());
+    ForFile(path, "written", [] { CLOGMANAGER::Enable(kChannel, 1); });
+}
+
+void Tell(LogEventType type, const std::string& text) {
+    CLOGMANAGER::AddEvent(kChannel, type);
+    CLOGMANAGERLOGGER(kChannel, LevelOf(type)) << type << ' ' << text << MLCore::endl;
+}
+
+void WriteCounts(std::ostream& out) {
+    const char* separator = "Events: ";
+    for (const KIND& kind : kKinds) {
+        out << separator << CLOGMANAGER::GetEventCount(kChannel, kind.type) << ' ' << kind.type;
+        separator = ", ";
+    }
+    out << '\n';
+}
+
+}  // namespace orders
