@@ -42,6 +42,7 @@ expected() {
             echo "destructor destructor IsEnd" GetValue{,,,,,,,,,,,} "GetValueBOOL GetObject IsEndOfLine ReadLine GetNextLine"
             ;;
         CWRITER) echo "destructor destructor" SetValue{,,,,,,,,,,,,} "SetValueBOOL SetObject WriteLine SetNextLine" ;;
+        CPASSWORD) echo "destructor destructor" ;;
         CRANDOMSTREAM) echo "destructor destructor GetPosition SetPosition SetPositionFromEnd OffsetPosition GetSize" ;;
     esac
 }
@@ -64,13 +65,14 @@ declare -A header=([CSHAREOBJECT]=core/CSHAREOBJECT.h [COBJECT]=core/COBJECT.h [
     [CVALUEOBJECT]=values/CVALUEOBJECT.h [CSTREAM]=streams/CSTREAM.h [CISTREAM]=streams/CISTREAM.h
     [COSTREAM]=streams/COSTREAM.h [CREADER]=streams/CREADER.h [CWRITER]=streams/CWRITER.h
     [CRANDOMSTREAM]=streams/CRANDOMSTREAM.h [CEXPRESSION]=predicates/CEXPRESSION.h
-    [CPREDICATE]=predicates/CPREDICATE.h [CCOMPARISONPREDICATE]=predicates/CCOMPARISONPREDICATE.h)
+    [CPASSWORD]=crypto/CPASSWORD.h [CPREDICATE]=predicates/CPREDICATE.h [CCOMPARISONPREDICATE]=predicates/CCOMPARISONPREDICATE.h)
 
 # The listing does not name a function without a body, so abstract classes are read through classes that have them all and
 # add none.
 cat >"$work/unit.cpp" <<'END'
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/crypto/CPASSWORD.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
 #include <MLCore/predicates/CCOMPARISONINPREDICATE.h>
 #include <MLCore/predicates/CKEYEXPRESSION.h>
@@ -131,7 +133,7 @@ declare -A listed=([CSHAREOBJECT]=MLCore::CSHAREOBJECT [COBJECT]=PROBE [CCALENDA
     [COBJECTITERATOR]=PROBEITERATOR [CARRAY]=MLCore::CMEMARRAY [CDICTIONARY]=MLCore::CMEMDICTIONARY [CSET]=MLCore::CMEMSET
     [CVALUEOBJECT]=MLCore::CVALUEOBJECT [CSTREAM]=MLCore::CSTREAM [CISTREAM]=PROBEISTREAM [COSTREAM]=PROBEOSTREAM
     [CREADER]=PROBEREADER [CWRITER]=PROBEWRITER [CRANDOMSTREAM]=PROBERANDOMSTREAM
-    [CEXPRESSION]=MLCore::CKEYEXPRESSION [CPREDICATE]=MLCore::CVALUEPREDICATE
+    [CEXPRESSION]=MLCore::CKEYEXPRESSION [CPASSWORD]=MLCore::CPASSWORD [CPREDICATE]=MLCore::CVALUEPREDICATE
     [CCOMPARISONPREDICATE]=MLCore::CCOMPARISONINPREDICATE)
 
 status=0
