@@ -13,7 +13,8 @@ PACKAGES_BASE="g++ cmake ninja-build ccache pkg-config libsodium-dev googletest 
 PACKAGES_CHECKS="clang-format-14 libxml2-utils"
 PACKAGES_CLANG="clang-14 libclang-rt-14-dev llvm-14"
 PACKAGES_WINDOWS="g++-mingw-w64-x86-64-posix wine wine64"
-PACKAGES_BENCH="libbenchmark-dev libquantlib0-dev"
+PACKAGES_BENCH="libbenchmark-dev"
+PACKAGES_PEERS="libquantlib0-dev libboost-dev libboost-date-time-dev qtbase5-dev libabsl-dev libpoco-dev libsqlite3-dev libgnustep-base-dev gobjc++ libfccp-dev libcsv-dev libxml2-dev libspdlog-dev"
 PACKAGES_COVERAGE="lcov"
 
 say() { printf '%s\n' "$*"; }
