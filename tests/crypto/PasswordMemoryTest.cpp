@@ -19,7 +19,9 @@ using namespace MLCore;
 
 /// The marker is these characters, each with the mask laid over it, so that the program itself does not hold it.
 constexpr char kMasked[] = "a marker that stands nowhere";
-constexpr std::size_t kLength = sizeof(kMasked) - 1;
+/// Searched for is its end: the heap overwrites the begin of a block that is freed.
+constexpr const char* kTail = kMasked + 16;
+constexpr std::size_t kTailLength = sizeof(kMasked) - 1 - 16;
 volatile char gMask = 0x15;
 
 /// One region of memory after the other. The region that this stands in is too large for it, and so are a sanitizer's tables.
@@ -28,17 +30,16 @@ char gRegion[1U << 26];
 template <class Character>
 int CountInRegion(std::size_t size) {
     const auto isMarker = [mask = gMask](const char* at) {
-        for (std::size_t i = 0; i < kLength * sizeof(Character); ++i) {
-            if (at[i] !=
-                (i % sizeof(Character) == 0 ? static_cast<char>(kMasked[i / sizeof(Character)] ^ mask) : '\0')) {
+        for (std::size_t i = 0; i < kTailLength * sizeof(Character); ++i) {
+            if (at[i] != (i % sizeof(Character) == 0 ? static_cast<char>(kTail[i / sizeof(Character)] ^ mask) : '\0')) {
                 return false;
             }
         }
         return true;
     };
     int count = 0;
-    const char* const end = gRegion + size - kLength * sizeof(Character);
-    for (const char* at = gRegion; (at = std::find(at, end, static_cast<char>(kMasked[0] ^ gMask))) != end; ++at) {
+    const char* const end = gRegion + size - kTailLength * sizeof(Character);
+    for (const char* at = gRegion; (at = std::find(at, end, static_cast<char>(kTail[0] ^ gMask))) != end; ++at) {
         count += isMarker(at) ? 1 : 0;
     }
     return count;
@@ -69,8 +70,8 @@ std::pair<int, int> Copies() {
 }
 
 std::unique_ptr<CPASSWORD> MakeMarker() {
-    std::array<char, kLength + 1> marker{};
-    std::transform(kMasked, kMasked + kLength, marker.begin(), [](char c) { return static_cast<char>(c ^ gMask); });
+    std::array<char, sizeof(kMasked)> marker{};
+    std::transform(kMasked, kTail + kTailLength, marker.begin(), [](char c) { return static_cast<char>(c ^ gMask); });
     auto password = CPASSWORD::Create(marker.data());
     platform::WipeMemory(marker.data(), marker.size());
     return password;

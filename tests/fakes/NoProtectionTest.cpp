@@ -79,7 +79,9 @@ namespace {
 
 const std::string kText = "longer than one block";
 
-bool IsReadable(const CPASSWORD& password) { return static_cast<const char*>(password) == kText; }
+bool IsReadable(const CPASSWORD& password) {
+    return kText.compare(0, kText.size(), static_cast<const char*>(password), kText.size()) == 0;
+}
 
 TEST(NoProtectionTest, EachFailureIsToldAndHarmless) {
     const std::function<void(CPASSWORD&, CPASSWORD&)> actions[] = {
