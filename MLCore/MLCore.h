@@ -15,6 +15,7 @@
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/core/FrameworkException.h>
+#include <MLCore/crypto/CPASSWORD.h>
 #include <MLCore/datetime/CCALENDARBANQUEPORTOSTRATEGY.h>
 #include <MLCore/datetime/CCALENDARBANQUESTRATEGY.h>
 #include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
@@ -33,6 +34,13 @@
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/keys/CXMLKEYREADER.h>
 #include <MLCore/keys/CXMLKEYWRITER.h>
+#include <MLCore/logging/CLOGDEBUGGERPOLICY.h>
+#include <MLCore/logging/CLOGGERBASE.h>
+#include <MLCore/logging/CLOGGERBASIC.h>
+#include <MLCore/logging/CLOGMANAGER.h>
+#include <MLCore/logging/CLOGMANAGERPOLICY.h>
+#include <MLCore/logging/LogEventType.h>
+#include <MLCore/net/CEMAIL.h>
 #include <MLCore/predicates/BinaryPredicates.h>
 #include <MLCore/predicates/CANDPREDICATE.h>
 #include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
