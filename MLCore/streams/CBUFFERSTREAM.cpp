@@ -6,22 +6,27 @@ namespace MLCore {
 
 CBUFFERSTREAM::CBUFFERSTREAM() : CSTREAM(ReadWrite) {}
 
-CBUFFERSTREAM::CBUFFERSTREAM(unsigned long capacity) : CSTREAM(ReadWrite) { mBlock.SetSize(capacity); }
+CBUFFERSTREAM::CBUFFERSTREAM(unsigned long capacity) : CSTREAM(ReadWrite) { Block().SetSize(capacity); }
 
 CBUFFERSTREAM::CBUFFERSTREAM(unsigned long size, const void* data) : CSTREAM(ReadWrite) {
     if (size != 0) {
         FailNull(data);
-        mBlock.SetSize(size);
-        std::memcpy(mBlock.GetData(), data, size);
+        Block().SetSize(size);
+        std::memcpy(Block().GetData(), data, size);
         mCursor = STREAMCURSOR(size);
     }
 }
 
 CBUFFERSTREAM::~CBUFFERSTREAM() = default;
 
+void CBUFFERSTREAM::Open() {
+    CGLOBALSTREAM::Open();
+    Lend(typeid(CBUFFERSTREAM));
+}
+
 const void* CBUFFERSTREAM::GetBuffer() const {
     FailClosed(*this);
-    return mBlock.GetData();
+    return Block().GetData();
 }
 
 unsigned long long CBUFFERSTREAM::GetWritePosition() const { return GetSize(); }

@@ -21,6 +21,8 @@ public:
     CBUFFERSTREAM(unsigned long size, const void* data);
     ~CBUFFERSTREAM() override;
 
+    void Open() override;
+
     /// The first byte; null when nothing was ever written. Valid until the stream grows, or its size is set. Fails with 141
     /// when the stream is closed.
     [[nodiscard]] const void* GetBuffer() const;

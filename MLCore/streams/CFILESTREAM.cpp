@@ -35,24 +35,27 @@ unsigned int FileFlags(CSTREAM::OpenMode mode) noexcept {
 
 }  // namespace
 
-bool CFILESTREAM::WINDOW::Holds(unsigned long long position) const noexcept {
-    return position >= start && position - start < size;
+/// Whether a write at the position may wait in the buffer, with what waits there already.
+bool CFILESTREAM::Takes(std::size_t count) const noexcept {
+    const STREAMAREA& window = mCursor.GetArea();
+    const unsigned long long at = mCursor.GetPosition() - window.start;  // wraps before the start
+    const bool isJoined = mPending.IsEmpty() || (at >= mPending.begin && at <= mPending.end);
+    return at <= window.size && isJoined && count <= kBufferSize - at;
 }
 
-bool CFILESTREAM::WINDOW::Takes(unsigned long long position, std::size_t count) const noexcept {
-    if (position < start || position - start > size) {
-        return false;
-    }
-    const std::size_t at = static_cast<std::size_t>(position - start);
-    const bool isJoined = pendingBegin == pendingEnd || (at >= pendingBegin && at <= pendingEnd);
-    return isJoined && count <= kBufferSize - at;
+/// Empties the buffer, of which nothing waits, for what begins at `start`.
+void CFILESTREAM::Forget(unsigned long long start) noexcept {
+    SetWindow(start, 0);
+    mPending = {};
 }
 
-void CFILESTREAM::WINDOW::Cut(unsigned long long fileSize) noexcept {
-    const unsigned long long left = fileSize > start ? fileSize - start : 0;
-    size = static_cast<std::size_t>(std::min<unsigned long long>(size, left));
-    pendingEnd = std::min(pendingEnd, size);
-    pendingBegin = std::min(pendingBegin, pendingEnd);
+/// Drops what lies behind the file's new end.
+void CFILESTREAM::Cut(unsigned long long fileSize) noexcept {
+    const STREAMAREA& window = mCursor.GetArea();
+    const unsigned long long left = fileSize > window.start ? fileSize - window.start : 0;
+    SetWindow(window.start, static_cast<std::size_t>(std::min<unsigned long long>(window.size, left)));
+    mPending.end = std::min(mPending.end, mCursor.GetArea().size);
+    mPending.begin = std::min(mPending.begin, mPending.end);
 }
 
 CFILESTREAM::CFILESTREAM(const char* path, OpenMode mode)
@@ -82,6 +85,7 @@ void CFILESTREAM::Open() {
         mCursor.SetSize(static_cast<unsigned long long>(size));
     }
     CURSORSTREAM::Open();
+    Lend(typeid(CFILESTREAM), true);
 }
 
 void CFILESTREAM::Close() {
@@ -99,18 +103,18 @@ void CFILESTREAM::Close() {
 }
 
 void CFILESTREAM::Flush() {
-    FailClosed(*this);
+    FailNotReady();
     WritePending();
 }
 
 long CFILESTREAM::GetValue(void* buffer, long count) {
-    FailClosed(*this);
+    FailNotReady();
     const long wanted = mCursor.Available(count);
     long done = 0;
     while (done < wanted) {
         const std::size_t some = ReadSome(static_cast<char*>(buffer) + done, static_cast<std::size_t>(wanted - done));
         if (some == 0) {  // somebody else cut the file
-            mWindow.Cut(mCursor.GetPosition());
+            Cut(mCursor.GetPosition());
             mCursor.SetSize(mCursor.GetPosition());
             break;
         }
@@ -121,7 +125,7 @@ long CFILESTREAM::GetValue(void* buffer, long count) {
 }
 
 void CFILESTREAM::SetValue(const void* buffer, long count) {
-    FailClosed(*this);
+    FailNotReady();
     if (count <= 0) {
         return;
     }
@@ -132,9 +136,9 @@ void CFILESTREAM::SetValue(const void* buffer, long count) {
         mCursor.SetPositionFromEnd(0);
     }
     const std::size_t length = static_cast<std::size_t>(count);
-    if (!mWindow.Takes(mCursor.GetPosition(), length)) {
+    if (!Takes(length)) {
         WritePending();
-        mWindow = {.start = mCursor.GetPosition()};
+        Forget(mCursor.GetPosition());
     }
     if (length > kBufferSize) {
         const std::size_t written = WriteFile(mCursor.GetPosition(), buffer, length);
@@ -143,59 +147,59 @@ void CFILESTREAM::SetValue(const void* buffer, long count) {
         FollowAppended();
         return;
     }
-    const std::size_t at = static_cast<std::size_t>(mCursor.GetPosition() - mWindow.start);
+    const STREAMAREA& window = mCursor.GetArea();
+    const std::size_t at = static_cast<std::size_t>(mCursor.GetPosition() - window.start);
     std::memcpy(mBuffer.get() + at, buffer, length);
-    if (mWindow.pendingBegin == mWindow.pendingEnd) {
-        mWindow.pendingBegin = at;
-    }
-    mWindow.pendingEnd = std::max(mWindow.pendingEnd, at + length);
-    mWindow.size = std::max(mWindow.size, at + length);
+    mPending.begin = mPending.IsEmpty() ? at : mPending.begin;
+    mPending.end = std::max(mPending.end, at + length);
+    SetWindow(window.start, std::max(window.size, at + length));
     mCursor.Advance(count);
 }
 
 void CFILESTREAM::OffsetPosition(long delta) {
-    FailClosed(*this);
+    FailNotReady();
     // A sum below 0 wraps far beyond the size.
     mCursor.SetPosition(mCursor.GetPosition() + static_cast<unsigned long long>(delta));
 }
 
 void CFILESTREAM::SetSize(unsigned long long size) {
-    FailClosed(*this);
+    FailNotReady();
     if (!Has(ReadWrite) || Has(Append)) {
         FailOLEErr(kAccessDenied);
     }
     // Not written before: cutting the file may be what makes room on a full disk.
     FailLastError(platform::FileResize(mFile, size) ? 1 : 0);
-    mWindow.Cut(size);
+    Cut(size);
     mCursor.SetSize(size);
 }
 
-bool CFILESTREAM::Has(OpenMode flag) const { return (GetOpenMode() & flag) != 0; }
+bool CFILESTREAM::Has(OpenMode flag) const {
+    return ((IsLent() ? CSTREAM::GetOpenMode() : GetOpenMode()) & flag) != 0;
+}
 
 /// Gives up the file and the buffer; false, with the last error set, when the system did not write all it had taken.
 bool CFILESTREAM::Release() noexcept {
-    mWindow = {};
     mBuffer.reset();
+    Forget();
     return platform::FileClose(std::exchange(mFile, platform::kNoFile));
 }
 
 /// Reads at the position: what the buffer holds, or what the file gives at once; 0 at the file's end.
 std::size_t CFILESTREAM::ReadSome(char* buffer, std::size_t count) {
-    const unsigned long long position = mCursor.GetPosition();
-    if (!mWindow.Holds(position)) {
+    if (mCursor.Ahead().empty()) {
         WritePending();
         if (count >= kBufferSize) {
             return ReadFile(buffer, count);
         }
-        const bool isNext = position == mWindow.start + mWindow.size;
+        const unsigned long long position = mCursor.GetPosition();
+        const bool isNext = position == mCursor.GetArea().start + mCursor.GetArea().size;
         const std::size_t most = isNext ? kBufferSize : std::max(count, kFirstRead);
-        mWindow = {.start = position};
-        mWindow.size = ReadFile(mBuffer.get(), static_cast<std::size_t>(mCursor.Available(static_cast<long>(most))));
+        Forget(position);
+        SetWindow(position, ReadFile(mBuffer.get(), static_cast<std::size_t>(mCursor.Available(static_cast<long>(most)))));
     }
-    const std::size_t at = static_cast<std::size_t>(position - mWindow.start);
-    const std::size_t some = std::min(count, mWindow.size - at);
-    std::memcpy(buffer, mBuffer.get() + at, some);
-    return some;
+    const std::string_view ahead = mCursor.Ahead().substr(0, count);
+    std::copy(ahead.begin(), ahead.end(), buffer);
+    return ahead.size();
 }
 
 std::size_t CFILESTREAM::ReadFile(void* buffer, std::size_t count) {
@@ -211,12 +215,12 @@ std::size_t CFILESTREAM::WriteFile(unsigned long long position, const void* buff
 }
 
 void CFILESTREAM::WritePending() {
-    if (mWindow.pendingBegin == mWindow.pendingEnd) {
+    if (mPending.IsEmpty()) {
         return;
     }
-    mWindow.pendingBegin += WriteFile(mWindow.start + mWindow.pendingBegin, mBuffer.get() + mWindow.pendingBegin,
-                                      mWindow.pendingEnd - mWindow.pendingBegin);
-    FailLastError(mWindow.pendingBegin == mWindow.pendingEnd ? 1 : 0);
+    mPending.begin += WriteFile(mCursor.GetArea().start + mPending.begin, mBuffer.get() + mPending.begin,
+                                mPending.end - mPending.begin);
+    FailLastError(mPending.IsEmpty() ? 1 : 0);
     FollowAppended();
 }
 
@@ -228,7 +232,7 @@ void CFILESTREAM::FollowAppended() {
     const bool isAtEnd = mCursor.IsAtEnd();
     const std::int64_t size = platform::FileSize(mFile);
     FailLastError(size >= 0 ? 1 : 0);
-    mWindow = {};
+    Forget();
     mCursor.SetSize(static_cast<unsigned long long>(size));
     if (isAtEnd) {
         mCursor.SetPositionFromEnd(0);

@@ -67,18 +67,17 @@ public:
     static constexpr std::size_t kBufferSize = 64 * 1024;
 
 private:
-    /// A part of the file in the buffer. What lies between `pendingBegin` and `pendingEnd` is not yet written.
-    struct WINDOW {
-        unsigned long long start = 0;
-        std::size_t size = 0;
-        std::size_t pendingBegin = 0;
-        std::size_t pendingEnd = 0;
-
-        [[nodiscard]] bool Holds(unsigned long long position) const noexcept;
-        [[nodiscard]] bool Takes(unsigned long long position, std::size_t count) const noexcept;
-        void Cut(unsigned long long fileSize) noexcept;
+    /// What of the buffer is not yet written, as places in it. The buffer holds the part of the file that mCursor tells.
+    struct PENDING {
+        std::size_t begin = 0;
+        std::size_t end = 0;
+        [[nodiscard]] bool IsEmpty() const noexcept { return begin == end; }
     };
 
+    void SetWindow(unsigned long long start, std::size_t size) noexcept { mCursor.SetArea({mBuffer.get(), start, size}); }
+    [[nodiscard]] bool Takes(std::size_t count) const noexcept;
+    void Forget(unsigned long long start = 0) noexcept;
+    void Cut(unsigned long long fileSize) noexcept;
     [[nodiscard]] bool Has(OpenMode flag) const;
     bool Release() noexcept;
     std::size_t ReadSome(char* buffer, std::size_t count);
@@ -90,7 +89,7 @@ private:
     const std::string mPath;
     platform::FILEHANDLE mFile = platform::kNoFile;
     std::unique_ptr<char[]> mBuffer;
-    WINDOW mWindow;
+    PENDING mPending;
 };
 
 }  // namespace MLCore

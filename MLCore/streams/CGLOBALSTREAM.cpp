@@ -12,21 +12,25 @@ CGLOBALSTREAM::CGLOBALSTREAM(void* handle, bool owns) : CURSORSTREAM(ReadWrite),
     mCursor = STREAMCURSOR(mBlock.GetSize());
 }
 
-CGLOBALSTREAM::~CGLOBALSTREAM() = default;
+CGLOBALSTREAM::~CGLOBALSTREAM() { static_cast<void>(Block()); }
 
 void CGLOBALSTREAM::Open() {
-    mBlock.Lock();
+    Block().Lock();
+    SetArea();
     CURSORSTREAM::Open();
 }
 
 long CGLOBALSTREAM::GetValue(void* buffer, long count) {
-    FailClosed(*this);
+    FailNotReady();
     return mCursor.ReadFrom(mBlock.GetData(), buffer, count);
 }
 
 void CGLOBALSTREAM::SetValue(const void* buffer, long count) {
-    FailClosed(*this);
+    FailNotReady();
     if (count <= 0) {
+        return;
+    }
+    if (mCursor.Put(buffer, static_cast<std::size_t>(count))) {
         return;
     }
     const unsigned long long end = mCursor.GetPosition() + static_cast<unsigned long long>(count);
@@ -46,7 +50,7 @@ void CGLOBALSTREAM::SetValue(const void* buffer, long count) {
 }
 
 void CGLOBALSTREAM::SetSize(unsigned long long size) {
-    FailClosed(*this);
+    FailNotReady();
     const unsigned long long oldSize = mCursor.GetSize();
     if (size == oldSize) {
         return;
@@ -64,8 +68,12 @@ void CGLOBALSTREAM::SetCapacity(unsigned long long capacity) {
         FailNull(nullptr);
     }
     if (capacity != GetCapacity()) {
-        mBlock.SetSize(static_cast<std::size_t>(capacity));
+        mCursor.SetArea({});  // the block may move, also when it then keeps its size
+        Block().SetSize(static_cast<std::size_t>(capacity));
+        SetArea();
     }
 }
+
+void CGLOBALSTREAM::SetArea() noexcept { mCursor.SetArea({static_cast<char*>(mBlock.GetData()), 0, mBlock.GetRoom()}); }
 
 }  // namespace MLCore

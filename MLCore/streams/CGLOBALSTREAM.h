@@ -25,16 +25,23 @@ public:
     void SetSize(unsigned long long size) override;
 
     /// The size of the memory block, open or closed.
-    [[nodiscard]] unsigned long long GetCapacity() const noexcept { return mBlock.GetSize(); }
+    [[nodiscard]] unsigned long long GetCapacity() const noexcept { return Block().GetSize(); }
 
 protected:
     CGLOBALSTREAM();
     CGLOBALSTREAM(void* handle, bool owns);
 
-    mutable GLOBALBLOCK mBlock;  // gets its told size when its handle is handed out
+    /// The block, told of what was written to its room.
+    [[nodiscard]] GLOBALBLOCK& Block() const noexcept {
+        mBlock.Extend(static_cast<std::size_t>(mCursor.GetSize()));
+        return mBlock;
+    }
 
 private:
     void SetCapacity(unsigned long long capacity);
+    void SetArea() noexcept;
+
+    mutable GLOBALBLOCK mBlock;
 };
 
 }  // namespace MLCore

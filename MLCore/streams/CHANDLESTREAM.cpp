@@ -8,22 +8,27 @@ CHANDLESTREAM::CHANDLESTREAM(void* handle, int owns) : CSTREAM(ReadWrite), CGLOB
 
 CHANDLESTREAM::~CHANDLESTREAM() = default;
 
+void CHANDLESTREAM::Open() {
+    CGLOBALSTREAM::Open();
+    Lend(typeid(CHANDLESTREAM));
+}
+
 void CHANDLESTREAM::Close() {
     if (IsOpen() == 0) {
         return;
     }
     CGLOBALSTREAM::Close();
-    mBlock.Unlock(static_cast<std::size_t>(mCursor.GetSize()));
+    Block().Unlock(static_cast<std::size_t>(mCursor.GetSize()));
 }
 
-void* CHANDLESTREAM::GetHandle() const { return mBlock.GetHandle(); }
+void* CHANDLESTREAM::GetHandle() const { return Block().GetHandle(); }
 
 void* CHANDLESTREAM::Detach() {
     if (IsOpen() != 0) {
         return nullptr;
     }
     mCursor = STREAMCURSOR();
-    return mBlock.Detach();
+    return Block().Detach();
 }
 
 unsigned long long CHANDLESTREAM::GetWritePosition() const { return GetSize(); }

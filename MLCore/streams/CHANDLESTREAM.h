@@ -23,6 +23,7 @@ public:
     /// Unlocks the block, and frees it when it is owned.
     ~CHANDLESTREAM() override;
 
+    void Open() override;
     /// Unlocks the block and gives it exactly the size of the stream; when the system refuses, as it does for an empty stream,
     /// the block keeps its capacity.
     void Close() override;

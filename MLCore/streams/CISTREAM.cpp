@@ -8,9 +8,11 @@
 #include <MLCore/streams/CSTREAMREADER.h>
 #include <MLCore/streams/GLOBALBLOCK.h>
 #include <MLCore/streams/OBJECTDEPTH.h>
+#include <MLCore/streams/STREAMCURSOR.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace MLCore {
 
@@ -56,6 +58,15 @@ void CISTREAM::ReadExactly(void* buffer, long count) {
     }
 }
 
+template <class Value>
+void CISTREAM::ReadPlain(Value& value) {
+    if (const char* const bytes = mLent != nullptr ? mLent->Take(sizeof(value)) : nullptr) {
+        std::memcpy(static_cast<void*>(&value), bytes, sizeof(value));
+    } else {
+        ReadExactly(&value, sizeof(value));
+    }
+}
+
 void CISTREAM::GetValue(void*& handle) {
     unsigned long size = 0;
     GetValue(size);
@@ -79,18 +90,23 @@ void CISTREAM::GetValue(CSERIALIZABLE& object) {
     object.ReadState(reader);
 }
 
-void CISTREAM::GetValue(CDATETIME& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValue(CDATETIME& value) { ReadPlain(value); }
 
-void CISTREAM::GetValue(CTIME& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValue(CTIME& value) { ReadPlain(value); }
 
-void CISTREAM::GetValue(CDATE& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValue(CDATE& value) { ReadPlain(value); }
 
-void CISTREAM::GetValue(double& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValue(double& value) { ReadPlain(value); }
 
 // Through 32 bits, which keep what was there where a stream stores less, or nothing.
 template <class Stored, class Value>
 void CISTREAM::ReadWidened(Value& value) {
     Stored stored = static_cast<Stored>(value);
+    if (const char* const bytes = mLent != nullptr ? mLent->Take(sizeof(stored)) : nullptr) {
+        std::memcpy(&stored, bytes, sizeof(stored));
+        value = static_cast<Value>(stored);
+        return;
+    }
     const long count = GetValue(&stored, long{sizeof(stored)});
     value = static_cast<Value>(stored);
     if (count != long{sizeof(stored)}) {
@@ -100,15 +116,20 @@ void CISTREAM::ReadWidened(Value& value) {
 
 void CISTREAM::GetValue(unsigned long& value) { ReadWidened<std::uint32_t>(value); }
 
-void CISTREAM::GetValue(unsigned short& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValue(unsigned short& value) { ReadPlain(value); }
 
 void CISTREAM::GetValue(long& value) { ReadWidened<std::int32_t>(value); }
 
-void CISTREAM::GetValue(short& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValue(short& value) { ReadPlain(value); }
 
 void CISTREAM::GetValue(std::string& value, long length) {
     if (length < 0) {
         return FailOSErr(kErrStreamEnd);
+    }
+    const std::size_t count = static_cast<std::size_t>(length);
+    if (const char* const bytes = mLent != nullptr ? mLent->Take(count) : nullptr) {
+        value.assign(bytes, count);
+        return;
     }
     if (length <= kShortText) {
         char buffer[kShortText + 1];
@@ -134,9 +155,9 @@ void CISTREAM::GetValue(char* buffer, long length) {
     buffer[length] = '\0';
 }
 
-void CISTREAM::GetValue(char& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValue(char& value) { ReadPlain(value); }
 
-void CISTREAM::GetValueBOOL(int& value) { ReadExactly(&value, sizeof(value)); }
+void CISTREAM::GetValueBOOL(int& value) { ReadPlain(value); }
 
 CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> CISTREAM::GetObject() {
     short length = 0;

@@ -17,6 +17,7 @@
 namespace MLCore {
 
 class COSTREAM;
+class STREAMCURSOR;
 
 /// A stream of bytes to read from.
 ///
@@ -105,9 +106,14 @@ private:
         return *this;
     }
     void ReadExactly(void* buffer, long count);
+    template <class Value>
+    void ReadPlain(Value& value);
     template <class Stored, class Value>
     void ReadWidened(Value& value);
 
+    friend class CURSORSTREAM;
+    friend class CISTREAMDECORATORTEXT;
+    STREAMCURSOR* mLent = nullptr;  // typed reads are done in its memory, as far as that goes
     short mObjectDepth = 0;
 };
 

@@ -7,17 +7,23 @@ CMEMSTREAM::CMEMSTREAM(unsigned long capacity, void* data)
     if (capacity != 0) {
         FailNull(data);
     }
+    mCursor.SetArea({static_cast<char*>(data), 0, capacity});
 }
 
 CMEMSTREAM::~CMEMSTREAM() = default;
 
+void CMEMSTREAM::Open() {
+    CURSORSTREAM::Open();
+    Lend(typeid(CMEMSTREAM));
+}
+
 long CMEMSTREAM::GetValue(void* buffer, long count) {
-    FailClosed(*this);
+    FailNotReady();
     return mCursor.ReadFrom(mData, buffer, count);
 }
 
 void CMEMSTREAM::SetValue(const void* buffer, long count) {
-    FailClosed(*this);
+    FailNotReady();
     if (count <= 0) {
         return;
     }
@@ -28,13 +34,13 @@ void CMEMSTREAM::SetValue(const void* buffer, long count) {
 }
 
 void CMEMSTREAM::OffsetPosition(long delta) {
-    FailClosed(*this);
+    FailNotReady();
     // A sum below 0 wraps far beyond the size.
     mCursor.SetPosition(mCursor.GetPosition() + static_cast<unsigned long long>(delta));
 }
 
 void CMEMSTREAM::SetSize(unsigned long long size) {
-    FailClosed(*this);
+    FailNotReady();
     if (size > mCapacity) {
         FailOSErr(kErrStreamName);
     }

@@ -15,6 +15,7 @@ public:
 
     using COSTREAM::SetValue;
     using CURSORSTREAM::GetValue;
+    void Open() override;
     long GetValue(void* buffer, long count) override;
     /// Fails with -111, and writes nothing, when the bytes do not fit the capacity.
     void SetValue(const void* buffer, long count) override;

@@ -6,6 +6,7 @@
 #include <MLCore/platform/GlobalMemory.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
 #include <MLCore/streams/OBJECTDEPTH.h>
+#include <MLCore/streams/STREAMCURSOR.h>
 
 #include <cstdint>
 #include <cstring>
@@ -37,6 +38,12 @@ COSTREAM::COSTREAM(OpenMode mode) { mOpenMode = mode; }
 
 COSTREAM::~COSTREAM() = default;
 
+inline void COSTREAM::WriteBytes(const void* bytes, std::size_t count) {
+    if (mLent == nullptr || !mLent->Put(bytes, count)) {
+        SetValue(bytes, static_cast<long>(count));
+    }
+}
+
 void COSTREAM::SetValue(void* handle) {
     const std::size_t size = handle != nullptr ? platform::GlobalBlockSize(handle) : 0;
     if (size == 0) {
@@ -56,27 +63,27 @@ void COSTREAM::SetValue(const CSERIALIZABLE& object) {
     object.WriteState(writer);
 }
 
-void COSTREAM::SetValue(const CDATETIME& value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValue(const CDATETIME& value) { WriteBytes(&value, sizeof(value)); }
 
-void COSTREAM::SetValue(const CTIME& value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValue(const CTIME& value) { WriteBytes(&value, sizeof(value)); }
 
-void COSTREAM::SetValue(const CDATE& value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValue(const CDATE& value) { WriteBytes(&value, sizeof(value)); }
 
-void COSTREAM::SetValue(double value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValue(double value) { WriteBytes(&value, sizeof(value)); }
 
 void COSTREAM::SetValue(unsigned long value) {
     const std::uint32_t stored = UInt32OrFail(value);
-    SetValue(static_cast<const void*>(&stored), long{sizeof(stored)});
+    WriteBytes(&stored, sizeof(stored));
 }
 
-void COSTREAM::SetValue(unsigned short value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValue(unsigned short value) { WriteBytes(&value, sizeof(value)); }
 
 void COSTREAM::SetValue(long value) {
     const std::int32_t stored = Int32OrFail(value);
-    SetValue(static_cast<const void*>(&stored), long{sizeof(stored)});
+    WriteBytes(&stored, sizeof(stored));
 }
 
-void COSTREAM::SetValue(short value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValue(short value) { WriteBytes(&value, sizeof(value)); }
 
 void COSTREAM::SetValue(const std::string& value) { WriteText(value); }
 
@@ -85,14 +92,14 @@ void COSTREAM::SetValue(const char* value) { WriteText(value != nullptr ? value 
 void COSTREAM::WriteText(std::string_view text) {
     do {
         const std::string_view piece = text.substr(0, kLongestBlock);  // what a `long` can count everywhere
-        SetValue(static_cast<const void*>(piece.data()), static_cast<long>(piece.size()));
+        WriteBytes(piece.data(), piece.size());
         text.remove_prefix(piece.size());
     } while (!text.empty());
 }
 
-void COSTREAM::SetValue(char value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValue(char value) { WriteBytes(&value, sizeof(value)); }
 
-void COSTREAM::SetValueBOOL(int value) { SetValue(static_cast<const void*>(&value), long{sizeof(value)}); }
+void COSTREAM::SetValueBOOL(int value) { WriteBytes(&value, sizeof(value)); }
 
 void COSTREAM::SetObject(const CSERIALIZABLEOBJECT* object) {
     const char* const identifier = object != nullptr ? object->GetClassIdentifier() : nullptr;
@@ -106,7 +113,7 @@ void COSTREAM::SetObject(const CSERIALIZABLEOBJECT* object) {
     }
     const OBJECTDEPTH depth(mObjectDepth);
     SetValue(static_cast<short>(length));
-    SetValue(static_cast<const void*>(identifier), static_cast<long>(length));
+    WriteBytes(identifier, length);
     SetValue(static_cast<const CSERIALIZABLE&>(*object));
 }
 

@@ -14,6 +14,8 @@
 
 namespace MLCore {
 
+class STREAMCURSOR;
+
 /// A stream of bytes to write to.
 ///
 /// A concrete stream defines the raw write; the typed writes are built on it and write values as they lie in memory,
@@ -83,8 +85,11 @@ private:
         return *this;
     }
 
+    void WriteBytes(const void* bytes, std::size_t count);
     void WriteText(std::string_view text);
 
+    friend class CURSORSTREAM;
+    STREAMCURSOR* mLent = nullptr;  // typed writes are done in its memory, as far as that goes
     short mObjectDepth = 0;
 };
 

@@ -12,30 +12,42 @@ void CURSORSTREAM::Open() {
     mCursor.Rewind();
 }
 
-int CURSORSTREAM::IsEnd() const { return IsOpen() == 0 || mCursor.IsAtEnd() ? 1 : 0; }
+void CURSORSTREAM::Close() {
+    CISTREAM::mLent = nullptr;
+    COSTREAM::mLent = nullptr;
+    CSTREAM::Close();
+}
+
+void CURSORSTREAM::Lend(const std::type_info& own, bool readsOnly) noexcept {
+    STREAMCURSOR* const lent = typeid(*this) == own ? &mCursor : nullptr;
+    CISTREAM::mLent = lent;
+    COSTREAM::mLent = readsOnly ? nullptr : lent;
+}
+
+int CURSORSTREAM::IsEnd() const { return !IsReady() || mCursor.IsAtEnd() ? 1 : 0; }
 
 long CURSORSTREAM::GetValue(COSTREAM& out) {
-    FailClosed(*this);
+    FailNotReady();
     return CISTREAM::GetValue(out);
 }
 
-unsigned long long CURSORSTREAM::GetPosition() const { return IsOpen() != 0 ? mCursor.GetPosition() : 0; }
+unsigned long long CURSORSTREAM::GetPosition() const { return IsReady() ? mCursor.GetPosition() : 0; }
 
 void CURSORSTREAM::SetPosition(unsigned long long position) {
-    FailClosed(*this);
+    FailNotReady();
     mCursor.SetPosition(position);
 }
 
 void CURSORSTREAM::SetPositionFromEnd(unsigned long long distance) {
-    FailClosed(*this);
+    FailNotReady();
     mCursor.SetPositionFromEnd(distance);
 }
 
 void CURSORSTREAM::OffsetPosition(long delta) {
-    FailClosed(*this);
+    FailNotReady();
     mCursor.Offset(delta);
 }
 
-unsigned long long CURSORSTREAM::GetSize() const { return IsOpen() != 0 ? mCursor.GetSize() : 0; }
+unsigned long long CURSORSTREAM::GetSize() const { return IsReady() ? mCursor.GetSize() : 0; }
 
 }  // namespace MLCore

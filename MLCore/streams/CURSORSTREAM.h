@@ -4,6 +4,8 @@
 #include <MLCore/streams/CRANDOMIOSTREAM.h>
 #include <MLCore/streams/STREAMCURSOR.h>
 
+#include <typeinfo>
+
 namespace MLCore {
 
 /// What the streams of both directions and of random access have in common when their size and position are all there is to
@@ -15,6 +17,7 @@ public:
     using CISTREAM::GetValue;
     /// At the first byte, with the size kept.
     void Open() override;
+    void Close() override;
     [[nodiscard]] int IsEnd() const override;
     long GetValue(COSTREAM& out) override;
 
@@ -26,6 +29,18 @@ public:
 
 protected:
     explicit CURSORSTREAM(OpenMode mode, unsigned long long size = 0);
+
+    /// Called by Open(): until Close(), typed reads (and typed writes, unless `readsOnly`) are done in the cursor's memory.
+    /// Only for an object of the class `own` itself: one derived from it may have raw operations of its own.
+    void Lend(const std::type_info& own, bool readsOnly = false) noexcept;
+    [[nodiscard]] bool IsLent() const noexcept { return CISTREAM::mLent != nullptr; }
+    /// IsOpen(), which nobody can have overridden when the stream is lent.
+    [[nodiscard]] bool IsReady() const { return IsLent() || IsOpen() != 0; }
+    void FailNotReady() const {
+        if (!IsReady()) {
+            FailOSErr(kErrStreamClosed);
+        }
+    }
 
     STREAMCURSOR mCursor;
 };

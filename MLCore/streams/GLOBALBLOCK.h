@@ -26,6 +26,10 @@ public:
     [[nodiscard]] void* GetHandle();
     [[nodiscard]] std::size_t GetSize() const noexcept { return mSize; }
 
+    /// How many bytes there really is room for while the block is locked.
+    [[nodiscard]] std::size_t GetRoom() const noexcept { return mRoom; }
+    /// Tells at least `size`, for which there is room.
+    void Extend(std::size_t size) noexcept { mSize = size > mSize ? size : mSize; }
     /// Resizes the block and locks it; new bytes are not cleared. Size 0 frees it. Without memory it fails with -100 and
     /// stays as it was.
     void SetSize(std::size_t size) {

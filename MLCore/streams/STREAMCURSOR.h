@@ -6,8 +6,17 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace MLCore {
+
+/// A part of a stream that lies in memory: `size` bytes at `data`, from the position `start` of the stream on. Behind the
+/// stream's end there is only room for them.
+struct STREAMAREA {
+    char* data = nullptr;
+    unsigned long long start = 0;
+    std::size_t size = 0;
+};
 
 /// The size and the position of a stream of random access, and the rules about them that such streams share.
 class STREAMCURSOR {
@@ -73,9 +82,44 @@ public:
         Advance(count);
     }
 
+    /// What of the stream lies in memory; kept up to date by the stream.
+    [[nodiscard]] const STREAMAREA& GetArea() const noexcept { return mArea; }
+    void SetArea(const STREAMAREA& area) noexcept { mArea = area; }
+    /// The bytes from the position on that lie in memory.
+    [[nodiscard]] std::string_view Ahead() const noexcept {
+        const std::size_t count = static_cast<std::size_t>(std::min<unsigned long long>(RoomAhead(), mSize - mPosition));
+        return count != 0 ? std::string_view(AtPosition(), count) : std::string_view();
+    }
+    /// Moves on over `count` bytes and returns them; null, and stays, when they do not all lie in memory.
+    [[nodiscard]] const char* Take(std::size_t count) noexcept {
+        if (count > RoomAhead() || count > mSize - mPosition || mArea.data == nullptr) {
+            return nullptr;
+        }
+        const char* const taken = AtPosition();
+        mPosition += count;
+        return taken;
+    }
+    /// Writes to memory; false, with nothing done, when there is not room for all. The bytes may come from there.
+    [[nodiscard]] bool Put(const void* bytes, std::size_t count) noexcept {
+        if (count > RoomAhead() || mArea.data == nullptr) {
+            return false;
+        }
+        std::memmove(AtPosition(), bytes, count);
+        mPosition += count;
+        mSize = std::max(mSize, mPosition);
+        return true;
+    }
+
 private:
+    [[nodiscard]] std::size_t RoomAhead() const noexcept {
+        const unsigned long long at = mPosition - mArea.start;  // wraps before the start
+        return at < mArea.size ? mArea.size - static_cast<std::size_t>(at) : 0;
+    }
+    [[nodiscard]] char* AtPosition() const noexcept { return mArea.data + (mPosition - mArea.start); }
+
     unsigned long long mPosition = 0;
     unsigned long long mSize = 0;
+    STREAMAREA mArea;
 };
 
 /// What every operation of a concrete stream but the queries begins with: 141 when it is closed.
