@@ -2,27 +2,22 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
-#include <ostream>
+#include <string>
+
+#include "support/Figures.h"
 
 namespace bench {
 
 namespace {
 
-// In a row of the table: printf knows widths.
-template <class... VALUES>
-void Print(std::ostream& out, const char* format, VALUES... values) {
-    char line[160];
-    std::snprintf(line, sizeof line, format, values...);
-    out << line;
-}
+using RUN = benchmark::BenchmarkReporter::Run;
 
 // The processor time per item in each repetition, in nanoseconds, ascending.
-std::vector<double> TimesPerItem(const std::vector<benchmark::BenchmarkReporter::Run>& runs) {
+std::vector<double> TimesPerItem(const std::vector<RUN>& runs) {
     std::vector<double> times;
-    for (const auto& run : runs) {
+    for (const RUN& run : runs) {
         const auto rate = run.counters.find("items_per_second");
-        if (run.run_type == benchmark::BenchmarkReporter::Run::RT_Iteration && rate != run.counters.end()) {
+        if (run.run_type == RUN::RT_Iteration && rate != run.counters.end()) {
             times.push_back(1e9 / rate->second.value);
         }
     }
@@ -30,48 +25,47 @@ std::vector<double> TimesPerItem(const std::vector<benchmark::BenchmarkReporter:
     return times;
 }
 
+// Puts `value` behind those of the same workload and who.
+void AddSize(std::vector<GROWTHFIGURE>& growth, const FIGURE& figure, const RUN& run) {
+    if (growth.empty() || growth.back().workload != figure.workload || growth.back().who != figure.who) {
+        growth.push_back({figure.workload, figure.who, run.counters.count(kLogarithmicCounter) != 0, {}, {}});
+    }
+    growth.back().sizes.push_back(static_cast<std::size_t>(run.counters.at(kSizeCounter).value));
+    growth.back().values.push_back(figure.value);
+}
+
 }  // namespace
 
-bool RATIOREPORTER::ReportContext(const Context& context) {
-    std::ostream& out = GetOutputStream();
-    Print(out, "\n%s: %d processors of %.0f MHz", context.executable_name, context.cpu_info.num_cpus,
-          context.cpu_info.cycles_per_second / 1e6);
-    if (!context.cpu_info.load_avg.empty()) {
-        Print(out, ", load %.1f", context.cpu_info.load_avg.front());
-    }
-    out << '\n';
-    return true;
-}
-
 void RATIOREPORTER::ReportRuns(const std::vector<Run>& runs) {
-    const std::vector<double> times = TimesPerItem(runs);
-    if (times.empty()) {
-        return;
+    for (const Run& run : runs) {
+        mRuns[run.family_index].push_back(run);
     }
-    const std::string name = runs.front().run_name.function_name;
-    const std::size_t slash = name.find('/');
-    if (name.substr(0, slash) != mWorkload) {
-        mWorkload = name.substr(0, slash);
-        mOurs = 0;
-        PrintTitle(mWorkload);
-    }
-    PrintRow(name.substr(slash + 1), {times[times.size() / 2], times.front(), times.back()});
 }
 
-void RATIOREPORTER::PrintTitle(const std::string& workload) {
-    Print(GetOutputStream(), "\n%-40s %12s %23s %12s\n", workload.c_str(), "ns per item", "least - most",
-          "ours/theirs");
-}
-
-void RATIOREPORTER::PrintRow(const std::string& who, const FIGURE& figure) {
-    std::ostream& out = GetOutputStream();
-    Print(out, "  %-38s %12.2f %10.2f - %10.2f", who.c_str(), figure.median, figure.least, figure.most);
-    if (mOurs > 0) {
-        Print(out, " %12.3g", mOurs / figure.median);
-    } else {
-        mOurs = figure.median;
+void RATIOREPORTER::Finalize() {
+    std::vector<FIGURE> figures;
+    std::vector<GROWTHFIGURE> growth;
+    for (const auto& [index, runs] : mRuns) {
+        const std::vector<double> times = TimesPerItem(runs);
+        if (times.empty()) {
+            continue;
+        }
+        const std::string& name = runs.front().run_name.function_name;
+        const std::size_t slash = name.find('/');
+        const double median = times[times.size() / 2];
+        const FIGURE figure{name.substr(0, slash), name.substr(slash + 1), median,
+                            100 * (times.back() - times.front()) / median};
+        if (runs.front().counters.count(kSizeCounter) != 0) {
+            AddSize(growth, figure, runs.front());
+        } else {
+            figures.push_back(figure);
+        }
     }
-    out << std::endl;
+    if (mHasTitles && !figures.empty()) {
+        PrintTitles(GetOutputStream(), "ns per item");
+    }
+    PrintFigures(GetOutputStream(), figures);
+    PrintGrowth(GetOutputStream(), growth);
 }
 
 }  // namespace bench

@@ -2,30 +2,30 @@
 
 #include <benchmark/benchmark.h>
 
-#include <string>
+#include <cstdint>
+#include <map>
 #include <vector>
 
 namespace bench {
 
-/// Prints for each workload the time per item of everybody who does it, and for each peer of the first one how the
-/// first one's time compares.
+/// Collects the repetitions of everybody, which arrive in a random order, and prints at the end what each item took, in
+/// the order in which it was registered.
 class RATIOREPORTER : public benchmark::BenchmarkReporter {
 public:
-    bool ReportContext(const Context& context) override;
+    /// \param hasTitles  false when other programs print rows of the same table, and one of them the titles.
+    explicit RATIOREPORTER(bool hasTitles) : mHasTitles(hasTitles) {}
+
+    bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override;
+    void Finalize() override;
 
 private:
-    struct FIGURE {
-        double median;
-        double least;
-        double most;
-    };
-
-    void PrintTitle(const std::string& workload);
-    void PrintRow(const std::string& who, const FIGURE& figure);
-
-    std::string mWorkload;
-    double mOurs = 0;
+    bool mHasTitles;
+    std::map<std::int64_t, std::vector<Run>> mRuns;
 };
+
+/// Counters that tell the size of a run that is one of several sizes, and that its law is n log n.
+inline constexpr char kSizeCounter[] = "size";
+inline constexpr char kLogarithmicCounter[] = "n log n";
 
 }  // namespace bench

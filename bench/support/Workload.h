@@ -2,21 +2,28 @@
 ///
 ///     WORKLOAD("weekday", dates.size())
 ///         .Add("MLCore", [&](std::size_t i) { return dates[i].GetDayOfWeek(); })
-///         .Add("std::chrono", [&](std::size_t i) { return peerDates[i]...; });
+///         .Add("std::chrono", [&](std::size_t i) { return peerDates[i]...; })
+///         .AddLimit("a shift and a mask", [&](std::size_t i) { return ...; });
 ///     return Run(argc, argv);
 #pragma once
 
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "support/Figures.h"
+#include "support/RatioReporter.h"
+
 namespace bench {
+
+/// Keeps the first result for item i, which must be given in order; another one for the same item ends the program.
+void CheckResult(const std::string& workload, const std::string& who, std::size_t i, std::int64_t result,
+                 std::vector<std::int64_t>& results);
 
 class WORKLOAD {
 public:
@@ -49,20 +56,17 @@ public:
         benchmark::RegisterBenchmark((mName + '/' + who).c_str(), pass);
         return *this;
     }
+    /// The same for work done by hand, which no library of this kind can be expected to beat.
+    template <class OPERATION>
+    WORKLOAD& AddLimit(const std::string& what, OPERATION operation) {
+        return Add(kLimit + what, operation);
+    }
 
 private:
     template <class OPERATION>
     void Check(const std::string& who, const OPERATION& operation) {
-        const bool isFirst = mResults.empty();
         for (std::size_t i = 0; i < mCount; ++i) {
-            const std::int64_t result = operation(i);
-            if (isFirst) {
-                mResults.push_back(result);
-            } else if (result != mResults[i]) {
-                std::cerr << mName << ", item " << i << ": " << who << " gives " << result << ", not " << mResults[i]
-                          << '\n';
-                std::exit(1);
-            }
+            CheckResult(mName, who, i, operation(i), mResults);
         }
     }
 
@@ -73,8 +77,45 @@ private:
     std::vector<std::int64_t> mResults;
 };
 
-/// Measures what has been registered and prints it with RATIOREPORTER. Takes the options of Google Benchmark. The
-/// program's status.
+/// One workload with collections of several sizes. Each pass handles kItems items, in as many collections as it takes, so
+/// that no size has its data nearer to the processor than another.
+class GROWTH {
+public:
+    static constexpr std::size_t kItems = 1000000;
+    static constexpr std::array<std::size_t, 3> kSizes = {10000, 100000, kItems};
+    enum class LAW { LINEAR, LOGARITHMIC };
+
+    GROWTH(std::string name, LAW law) : mName(std::move(name)), mLaw(law) {}
+
+    /// pass(size) handles all items, in collections of `size`. Its result is checked as those of WORKLOAD are.
+    template <class PASS>
+    GROWTH& Add(const std::string& who, PASS pass) {
+        for (std::size_t i = 0; i < kSizes.size(); ++i) {
+            const std::size_t size = kSizes[i];
+            CheckResult(mName, who, i, pass(size), mResults);
+            const auto run = [pass, size, law = mLaw](benchmark::State& state) {
+                for ([[maybe_unused]] auto iteration : state) {
+                    benchmark::DoNotOptimize(pass(size));
+                }
+                state.SetItemsProcessed(static_cast<std::int64_t>(kItems) * state.iterations());
+                state.counters[kSizeCounter] = static_cast<double>(size);
+                if (law == LAW::LOGARITHMIC) {
+                    state.counters[kLogarithmicCounter] = 1;
+                }
+            };
+            benchmark::RegisterBenchmark((mName + '/' + who).c_str(), run);
+        }
+        return *this;
+    }
+
+private:
+    std::string mName;
+    LAW mLaw;
+    std::vector<std::int64_t> mResults;
+};
+
+/// Measures what has been registered and prints it with RATIOREPORTER. Takes the options of Google Benchmark, and
+/// --no_titles for a table that another program began. The program's status.
 int Run(int argc, char** argv);
 
 }  // namespace bench
