@@ -1,5 +1,5 @@
-// Filters and sorts a million records: objects of a class with access by key, and dictionaries, beside hand-written code over
-// structs and over records that are std::unordered_map.
+// Filters and sorts up to a million records: objects of a class with access by key, and dictionaries, beside hand-written code
+// over structs and over records that are std::unordered_map, a database in memory, and Foundation's predicates.
 
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/predicates/BinaryPredicates.h>
@@ -17,8 +17,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <unordered_map>
 #include <variant>
@@ -26,13 +29,20 @@
 
 #include "support/Workload.h"
 
+#if defined(MLCORE_HAVE_GNUSTEP)
+#include "peers/NsPredicate.h"
+#endif
+#if defined(MLCORE_HAVE_SQLITE)
+#include <sqlite3.h>
+#endif
+
 namespace bench {
 
 using namespace MLCore;
 
+constexpr std::size_t kCounts[] = {10000, 100000, 1000000};
 constexpr std::size_t kCount = 1000000;
-constexpr std::size_t kFewer = 100000;
-constexpr double kLimit = 8000;
+constexpr double kMinAmount = 8000;
 
 struct PLAIN {
     std::int32_t row;
@@ -52,8 +62,11 @@ public:
     explicit CCLIENTORDER(const PLAIN& plain) : mPlain(plain) {}
 
     CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override {
-        using GETTER = CVALUE (*)(const PLAIN&);
-        static const std::unordered_map<std::string, GETTER> kGetters = {
+        struct PROPERTY {
+            std::string_view key;
+            CVALUE (*get)(const PLAIN&);
+        };
+        static constexpr PROPERTY kProperties[] = {
             {"row", [](const PLAIN& plain) { return CVALUE(long{plain.row}); }},
             {"client", [](const PLAIN& plain) { return CVALUE(plain.client); }},
             {"city", [](const PLAIN& plain) { return CVALUE(plain.city); }},
@@ -62,8 +75,9 @@ public:
             {"quantity", [](const PLAIN& plain) { return CVALUE(long{plain.quantity}); }},
             {"active", [](const PLAIN& plain) { return CVALUE(plain.active ? 1 : 0); }},
         };
-        const auto found = kGetters.find(key);
-        return found != kGetters.end() ? CVALUEOBJECT::Create(found->second(mPlain)) : COBJECT::GetKeyValue(key);
+        const auto* const found = std::find_if(std::begin(kProperties), std::end(kProperties),
+                                               [&key](const PROPERTY& property) { return property.key == key; });
+        return found != std::end(kProperties) ? CVALUEOBJECT::Create(found->get(mPlain)) : COBJECT::GetKeyValue(key);
     }
 
 private:
@@ -140,13 +154,13 @@ CSHAREOBJECTPTR<CPREDICATE> MakePredicate() {
     const auto value = [](const CVALUE& constant) { return CVALUEEXPRESSION::Create(constant); };
     return CORPREDICATE::Create(
         CANDPREDICATE::Create(
-            CGREATERPREDICATE::Create(key("amount"), value(kLimit)),
+            CGREATERPREDICATE::Create(key("amount"), value(kMinAmount)),
             CBEGINSPREDICATE::Create(key("client"), value("A"), CVALUEOBJECT::ComparisonOption::CaseInsensitive)),
         CCOMPARISONBETWEENPREDICATE::Create(key("quantity"), value(10L), value(20L)));
 }
 
 bool IsWanted(const PLAIN& plain) {
-    return (plain.amount > kLimit && (plain.client[0] == 'A' || plain.client[0] == 'a')) ||
+    return (plain.amount > kMinAmount && (plain.client[0] == 'A' || plain.client[0] == 'a')) ||
            (plain.quantity >= 10 && plain.quantity <= 20);
 }
 
@@ -160,17 +174,12 @@ bool IsWanted(const MAP& map) {
         return !text.empty() && (text[0] == 'A' || text[0] == 'a');
     };
     const auto isBetween = [](std::int32_t number) { return number >= 10 && number <= 20; };
-    return (Get<double>(map, "amount") > kLimit && beginsWithA(Get<std::string>(map, "client"))) ||
+    return (Get<double>(map, "amount") > kMinAmount && beginsWithA(Get<std::string>(map, "client"))) ||
            isBetween(Get<std::int32_t>(map, "quantity"));
 }
 
 bool IsBefore(const PLAIN* left, const PLAIN* right) {
     return std::tie(left->client, right->amount) < std::tie(right->client, left->amount);
-}
-
-bool IsBefore(const MAP* left, const MAP* right) {
-    const int order = Get<std::string>(*left, "client").compare(Get<std::string>(*right, "client"));
-    return order != 0 ? order < 0 : Get<double>(*left, "amount") > Get<double>(*right, "amount");
 }
 
 // What a result is compared by: its size, and the rows at some hundred of its places.
@@ -210,11 +219,11 @@ auto FilterByHand(const std::vector<RECORD>& records, std::size_t count) {
 }
 
 template <class RECORD>
-auto SortByHand(const std::vector<RECORD>& records) {
-    return [&records](std::size_t) {
+auto SortByHand(const std::vector<RECORD>& records, std::size_t count) {
+    return [&records, count](std::size_t) {
         std::vector<const RECORD*> sorted;
-        for (const RECORD& record : records) {
-            sorted.push_back(&record);
+        for (std::size_t i = 0; i < count; ++i) {
+            sorted.push_back(&records[i]);
         }
         std::stable_sort(sorted.begin(), sorted.end(),
                          [](const auto* left, const auto* right) { return IsBefore(left, right); });
@@ -230,32 +239,121 @@ CSHAREOBJECTPTR<CARRAY> FirstOf(CARRAY& array, std::size_t count) {
     return first;
 }
 
+#if defined(MLCORE_HAVE_SQLITE)
+/// The first `count` records as a table.
+class SQLTABLE {
+public:
+    SQLTABLE(const std::vector<PLAIN>& plains, std::size_t count) {
+        sqlite3* database = nullptr;
+        sqlite3_open(":memory:", &database);
+        mDatabase.reset(database);
+        Run("CREATE TABLE orders(row INTEGER, client TEXT, city TEXT, amount REAL, date INTEGER, quantity INTEGER, "
+            "active INTEGER); BEGIN");
+        const STATEMENT insert = Prepare("INSERT INTO orders VALUES(?,?,?,?,?,?,?)");
+        std::for_each_n(plains.begin(), count, [&insert](const PLAIN& plain) {
+            sqlite3_bind_int(insert.get(), 1, plain.row);
+            sqlite3_bind_text(insert.get(), 2, plain.client.c_str(), -1, SQLITE_STATIC);
+            sqlite3_bind_text(insert.get(), 3, plain.city.c_str(), -1, SQLITE_STATIC);
+            sqlite3_bind_double(insert.get(), 4, plain.amount);
+            sqlite3_bind_int(insert.get(), 5, plain.date.ToLDate());
+            sqlite3_bind_int(insert.get(), 6, plain.quantity);
+            sqlite3_bind_int(insert.get(), 7, plain.active ? 1 : 0);
+            sqlite3_step(insert.get());
+            sqlite3_reset(insert.get());
+        });
+        Run("COMMIT");
+        mFilter =
+            Prepare("SELECT row FROM orders WHERE (amount > ? AND client LIKE 'A%') OR quantity BETWEEN 10 AND 20");
+        sqlite3_bind_double(mFilter.get(), 1, kMinAmount);
+        mSort = Prepare("SELECT row FROM orders ORDER BY client, amount DESC");
+    }
+
+    [[nodiscard]] std::int64_t Filter() const { return DigestOf(mFilter.get()); }
+    [[nodiscard]] std::int64_t Sort() const { return DigestOf(mSort.get()); }
+
+private:
+    struct CLOSE {
+        void operator()(sqlite3* database) const { sqlite3_close(database); }
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+    using STATEMENT = std::unique_ptr<sqlite3_stmt, CLOSE>;
+
+    void Run(const char* text) const { sqlite3_exec(mDatabase.get(), text, nullptr, nullptr, nullptr); }
+    [[nodiscard]] STATEMENT Prepare(const char* text) const {
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(mDatabase.get(), text, -1, &statement, nullptr);
+        return STATEMENT(statement);
+    }
+    static std::int64_t DigestOf(sqlite3_stmt* statement) {
+        std::vector<std::int32_t> rows;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            rows.push_back(sqlite3_column_int(statement, 0));
+        }
+        sqlite3_reset(statement);
+        return Digest(rows.size(), [&rows](std::size_t i) { return rows[i]; });
+    }
+
+    std::unique_ptr<sqlite3, CLOSE> mDatabase;
+    STATEMENT mFilter;
+    STATEMENT mSort;
+};
+#endif
+
+#if defined(MLCORE_HAVE_GNUSTEP)
+// More would only need more memory: its time per record is the same.
+constexpr std::size_t kMostNsRecords = 100000;
+
+std::shared_ptr<NSRECORDS> NsRecordsOf(const std::vector<PLAIN>& plains, std::size_t count) {
+    const auto records = std::make_shared<NSRECORDS>();
+    std::for_each_n(plains.begin(), count, [&records](const PLAIN& plain) {
+        records->Add(plain.row, plain.client.c_str(), plain.city.c_str(), plain.amount, plain.date.ToLDate(),
+                     plain.quantity, plain.active);
+    });
+    return records;
+}
+#endif
+
 void RegisterFilter(const DATA& data, const std::string& what, CARRAY& all, std::size_t count) {
     const auto array = FirstOf(all, count);
     const auto predicate = MakePredicate();
-    WORKLOAD("filter " + std::to_string(count) + ' ' + what, 1, nullptr, count)
-        .Add("MLCore", [array, predicate](std::size_t) { return Digest(array->Filter(predicate)); })
-        .Add("structs", FilterByHand(data.plains, count))
-        .Add("std::unordered_map", FilterByHand(data.maps, count));
+    WORKLOAD workload("filter " + std::to_string(count) + ' ' + what, 1, nullptr, count);
+    workload.Add("MLCore", [array, predicate](std::size_t) { return Digest(array->Filter(predicate)); });
+#if defined(MLCORE_HAVE_SQLITE)
+    const auto table = std::make_shared<SQLTABLE>(data.plains, count);
+    workload.Add("SQLite", [table](std::size_t) { return table->Filter(); });
+#endif
+#if defined(MLCORE_HAVE_GNUSTEP)
+    if (count <= kMostNsRecords) {
+        const auto records = NsRecordsOf(data.plains, count);
+        workload.Add("NSPredicate", [records](std::size_t) {
+            return Digest(records->Filter(kMinAmount), [&records](std::size_t i) { return records->RowAt(i); });
+        });
+    }
+#endif
+    workload.Add("std::unordered_map", FilterByHand(data.maps, count)).AddLimit("structs", FilterByHand(data.plains, count));
 }
 
-void RegisterSort(const DATA& data, const std::string& what, const CSHAREOBJECTPTR<CARRAY>& array) {
+void RegisterSort(const DATA& data, const std::string& what, CARRAY& all, std::size_t count) {
+    const auto array = FirstOf(all, count);
     const auto order = CSORTDESCRIPTORBUILDER::Create("client;-amount");
-    WORKLOAD("sort " + std::to_string(kCount) + ' ' + what, 1, nullptr, kCount)
-        .Add("MLCore", [array, order](std::size_t) { return Digest(SortArray(array, order)); })
-        .Add("structs", SortByHand(data.plains))
-        .Add("std::unordered_map", SortByHand(data.maps));
+    WORKLOAD workload("sort " + std::to_string(count) + ' ' + what, 1, nullptr, count);
+    workload.Add("MLCore", [array, order](std::size_t) { return Digest(SortArray(array, order)); });
+#if defined(MLCORE_HAVE_SQLITE)
+    const auto table = std::make_shared<SQLTABLE>(data.plains, count);
+    workload.Add("SQLite", [table](std::size_t) { return table->Sort(); });
+#endif
+    workload.AddLimit("structs", SortByHand(data.plains, count));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const DATA data = MakeData(kCount);
-    for (const std::size_t count : {kFewer, kCount}) {
-        RegisterFilter(data, "objects", *data.objects, count);
+    for (const std::size_t count : kCounts) {
         RegisterFilter(data, "dictionaries", *data.dictionaries, count);
+        RegisterFilter(data, "objects", *data.objects, count);
+        RegisterSort(data, "dictionaries", *data.dictionaries, count);
+        RegisterSort(data, "objects", *data.objects, count);
     }
-    RegisterSort(data, "objects", data.objects);
-    RegisterSort(data, "dictionaries", data.dictionaries);
     return Run(argc, argv);
 }
