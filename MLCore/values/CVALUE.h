@@ -17,6 +17,7 @@
 #include <functional>
 #include <iosfwd>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -77,15 +78,15 @@ public:
     /// Fails with kErrOverflow when the number does not fit 32 bits.
     CVALUE(long value) : mType(Type::Long) { SetPayload(Int32OrFail(value)); }
     CVALUE(unsigned long value) : mType(Type::ULong) { SetPayload(UInt32OrFail(value)); }
-    CVALUE(float value) : mType(Type::Float) { Allocate(&value, sizeof(value)); }
-    CVALUE(double value) : mType(Type::Double) { Allocate(&value, sizeof(value)); }
+    CVALUE(float value) : mType(Type::Float) { Allocate(value); }
+    CVALUE(double value) : mType(Type::Double) { Allocate(value); }
     /// Null makes an empty String.
-    CVALUE(const char* value) : CVALUE(Type::String, value) {}
+    CVALUE(const char* value) : mType(Type::String) { AllocateText(value == nullptr ? "" : value); }
     /// Keeps what stands before the first zero byte.
     CVALUE(const std::string& value) : CVALUE(value.c_str()) {}
-    CVALUE(const CDATE& value) : mType(Type::Date) { Allocate(&value, sizeof(value)); }
+    CVALUE(const CDATE& value) : mType(Type::Date) { Allocate(value); }
     CVALUE(const CTIME& value) noexcept : mType(Type::Time) { SetPayload(value.GetTotalSeconds()); }
-    CVALUE(const CDATETIME& value) : mType(Type::DateTime) { Allocate(&value, sizeof(value)); }
+    CVALUE(const CDATETIME& value) : mType(Type::DateTime) { Allocate(value); }
     CVALUE(const _GUID& value) : CVALUE(Type::Guid, &value) {}
     /// Adds a reference; null is allowed.
     CVALUE(CSHAREOBJECT* value) : CVALUE(Type::Object, value) {}
@@ -165,7 +166,10 @@ public:
     [[nodiscard]] unsigned long ToDWord() const { return static_cast<unsigned long>(NumberOf(Type::ULong)); }
     [[nodiscard]] CDATE ToDate() const { return StoredAs<CDATE>(Type::Date); }
     [[nodiscard]] CTIME ToTime() const { return StoredAs<CTIME>(Type::Time); }
-    [[nodiscard]] std::string ToString() const { return static_cast<const char*>(*this); }
+    [[nodiscard]] std::string ToString() const {
+        Require(Type::String);
+        return std::string(TextView());
+    }
     [[nodiscard]] float ToFloat() const { return StoredAs<float>(Type::Float); }
     [[nodiscard]] double ToDouble() const { return StoredAs<double>(Type::Double); }
     [[nodiscard]] CDATETIME ToDateTime() const { return StoredAs<CDATETIME>(Type::DateTime); }
@@ -192,7 +196,8 @@ public:
     /// The same type and the same bytes, so 0.0 and -0.0 differ and a NaN equals itself; texts by character, objects by
     /// identity.
     friend bool operator==(const CVALUE& left, const CVALUE& right) noexcept {
-        return left.mType == right.mType && (left.Payload() == right.Payload() || left.IsSameContent(right));
+        return left.mType == right.mType &&
+               (left.Payload() == right.Payload() || (left.OwnsPayload() && left.IsSameContent(right)));
     }
     // With a plain value: false for any other type, then by the plain type's own equality. The orders may be turned round.
     friend bool operator==(const CVALUE& value, short other) noexcept { return value.Is(Type::Short, other); }
@@ -248,7 +253,10 @@ public:
 private:
     friend struct std::hash<CVALUE>;
 
-    [[nodiscard]] bool OwnsPayload() const noexcept { return IsAllocatedType(mType) != 0; }
+    [[nodiscard]] bool OwnsPayload() const noexcept {
+        constexpr unsigned kInline = 0b1000'0101'1110;  // the types by their codes; the test is on every path
+        return (kInline >> static_cast<unsigned>(mType) & 1U) == 0;
+    }
     [[nodiscard]] std::int64_t Payload() const noexcept {
         std::int64_t payload;
         std::memcpy(&payload, mPayload, sizeof(payload));
@@ -262,14 +270,31 @@ private:
         return block;
     }
     void SetBlock(void* block) noexcept { std::memcpy(mPayload, &block, sizeof(block)); }
-    /// Sets the payload to a new block with a copy of `data`, or with zeros for null.
-    void Allocate(const void* data, std::size_t size);
+    [[nodiscard]] static void* NewBlock(std::size_t size);
+    /// Sets the payload to a new block with a copy of `value`.
+    template <class T>
+    void Allocate(const T& value) {
+        SetBlock(std::memcpy(NewBlock(sizeof(value)), &value, sizeof(value)));
+    }
+    void AllocateText(std::string_view text);
+    static constexpr std::size_t kTextHeader = sizeof(std::size_t);  // in front of each text stands its length
+    /// Of a String.
+    [[nodiscard]] std::string_view TextView() const noexcept {
+        const auto* const text = static_cast<const char*>(Block());
+        std::size_t length = 0;
+        if (text != nullptr) {
+            std::memcpy(&length, text - kTextHeader, sizeof(length));
+        }
+        return {text, length};
+    }
     void CopyPayload(const CVALUE& other);
     void Assign(const CVALUE& other);
     void ReleasePayload() noexcept;
     void Swap(CVALUE& other) noexcept {
+        const std::int64_t payload = Payload();
+        SetPayload(other.Payload());
+        other.SetPayload(payload);
         std::swap(mType, other.mType);
-        std::swap(mPayload, other.mPayload);
     }
 
     /// The stored bytes; zeros where an allocated type holds none. Not for objects.
@@ -300,7 +325,7 @@ private:
         return Payload();
     }
     [[nodiscard]] bool Is(Type type, long long number) const noexcept { return mType == type && Payload() == number; }
-    /// Of two values of one type whose payloads differ.
+    /// Of two values of one allocated type whose payloads differ.
     [[nodiscard]] bool IsSameContent(const CVALUE& other) const noexcept;
     [[nodiscard]] bool IsGuid(const _GUID& guid) const noexcept;
     [[nodiscard]] bool IsVariant(const _variant_t& variant) const;

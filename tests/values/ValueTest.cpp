@@ -9,6 +9,7 @@
 #include <cstring>
 #include <limits>
 #include <sstream>
+#include <thread>
 #include <unordered_set>
 #include <vector>
 
@@ -196,6 +197,34 @@ TEST(ValueTest, CopiesAreDeepAndMovesLeaveNull) {
         EXPECT_EQ(text.GetSize(), next.GetSize());
     }
     EXPECT_EQ(object->GetUseCount(), 1);
+}
+
+// More values than are kept for reuse, of all sizes about those of the blocks, freed by a thread that did not make them.
+TEST(ValueTest, PassesFromThreadToThread) {
+    const auto make = [](char letter) {
+        std::vector<CVALUE> values;
+        for (std::size_t i = 0; i < 70 * 64; ++i) {
+            values.push_back(i % 64 == 0 ? CVALUE(double{1} + letter) : CVALUE(std::string(i % 64, letter)));
+        }
+        return values;
+    };
+    const auto expectAll = [](const std::vector<CVALUE>& values, char letter) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            ASSERT_EQ(values[i], i % 64 == 0 ? CVALUE(double{1} + letter) : CVALUE(std::string(i % 64, letter)));
+        }
+    };
+    for (int round = 0; round < 4; ++round) {
+        std::vector<CVALUE> given = make('a');
+        const std::vector<CVALUE> kept = make('b');
+        std::thread([values = std::move(given)]() mutable { values.clear(); }).join();
+        std::vector<CVALUE> other;
+        std::thread worker([&] { other = make('c'); });
+        const std::vector<CVALUE> own = make('d');
+        worker.join();
+        expectAll(kept, 'b');
+        expectAll(other, 'c');
+        expectAll(own, 'd');
+    }
 }
 
 TEST(ValueTest, HoldsOneReferenceOfAnObject) {
