@@ -3,6 +3,7 @@
 #include <MLCore/core/KEYSTEPS.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -11,7 +12,16 @@ namespace MLCore {
 
 namespace {
 
-bool IsDelimiter(char character) noexcept { return character == '.' || character == '[' || character == ']'; }
+/// By byte.
+constexpr std::array<bool, 256> kIsDelimiter = [] {
+    std::array<bool, 256> isDelimiter{};
+    for (const unsigned char character : {'.', '[', ']'}) {
+        isDelimiter[character] = true;
+    }
+    return isDelimiter;
+}();
+
+bool IsDelimiter(char character) noexcept { return kIsDelimiter[static_cast<unsigned char>(character)]; }
 
 void Require(bool condition) {
     if (!condition) {

@@ -34,18 +34,25 @@ int CCOMPARISONBETWEENPREDICATE::Evaluate(COBJECT* object) const { return Compar
 void CCOMPARISONBETWEENPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperands.Accept(*this, visitor); }
 
 int CCOMPARISONBETWEENPREDICATE::Compare(const SUBJECT& subject) const {
-    const CSHAREOBJECTPTR<COBJECT> values[] = {mOperands[0].Evaluate(subject), mOperands[1].Evaluate(subject),
-                                               mOperands[2].Evaluate(subject)};
+    CSHAREOBJECTPTR<COBJECT> holders[3];
+    COBJECT* values[3];
+    for (std::size_t i = 0; i < 3; ++i) {
+        values[i] = mOperands[i].Evaluate(subject, holders[i]);
+    }
     return CmpBetween(values[0], values[1], values[2], GetComparisonOption());
 }
 
 int CCOMPARISONBETWEENPREDICATE::CmpBetween(COBJECT* value, COBJECT* lower, COBJECT* upper,
                                             CVALUEOBJECT::ComparisonOption option) {
     const CVALUEOBJECT* const tested = ValueObject(value);
-    if (tested == nullptr || ValueObject(lower) == nullptr || ValueObject(upper) == nullptr) {
+    const CVALUEOBJECT* const least = ValueObject(lower);
+    const CVALUEOBJECT* const most = ValueObject(upper);
+    if (tested == nullptr || least == nullptr || most == nullptr) {
         return 0;
     }
-    return tested->Cmp(lower, TYPE::GreaterEqual, option) != 0 ? tested->Cmp(upper, TYPE::LesserEqual, option) : 0;
+    return tested->Cmp(least->GetValue(), TYPE::GreaterEqual, option) != 0
+               ? tested->Cmp(most->GetValue(), TYPE::LesserEqual, option)
+               : 0;
 }
 
 void CCOMPARISONBETWEENPREDICATE::WriteOperands(CKEYWRITER& writer) const { mOperands.Write(writer); }

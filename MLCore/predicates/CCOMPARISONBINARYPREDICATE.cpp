@@ -39,17 +39,19 @@ int CCOMPARISONBINARYPREDICATE::Evaluate(COBJECT* object) const { return Compare
 void CCOMPARISONBINARYPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperands.Accept(*this, visitor); }
 
 int CCOMPARISONBINARYPREDICATE::Compare(const SUBJECT& subject) const {
-    const CSHAREOBJECTPTR<COBJECT> left = mOperands[0].Evaluate(subject);
-    const CSHAREOBJECTPTR<COBJECT> right = mOperands[1].Evaluate(subject);
-    if (!left || !right || ValueObject(left) == nullptr) {
+    CSHAREOBJECTPTR<COBJECT> holders[2];
+    COBJECT* const left = mOperands[0].Evaluate(subject, holders[0]);
+    COBJECT* const right = mOperands[1].Evaluate(subject, holders[1]);
+    const CVALUEOBJECT* first = ValueObject(left);
+    if (first == nullptr || right == nullptr) {
         return 0;
     }
     const TYPE type = GetComparisonType();
-    const bool isMirrored = !mOperands[0].IsKey() && mOperands[1].IsKey() && IsOrder(type);
-    const CVALUEOBJECT* const first = ValueObject(isMirrored ? right : left);
-    return first != nullptr
-               ? first->Cmp(isMirrored ? left : right, isMirrored ? Mirror(type) : type, GetComparisonOption())
-               : 0;
+    if (mOperands[0].IsKey() || !mOperands[1].IsKey() || !IsOrder(type)) {
+        return CompareValue(*first, right, type, GetComparisonOption());
+    }
+    first = ValueObject(right);
+    return first != nullptr ? CompareValue(*first, left, Mirror(type), GetComparisonOption()) : 0;
 }
 
 void CCOMPARISONBINARYPREDICATE::WriteOperands(CKEYWRITER& writer) const { mOperands.Write(writer); }

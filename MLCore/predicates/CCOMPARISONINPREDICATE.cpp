@@ -32,9 +32,10 @@ int CCOMPARISONINPREDICATE::Evaluate(COBJECT* object) const { return Compare({ob
 void CCOMPARISONINPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperands.Accept(*this, visitor); }
 
 int CCOMPARISONINPREDICATE::Compare(const SUBJECT& subject) const {
-    const CSHAREOBJECTPTR<COBJECT> tested = mOperands[0].Evaluate(subject);
-    const CVALUEOBJECT* const value = ValueObject(tested);
-    return value != nullptr ? value->Cmp(mOperands[1].Evaluate(subject), TYPE::In, GetComparisonOption()) : 0;
+    CSHAREOBJECTPTR<COBJECT> holders[2];
+    const CVALUEOBJECT* const value = ValueObject(mOperands[0].Evaluate(subject, holders[0]));
+    return value != nullptr ? value->Cmp(mOperands[1].Evaluate(subject, holders[1]), TYPE::In, GetComparisonOption())
+                            : 0;
 }
 
 void CCOMPARISONINPREDICATE::WriteOperands(CKEYWRITER& writer) const { mOperands.Write(writer); }

@@ -26,13 +26,16 @@ CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type)
     : CPREDICATE(PredicateType::Compound), mType(type), mPredicates(CMEMARRAY::Create()) {}
 
 CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type, const CARRAY& predicates)
-    : CPREDICATE(PredicateType::Compound), mType(type), mPredicates(CopyOf<CPREDICATE>(predicates)) {}
+    : CPREDICATE(PredicateType::Compound), mType(type), mPredicates(CopyOf<CPREDICATE>(predicates)) {
+    ForEachOf<CPREDICATE>(*mPredicates, [this](const CPREDICATE& member) { mMembers.push_back(&member); });
+}
 
 CCOMPOUNDPREDICATE::~CCOMPOUNDPREDICATE() = default;
 
 void CCOMPOUNDPREDICATE::AddPredicate(CSHAREOBJECTPTR<CPREDICATE> predicate) {
     FailNull(predicate);
     mPredicates->AddObject(predicate);
+    mMembers.push_back(predicate);
 }
 
 void CCOMPOUNDPREDICATE::AddPredicates(std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates) {
@@ -45,9 +48,8 @@ void CCOMPOUNDPREDICATE::AddPredicates(std::initializer_list<CSHAREOBJECTPTR<CPR
 template <class Evaluation>
 int CCOMPOUNDPREDICATE::Decide(const Evaluation& evaluate) const {
     const bool deciding = mType == Type::OR;
-    for (long index = 0; index < mPredicates->GetCount(); ++index) {
-        const CSHAREOBJECTPTR<COBJECT> member = mPredicates->GetObjectAt(index);
-        const bool isTrue = evaluate(static_cast<const CPREDICATE&>(*member)) != 0;
+    for (std::size_t index = 0; index < mMembers.size(); ++index) {
+        const bool isTrue = evaluate(*mMembers[index]) != 0;
         if (mType == Type::NOT) {
             return isTrue ? 0 : 1;
         }

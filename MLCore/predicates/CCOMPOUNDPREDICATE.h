@@ -4,6 +4,7 @@
 #include <MLCore/values/CARRAY.h>
 
 #include <initializer_list>
+#include <vector>
 
 namespace MLCore {
 
@@ -43,6 +44,7 @@ private:
 
     Type mType;
     CSHAREOBJECTPTR<CARRAY> mPredicates;
+    std::vector<const CPREDICATE*> mMembers;  // those in the array, without the cost of asking it
 };
 
 /// Writes "COMPOUNDTYPE_AND" and so on; nothing for an unknown one.

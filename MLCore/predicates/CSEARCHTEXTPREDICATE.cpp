@@ -50,8 +50,9 @@ int CSEARCHTEXTPREDICATE::Search(const SUBJECT& subject) const {
     if (GetField() == nullptr) {
         return 0;
     }
-    const CSHAREOBJECTPTR<COBJECT> field = mOperands.front().Evaluate(subject);
-    const CSHAREOBJECTPTR<COBJECT> text = mOperands.back().Evaluate(subject);
+    CSHAREOBJECTPTR<COBJECT> holders[2];
+    COBJECT* const field = mOperands.front().Evaluate(subject, holders[0]);
+    COBJECT* const text = mOperands.back().Evaluate(subject, holders[1]);
     const CVALUEOBJECT* const where = ValueObject(field);
     const CVALUEOBJECT* const what = ValueObject(text);
     if (!IsText(where) || !IsText(what)) {

@@ -4,6 +4,7 @@
 #include <MLCore/values/CVALUEOBJECT.h>
 
 #include <cstddef>
+#include <typeinfo>
 
 namespace MLCore {
 
@@ -23,13 +24,14 @@ public:
 
     [[nodiscard]] CEXPRESSION* GetExpression() const noexcept { return mExpression; }
     [[nodiscard]] bool IsKey() const noexcept { return mIsKey; }
-    /// The expression's value; may be null. Not to be changed: a constant is shared.
-    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(const SUBJECT& subject) const {
+    /// The expression's value; may be null. Lives as long as the operand and `holder`. Not to be changed: a constant is shared.
+    [[nodiscard]] COBJECT* Evaluate(const SUBJECT& subject, CSHAREOBJECTPTR<COBJECT>& holder) const {
         if (!!mConstant) {
-            return mConstant;
+            return mConstant;  // not counted: it has an owner
         }
-        return subject.variables != nullptr ? mExpression->Evaluate(subject.object, *subject.variables)
-                                            : mExpression->Evaluate(subject.object);
+        holder = subject.variables != nullptr ? mExpression->Evaluate(subject.object, *subject.variables)
+                                              : mExpression->Evaluate(subject.object);
+        return holder;
     }
 
 private:
@@ -40,8 +42,16 @@ private:
 
 /// The value object that `object` is, or null.
 [[nodiscard]] inline CVALUEOBJECT* ValueObject(COBJECT* object) noexcept {
-    const bool isOne = object != nullptr && object->ClassInfo().IsKind(CVALUEOBJECT::ClassInfoStatic()) != 0;
+    const bool isOne = object != nullptr && (typeid(*object) == typeid(CVALUEOBJECT) ||
+                                             object->ClassInfo().IsKind(CVALUEOBJECT::ClassInfoStatic()) != 0);
     return isOne ? static_cast<CVALUEOBJECT*>(object) : nullptr;
+}
+
+/// What `value` says of `other`, which may be a collection or null.
+[[nodiscard]] inline int CompareValue(const CVALUEOBJECT& value, COBJECT* other, CVALUEOBJECT::ComparisonType type,
+                                      CVALUEOBJECT::ComparisonOption option) {
+    const CVALUEOBJECT* const otherValue = ValueObject(other);
+    return otherValue != nullptr ? value.Cmp(otherValue->GetValue(), type, option) : value.Cmp(other, type, option);
 }
 
 }  // namespace MLCore

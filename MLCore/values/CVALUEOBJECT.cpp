@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <iterator>
 #include <ostream>
+#include <utility>
 
 namespace MLCore {
 
@@ -43,9 +44,15 @@ bool IsText(const CVALUE& value) noexcept { return value.GetType() == CVALUE::Ty
 
 CVALUEOBJECT::CVALUEOBJECT(const CVALUE& value) : mValue(value) {}
 
+CVALUEOBJECT::CVALUEOBJECT(CVALUE&& value) noexcept : mValue(std::move(value)) {}
+
 CVALUEOBJECT::~CVALUEOBJECT() = default;
 
 CSHAREOBJECTPTR<CVALUEOBJECT> CVALUEOBJECT::Create(const CVALUE& value) { return AdoptObject(new CVALUEOBJECT(value)); }
+
+CSHAREOBJECTPTR<CVALUEOBJECT> CVALUEOBJECT::Create(CVALUE&& value) {
+    return AdoptObject(new CVALUEOBJECT(std::move(value)));
+}
 
 int CVALUEOBJECT::Cmp(const CVALUE& other, ComparisonType type, ComparisonOption option) const {
     using COMPARISON = int (CVALUEOBJECT::*)(const CVALUE&, ComparisonOption) const;

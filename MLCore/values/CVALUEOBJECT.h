@@ -62,6 +62,8 @@ public:
 
     /// A new object with a copy of `value`, null by default.
     [[nodiscard]] static CSHAREOBJECTPTR<CVALUEOBJECT> Create(const CVALUE& value = CVALUE::Null());
+    /// A new object that takes `value` over.
+    [[nodiscard]] static CSHAREOBJECTPTR<CVALUEOBJECT> Create(CVALUE&& value);
 
     /// Valid until the value is set or the object goes.
     [[nodiscard]] const CVALUE& GetValue() const noexcept { return mValue; }
@@ -87,6 +89,7 @@ public:
 
 protected:
     explicit CVALUEOBJECT(const CVALUE& value);
+    explicit CVALUEOBJECT(CVALUE&& value) noexcept;
     ~CVALUEOBJECT() override;
 
     // The comparison types one by one; 0 or 1.
