@@ -30,7 +30,8 @@ namespace MLCore {
 ///
 /// Failures are FrameworkExceptions: the system's last error when it gives no random bytes or does not protect memory, -100
 /// (null) without memory. A failed call leaves the password as it was, save that memory that the system refuses to seal stays
-/// readable until the next Unlock() seals it. One object is used by one thread at a time.
+/// readable until the next Unlock() seals it. One object is used by one thread at a time. Each
+/// takes whole pages of memory: it is meant for a few thousand secrets at most.
 class MLCORE_API CPASSWORD {
 public:
     /// `length` characters, each of the first `length` ones of the alphabet: Create(8) only draws from "ABCDEFGH". Weak; see

@@ -49,7 +49,7 @@ inline constexpr unsigned int kFileTruncate = 0x20;   ///< empties the file; doe
 /// On Windows, others may only read a file that is open for writing; one that is open for reading or appending they may
 /// also append to, rename and remove. So there is one writer or several appenders there, and any number of readers. Other
 /// systems keep nobody out.
-/// \return the file, or kNoFile. Folders are refused. A new file gets the system's usual rights.
+/// \return the file, or kNoFile. Folders are refused, and pipes on Linux. A new file gets the system's usual rights.
 [[nodiscard]] MLCORE_API FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept;
 
 /// Closes a file; it is closed in any case. False when the system reports a late write error.

@@ -18,12 +18,13 @@ namespace MLCore::platform {
 ///   first name keeps its case.
 ///
 /// Such a file is made of lines: `[section]`, `name = value`, and comments that start with `;` or `#`. Blanks around
-/// names and values do not count. Of several lines for one setting the first counts; lines of another form are skipped.
+/// names and values do not count. Of several lines for one setting the first counts; lines of another form are skipped. What is no plain file, or larger than
+/// 1 MiB, holds no settings.
 
 /// The setting as a text, as it stands: on Windows in the ANSI code page, on Linux the bytes of the file.
 ///
 /// \return nothing when there is no such setting, the file cannot be read, or the key or name is null, empty or
-///         contains `/`, a `.` at its start or a line end. A number is told in decimal.
+///         contains `/`, a `.` or `\` at its start or a line end. A number is told in decimal.
 /// \throws std::bad_alloc
 [[nodiscard]] MLCORE_API std::optional<std::string> ReadPreferenceText(const char* key, const char* name);
 

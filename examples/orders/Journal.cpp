@@ -3,6 +3,8 @@
 #include <MLCore/logging/CLOGGERBASIC.h>
 #include <MLCore/logging/CLOGMANAGER.h>
 
+#include <algorithm>
+
 #include "RecordFile.h"
 
 namespace orders {
@@ -36,8 +38,11 @@ void StartJournal(const std::string& path) {
 }
 
 void Tell(LogEventType type, const std::string& text) {
+    std::string line = text;
+    std::replace_if(
+        line.begin(), line.end(), [](unsigned char character) { return character < ' '; }, '?');
     CLOGMANAGER::AddEvent(kChannel, type);
-    CLOGMANAGERLOGGER(kChannel, LevelOf(type)) << type << ' ' << text << MLCore::endl;
+    CLOGMANAGERLOGGER(kChannel, LevelOf(type)) << type << ' ' << line << MLCore::endl;
 }
 
 void WriteCounts(std::ostream& out) {

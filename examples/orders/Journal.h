@@ -11,7 +11,7 @@ namespace orders {
 /// Begins to count events, and to log them to a file unless the path is empty. Throws a std::runtime_error.
 void StartJournal(const std::string& path);
 
-/// Counts an event and logs its text.
+/// Counts an event and logs its text in a line, control characters as "?".
 void Tell(MLCore::LogEventType type, const std::string& text);
 
 /// Writes how many events of each type there were, in a line.

@@ -8,6 +8,7 @@
 #include <string>
 
 #if !defined(_WIN32)
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -86,6 +87,18 @@ TEST_F(PreferencesTest, LinesOfTheFile) {
     EXPECT_EQ(ReadPreferenceText("MLCorePreferencesTest\\Log", "Name"), std::nullopt) << "it must be absolute";
 }
 
+TEST_F(PreferencesTest, OnlyPlainFilesOfASensibleSize) {
+    const std::string content = "[Log]\nName = here\n";
+    std::ofstream(mFolder / "Marked.ini") << "\xEF\xBB\xBF" << content;
+    std::ofstream(mFolder / "Large.ini") << content << std::string(1024 * 1024, '\n');
+    std::filesystem::create_symlink("/dev/zero", mFolder / "Endless.ini");
+    EXPECT_EQ(mkfifo((mFolder / "Pipe.ini").c_str(), 0600), 0);
+    EXPECT_EQ(ReadPreferenceText("Marked\\Log", "Name"), "here");
+    for (const char* const key : {"Large\\Log", "Endless\\Log", "Pipe\\Log"}) {
+        EXPECT_EQ(ReadPreferenceText(key, "Name"), std::nullopt) << key;
+    }
+}
+
 #endif
 
 TEST_F(PreferencesTest, TextsAndNumbers) {
@@ -102,7 +115,7 @@ TEST_F(PreferencesTest, TextsAndNumbers) {
         EXPECT_EQ(ReadPreferenceNumber(key, name), std::nullopt) << name;
     }
     // what is missing or malformed
-    for (const char* const text : {static_cast<const char*>(nullptr), "", "../x", "a/b", "a\nb", "Missing",
+    for (const char* const text : {static_cast<const char*>(nullptr), "", "\\Log", "../x", "a/b", "a\nb", "Missing",
                                    "MLCorePreferencesTest\\Missing", "MLCoreNoSuchKey\\Log"}) {
         EXPECT_EQ(ReadPreferenceText(text, "Name"), std::nullopt);
         EXPECT_EQ(ReadPreferenceText(key, text), std::nullopt);

@@ -49,7 +49,8 @@ int SystemFlags(unsigned int flags) noexcept {
     return result;
 }
 
-/// A folder can be opened for reading, but not read; what is no plain file is to wait for its data.
+/// A folder can be opened for reading, but not read, and writing to a pipe that nobody reads any more ends the process.
+/// What else is no plain file is to wait for its data.
 bool Settle(int descriptor) noexcept {
     struct stat status = {};
     if (fstat(descriptor, &status) != 0) {
@@ -57,6 +58,9 @@ bool Settle(int descriptor) noexcept {
     }
     if (S_ISDIR(status.st_mode)) {
         return Fail(EISDIR);
+    }
+    if (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode)) {
+        return Fail(ESPIPE);
     }
     if (S_ISREG(status.st_mode)) {
         return true;

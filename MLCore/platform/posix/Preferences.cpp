@@ -1,7 +1,10 @@
+#include <MLCore/platform/File.h>
 #include <MLCore/platform/Preferences.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
-#include <fstream>
+#include <sstream>
 #include <string_view>
 
 namespace MLCore::platform {
@@ -11,7 +14,8 @@ namespace {
 /// Also keeps a key from naming a file outside the folder.
 bool IsUsable(const char* text) noexcept {
     const std::string_view view = text == nullptr ? "" : text;
-    return !view.empty() && view.front() != '.' && view.find_first_of("/\r\n") == std::string_view::npos;
+    return !view.empty() && view.front() != '.' && view.front() != '\\' &&
+           view.find_first_of("/\r\n") == std::string_view::npos;
 }
 
 std::string_view Trimmed(std::string_view text) noexcept {
@@ -51,6 +55,24 @@ std::string SettingsFolder() {
     return home != nullptr && home[0] == '/' ? std::string(home) + "/.config" : std::string();
 }
 
+/// The content of a settings file; empty for what is no plain file, or larger than anybody's settings are.
+std::string ContentOf(const std::string& path) {
+    constexpr std::int64_t kMostBytes = 1024 * 1024;
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    const FILEHANDLE file = FileOpen(path.c_str(), kFileRead);
+    const std::int64_t size = file != kNoFile ? FileSize(file) : -1;
+    std::string content;
+    if (size > 0 && size <= kMostBytes) {
+        content.resize(static_cast<std::size_t>(size));
+        const std::int64_t got = FileRead(file, content.data(), content.size());
+        content.resize(static_cast<std::size_t>(got > 0 ? got : 0));
+    }
+    if (file != kNoFile) {
+        FileClose(file);
+    }
+    return content.starts_with(kByteOrderMark) ? content.substr(kByteOrderMark.size()) : content;
+}
+
 }  // namespace
 
 std::optional<std::string> ReadPreferenceText(const char* key, const char* name) {
@@ -61,7 +83,7 @@ std::optional<std::string> ReadPreferenceText(const char* key, const char* name)
     const std::string_view keyText = key;
     const std::size_t fileEnd = keyText.find('\\');
     const std::string_view section = fileEnd == std::string_view::npos ? "" : keyText.substr(fileEnd + 1);
-    std::ifstream file(folder + '/' + std::string(keyText.substr(0, fileEnd)) + ".ini");
+    std::istringstream file(ContentOf(folder + '/' + std::string(keyText.substr(0, fileEnd)) + ".ini"));
     std::string line;
     bool isInSection = section.empty();
     while (std::getline(file, line)) {
