@@ -6,6 +6,7 @@
 #include <ostream>
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace MLCore {
 
@@ -35,6 +36,12 @@ public:
     [[nodiscard]] std::string GetStr() const { return mStream.str(); }
 
 protected:
+    // Not the function itself: where both kinds of `endl` are in scope, the logger's is the better match.
+    struct STREAMMANIPULATOR {
+        STREAMMANIPULATOR(std::ostream& (*manipulator)(std::ostream&)) : function(manipulator) {}  // implicit
+        std::ostream& (*function)(std::ostream&);
+    };
+
     /// \param name  copied; null for the channel "".
     CLOGGERBASE(const char* name, CLOGMANAGER::Level level);
     ~CLOGGERBASE();
@@ -44,13 +51,26 @@ protected:
     void NextMsg() noexcept { ++mMsgNumber; }
     /// Empties the line, and has the stream work again if something failed to be written.
     void ResetStr();
+    /// The line, which is empty afterwards as after ResetStr(). Giving the text back spares the next line its memory.
+    [[nodiscard]] std::string TakeStr();
+    void GiveBack(std::string&& text) noexcept { mSpare = std::move(text); }
+
+    /// Inserts what the stream would, in a fraction of the time; false, and nothing is inserted, when the stream does not
+    /// work or has been told of another form or locale.
+    [[nodiscard]] bool InsertPlain(long long number);
+    [[nodiscard]] bool InsertPlain(unsigned long long number);
+    [[nodiscard]] bool InsertPlain(double number);
 
 private:
+    template <class... FORM>
+    bool InsertNumber(FORM... form);
+
     std::string mName;
     CLOGMANAGER::Level mLevel;
     long mId;
     long mMsgNumber = 0;
     std::ostringstream mStream;
+    std::string mSpare;
 };
 
 }  // namespace MLCore

@@ -9,6 +9,8 @@
 #include <ios>
 #include <ostream>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 namespace MLCore {
 
@@ -18,6 +20,14 @@ template <class Policy>
 concept LOGPOLICY = requires(const std::string& name, const std::string& text) {
     Policy::Write(name, text);
 };
+
+/// What streams write as numbers of at most 64 bits: no characters.
+template <class T>
+concept LOGNUMBER =
+    std::disjunction_v<std::is_same<T, bool>, std::is_same<T, short>, std::is_same<T, unsigned short>,
+                       std::is_same<T, int>, std::is_same<T, unsigned>, std::is_same<T, long>,
+                       std::is_same<T, unsigned long>, std::is_same<T, long long>, std::is_same<T, unsigned long long>,
+                       std::is_same<T, float>, std::is_same<T, double>>;
 
 /// A logger that hands each finished line to a policy: CLOGMANAGERPOLICY, CLOGDEBUGGERPOLICY, or one of your own.
 ///
@@ -29,49 +39,70 @@ concept LOGPOLICY = requires(const std::string& name, const std::string& text) {
 template <LOGPOLICY Policy>
 class MLCORE_TEMPLATE_API CLOGGERBASIC : public CLOGGERBASE {
 public:
-    explicit CLOGGERBASIC(const char* name, CLOGMANAGER::Level level = CLOGMANAGER::Level::INF)
-        : CLOGGERBASE(name, level) {}
+    explicit CLOGGERBASIC(const char* name, CLOGMANAGER::Level level = CLOGMANAGER::Level::INF);
 
     template <class T>
     CLOGGERBASIC& operator<<(const T& value) {
+        if constexpr (LOGNUMBER<T>) {
+            using LONG = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
+            if (InsertPlain(static_cast<std::conditional_t<std::is_floating_point_v<T>, double, LONG>>(value))) {
+                return *this;
+            }
+        }
         GetStream() << value;
         return *this;
     }
     /// Null adds nothing.
-    CLOGGERBASIC& operator<<(const char* text) {
-        GetStream() << (text != nullptr ? text : "");
-        return *this;
-    }
-    CLOGGERBASIC& operator<<(CLOGGERBASIC& (*manipulator)(CLOGGERBASIC&)) { return manipulator(*this); }
-    CLOGGERBASIC& operator<<(std::ios_base& (*manipulator)(std::ios_base&)) {
-        manipulator(GetStream());
-        return *this;
-    }
-    // Not the function itself: where both kinds of `endl` are in scope, the logger's is the better match.
-    struct STREAMMANIPULATOR {
-        STREAMMANIPULATOR(std::ostream& (*manipulator)(std::ostream&)) : function(manipulator) {}  // implicit
-        std::ostream& (*function)(std::ostream&);
-    };
-    CLOGGERBASIC& operator<<(STREAMMANIPULATOR manipulator) {
-        if (manipulator.function == STREAMMANIPULATOR(std::endl).function) {
-            EndLine();
-        } else {
-            manipulator.function(GetStream());
-        }
-        return *this;
-    }
+    CLOGGERBASIC& operator<<(const char* text);
+    CLOGGERBASIC& operator<<(CLOGGERBASIC& (*manipulator)(CLOGGERBASIC&));
+    CLOGGERBASIC& operator<<(std::ios_base& (*manipulator)(std::ios_base&));
+    CLOGGERBASIC& operator<<(STREAMMANIPULATOR manipulator);
 
     /// Passes the line to the policy when the logger is enabled, and begins a new one in any case. What the policy throws
     /// passes through.
-    void EndLine() {
-        const std::string text = GetStr();
-        ResetStr();
-        if (IsEnable() != 0) {
-            NextMsg();
-            Policy::Write(GetName(), text);
-        }
-    }
+    void EndLine();
 };
+
+// Not inside the class: Windows exports no inline functions of class templates.
+template <LOGPOLICY Policy>
+CLOGGERBASIC<Policy>::CLOGGERBASIC(const char* name, CLOGMANAGER::Level level) : CLOGGERBASE(name, level) {}
+
+template <LOGPOLICY Policy>
+CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(const char* text) {
+    GetStream() << (text != nullptr ? text : "");
+    return *this;
+}
+
+template <LOGPOLICY Policy>
+CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(CLOGGERBASIC& (*manipulator)(CLOGGERBASIC&)) {
+    return manipulator(*this);
+}
+
+template <LOGPOLICY Policy>
+CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(std::ios_base& (*manipulator)(std::ios_base&)) {
+    manipulator(GetStream());
+    return *this;
+}
+
+template <LOGPOLICY Policy>
+CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(STREAMMANIPULATOR manipulator) {
+    if (manipulator.function == STREAMMANIPULATOR(std::endl).function) {
+        EndLine();
+    } else {
+        manipulator.function(GetStream());
+    }
+    return *this;
+}
+
+template <LOGPOLICY Policy>
+void CLOGGERBASIC<Policy>::EndLine() {
+    std::string text = TakeStr();
+    if (IsEnable() != 0) {
+        NextMsg();
+        Policy::Write(GetName(), std::as_const(text));
+    }
+    GiveBack(std::move(text));
+}
 
 /// `logger << MLCore::endl` ends the line.
 template <class Policy>

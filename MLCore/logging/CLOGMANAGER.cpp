@@ -8,10 +8,10 @@
 
 #include <array>
 #include <atomic>
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <limits>
 #include <map>
 #include <mutex>
@@ -36,9 +36,7 @@ std::ostream& WriteName(std::ostream& out, const std::array<const char*, count>&
 class TIMESTAMP {
 public:
     std::string_view Now() noexcept {
-        const std::int64_t second =
-            std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch())
-                .count();
+        const std::time_t second = std::time(nullptr);
         if (second != mSecond) {
             mSecond = second;
             const platform::CIVILTIME now = platform::LocalNow();
@@ -50,7 +48,7 @@ public:
     }
 
 private:
-    std::int64_t mSecond = std::numeric_limits<std::int64_t>::min();
+    std::time_t mSecond = std::numeric_limits<std::time_t>::min();
     std::array<char, 80> mText = {};
     std::size_t mLength = 0;
 };

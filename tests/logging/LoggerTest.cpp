@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <iomanip>
+#include <limits>
+#include <locale>
 #include <sstream>
 #include <stdexcept>
 
@@ -48,6 +50,40 @@ TEST(Logger, TakesWhatStreamsTake) {
     names << Level::ERR << Level::WAR << Level::INF << Level::DEB << static_cast<Level>(4) << LogEventType::INFO
           << LogEventType::ALERTE << LogEventType::ERREUR << static_cast<LogEventType>(-1);
     EXPECT_EQ(names.str(), "ERRWARINFDEB4INFOALERTEERREUR-1");
+}
+
+struct GROUPING : numpunct<char> {
+    string do_grouping() const override { return "\3"; }
+};
+
+// Whatever the stream has been told.
+TEST(Logger, WritesNumbersAsStreamsDo) {
+    ios_base& (*const forms[])(ios_base&) = {dec, hex, showpos, uppercase, boolalpha, fixed, scientific};
+    const locale grouped(locale::classic(), new GROUPING);
+    for (const auto form : forms) {
+        for (const int precision : {6, 3}) {
+            for (const locale& place : {locale::classic(), grouped}) {
+                KEEPER log("numbers");
+                ostringstream expected;
+                for (ostream* const stream : {&log.GetStream(), static_cast<ostream*>(&expected)}) {
+                    stream->imbue(place);
+                    stream->precision(precision);
+                    form(*stream);
+                }
+                const auto add = [&](auto... numbers) {
+                    ((log << setw(3) << numbers << numbers << ' '), ...);
+                    ((expected << setw(3) << numbers << numbers << ' '), ...);
+                };
+                add(true, short{-7}, numeric_limits<unsigned short>::max(), numeric_limits<int>::min(), 7U, -70000L,
+                    numeric_limits<unsigned long>::max(), numeric_limits<long long>::min(),
+                    numeric_limits<unsigned long long>::max(), 'c', static_cast<signed char>('c'));
+                add(0.0, -0.0, 100000.0, 999999.5, 1e6, 0.0001, 0.00001, -1234.5678, 0.1F, 1e100, 5e-324, 1.5L,
+                    numeric_limits<double>::max(), numeric_limits<double>::infinity(),
+                    -numeric_limits<float>::infinity(), numeric_limits<double>::quiet_NaN());
+                EXPECT_EQ(log.GetStr(), expected.str());
+            }
+        }
+    }
 }
 
 TEST(Logger, SpeaksWhenItsLevelAndItsChannelAllow) {
