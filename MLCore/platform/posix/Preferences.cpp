@@ -62,7 +62,7 @@ std::string ContentOf(const std::string& path) {
     const FILEHANDLE file = FileOpen(path.c_str(), kFileRead);
     const std::int64_t size = file != kNoFile ? FileSize(file) : -1;
     std::string content;
-    if (size > 0 && size <= kMostBytes) {
+    if (size > 0 && size <= kMostBytes && FileSeek(file, 0)) {
         content.resize(static_cast<std::size_t>(size));
         const std::int64_t got = FileRead(file, content.data(), content.size());
         content.resize(static_cast<std::size_t>(got > 0 ? got : 0));
