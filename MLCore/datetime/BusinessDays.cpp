@@ -94,11 +94,6 @@ unsigned OpenWeekdays(const CCALENDARSTRATEGY& calendar) {
     return weekdays;
 }
 
-std::int32_t WeekStart(std::int32_t serial, int firstDayOfWeek) noexcept {
-    const int daysPast = (serialday::Weekday(serial) - firstDayOfWeek % 7) % 7;
-    return serial - (daysPast < 0 ? daysPast + 7 : daysPast);
-}
-
 std::int32_t Count(const CCALENDARSTRATEGY& calendar, PREDICATE predicate, const CDATE& left, const CDATE& right) {
     if (left.IsDate() == 0 || right.IsDate() == 0) {
         return -1;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <MLCore/datetime/CDATE.h>
+#include <MLCore/datetime/SerialDay.h>
 
 #include <cstdint>
 
@@ -25,7 +26,9 @@ using PREDICATE = bool (*)(const CCALENDARSTRATEGY& calendar, const CDATE& date)
 [[nodiscard]] unsigned OpenWeekdays(const CCALENDARSTRATEGY& calendar);
 
 /// The latest day on or before `serial` that is a `firstDayOfWeek` (taken modulo 7).
-[[nodiscard]] std::int32_t WeekStart(std::int32_t serial, int firstDayOfWeek) noexcept;
+[[nodiscard]] constexpr std::int32_t WeekStart(std::int32_t serial, int firstDayOfWeek) noexcept {
+    return serial - serialday::Weekday(serial - firstDayOfWeek % 7);
+}
 
 /// The days d with first <= d < last that satisfy the predicate, whichever of the two is the earlier; -1 when one of
 /// them is no date.

@@ -23,8 +23,6 @@ namespace {
 
 constexpr std::size_t kLongestText = 255;
 
-constexpr int kMostYears = 65538;  // more than any two years of 16 bits are apart, and a month out of range carries
-
 int FullYear(int twoDigits) noexcept { return 1900 + (twoDigits < 51 ? twoDigits + 100 : twoDigits); }
 
 // Drops '/' and '-', but keeps the character behind each as it is: of two in a row only the first goes. No more than
@@ -47,6 +45,10 @@ platform::CIVILTIME Midnight(const CDATE& date) noexcept {
 
 // The day of a week, from 0, whose year is the year of the week: by CCALENDARSTRATEGY::eKindOfFirstWeekOfYear.
 constexpr int kDecidingDays[] = {6, 3, 0};
+
+// Inline members that the library offers as symbols too.
+[[gnu::used]] CDATE& (CDATE::*const kMoves[])(long) noexcept = {&CDATE::AddDays, &CDATE::AddMonths, &CDATE::AddYears};
+[[gnu::used]] void (CDATE::*const kValidate)() noexcept = &CDATE::Validate;
 
 }  // namespace
 
@@ -117,14 +119,6 @@ CDATE CDATE::Today() noexcept {
 
 int CDATE::IsEndOfMonth() const noexcept { return (*this + 1).GetMonth() != mMonth ? 1 : 0; }
 
-void CDATE::Validate() noexcept {
-    if (IsNull() != 0) {
-        return;
-    }
-    const int days = DaysInMonth(mMonth, mYear);
-    mDay = std::min<std::int16_t>(mDay, days != 0 ? static_cast<std::int16_t>(days) : 31);
-}
-
 std::int16_t CDATE::GetDayNumber() const noexcept {
     const bool isDate = IsDate() != 0;
     return isDate ? static_cast<std::int16_t>(ComputeDaysFrom1904() - serialday::FromFields(0, 1, mYear)) : 0;
@@ -145,11 +139,18 @@ std::int16_t CDATE::GetWeekNumber(std::int16_t* year, CCALENDARSTRATEGY* strateg
     const int firstDay = (isKnownRule ? calendar : CCALENDARMANAGER::Resolve(nullptr)).GetFirstDayOfWeek();
     const std::int32_t weekStart = businessdays::WeekStart(ComputeDaysFrom1904(), firstDay);
     const std::int32_t decidingDay = weekStart + kDecidingDays[isKnownRule ? firstWeek : 0];
-    const int weekYear = serialday::ToFields(decidingDay).year;
+    // The deciding day lies in the date's own year or next to it.
+    int weekYear = mYear;
+    std::int32_t dayOfYear = decidingDay - serialday::FromFields(1, 1, mYear);
+    if (dayOfYear < 0) {
+        dayOfYear = decidingDay - serialday::FromFields(1, 1, --weekYear);
+    } else if (dayOfYear >= 365 && dayOfYear >= 365 + IsYearBissextile()) {
+        dayOfYear = decidingDay - serialday::FromFields(1, 1, ++weekYear);
+    }
     if (year != nullptr && std::in_range<std::int16_t>(weekYear)) {
         *year = static_cast<std::int16_t>(weekYear);
     }
-    return static_cast<std::int16_t>((decidingDay - serialday::FromFields(1, 1, weekYear)) / 7 + 1);
+    return static_cast<std::int16_t>(static_cast<std::uint32_t>(dayOfYear) / 7 + 1);
 }
 
 int CDATE::IsOuvre(CCALENDARSTRATEGY* strategy) const {
@@ -228,21 +229,14 @@ std::int32_t CDATE::Echelonnement(const CDATE& other, eTypeEchelonnement type, C
     return -1;
 }
 
-CDATE& CDATE::AddDays(long days) noexcept {
-    // No date is further from another than this, so the sum below cannot overflow.
-    constexpr long kMostDays = 366L * kMostYears;
-    From1904(ComputeDaysFrom1904() + std::clamp(days, -kMostDays, kMostDays));
-    return *this;
-}
-
 CDATE& CDATE::operator-=(long days) noexcept {
     return AddDays(days == std::numeric_limits<long>::min() ? std::numeric_limits<long>::max() : -days);
 }
 
-CDATE& CDATE::AddMonths(long months) noexcept {
+CDATE CDATE::MonthsFromNoMonth(CDATE date, long months) noexcept {
     long years = months / 12;
     int step = static_cast<int>(months % 12);
-    const int reached = mMonth + step;
+    const int reached = date.mMonth + step;
     if (reached < 1) {
         --years;
         step += 12;
@@ -250,18 +244,15 @@ CDATE& CDATE::AddMonths(long months) noexcept {
         ++years;
         step -= 12;
     }
-    years = std::clamp<long>(years, -kMostYears, kMostYears);
-    if (!std::in_range<std::int16_t>(mYear + years)) {
-        Clear();
-        return *this;
+    years = std::clamp(years, -serialday::kMostYears, serialday::kMostYears);
+    if (!std::in_range<std::int16_t>(date.mYear + years)) {
+        return {};
     }
-    mMonth = static_cast<std::int16_t>(mMonth + step);
-    mYear = static_cast<std::int16_t>(mYear + years);
-    Validate();
-    return *this;
+    date.mMonth = static_cast<std::int16_t>(date.mMonth + step);
+    date.mYear = static_cast<std::int16_t>(date.mYear + years);
+    date.Validate();
+    return date;
 }
-
-CDATE& CDATE::AddYears(long years) noexcept { return AddMonths(12 * std::clamp<long>(years, -kMostYears, kMostYears)); }
 
 CDATE& CDATE::AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy) {
     const CCALENDARSTRATEGY& calendar = CCALENDARMANAGER::Resolve(strategy);

@@ -4,6 +4,7 @@
 #include <MLCore/platform/Export.h>
 #include <MLCore/platform/ForwardTypes.h>
 
+#include <algorithm>
 #include <compare>
 #include <cstddef>
 #include <cstdint>
@@ -95,7 +96,10 @@ public:
     /// 1 when the next day lies in another month.
     [[nodiscard]] int IsEndOfMonth() const noexcept;
     /// Lowers a day that overshoots its month; leaves everything else alone.
-    void Validate() noexcept;
+    MLCORE_TEMPLATE_API constexpr void Validate() noexcept {
+        const int days = DaysInMonth(mMonth, mYear);
+        mDay = std::min<std::int16_t>(mDay, days != 0 ? static_cast<std::int16_t>(days) : 31);
+    }
 
     /// The day of the week, counted from Monday 4 January 1904 with a signed remainder: before that day, dates other
     /// than Mondays give the weekday minus 7 (-6..-1). 1 January 1904 gives -3. That is intended.
@@ -131,14 +135,13 @@ public:
     }
     /// The exact inverse; the null date when the year does not fit 16 bits.
     constexpr void From1904(long serial) noexcept {
-        if (serial < serialday::kFirst || serial > serialday::kLast) {
-            Clear();
-            return;
-        }
-        const serialday::FIELDS fields = serialday::ToFields(static_cast<std::int32_t>(serial));
-        mDay = static_cast<std::int16_t>(fields.day);
-        mMonth = static_cast<std::int16_t>(fields.month);
-        mYear = static_cast<std::int16_t>(fields.year);
+        // A mask instead of a branch, so that compilers can convert many at once.
+        const auto day = static_cast<std::int32_t>(serial);
+        const int mask = -static_cast<int>(day == serial && day >= serialday::kFirst && day <= serialday::kLast);
+        const serialday::FIELDS fields = serialday::ToFields(day);
+        mDay = static_cast<std::int16_t>(fields.day & mask);
+        mMonth = static_cast<std::int16_t>(fields.month & mask);
+        mYear = static_cast<std::int16_t>(fields.year & mask);
     }
 
     /// Counts against another date: never negative, whichever comes first. Days, weeks and business days are -1 when one
@@ -160,10 +163,41 @@ public:
                                              CCALENDARSTRATEGY* strategy = nullptr) const;
 
     /// Arithmetic does not spare the null date, it counts on from its fields: null + 1 day is 1/1/0. Ask IsNull() first.
-    CDATE& AddDays(long days) noexcept;
+    MLCORE_TEMPLATE_API constexpr CDATE& AddDays(long days) noexcept {
+        // Within the days that every month has, the serial day is not needed.
+        const unsigned long day = static_cast<unsigned long>(mDay) + static_cast<unsigned long>(days);
+        if (day - 1 < 28 && IsMonth(mMonth)) {
+            mDay = static_cast<std::int16_t>(day);
+        } else {
+            // No date is further from another than this, so the sum below cannot overflow.
+            constexpr long kMostDays = 366 * serialday::kMostYears;
+            From1904(ComputeDaysFrom1904() + std::clamp(days, -kMostDays, kMostDays));
+        }
+        return *this;
+    }
     /// Keeps the day where the month has it and lowers it where not: 31 January + 1 month is the end of February.
-    CDATE& AddMonths(long months) noexcept;
-    CDATE& AddYears(long years) noexcept;
+    MLCORE_TEMPLATE_API constexpr CDATE& AddMonths(long months) noexcept {
+        if (!IsMonth(mMonth)) {
+            return *this = MonthsFromNoMonth(*this, months);
+        }
+        // Months from January of the first year there is; below it the sum wraps and is too large as well.
+        const unsigned long reached =
+            static_cast<unsigned long>((mYear + 32768) * 12 + mMonth - 1) + static_cast<unsigned long>(months);
+        if (reached >= 65536UL * 12) {
+            Clear();
+            return *this;
+        }
+        const auto month = static_cast<std::uint32_t>(reached);
+        mYear = static_cast<std::int16_t>(static_cast<int>(month / 12) - 32768);
+        mMonth = static_cast<std::int16_t>(month % 12 + 1);
+        if (mDay > 28) {
+            Validate();
+        }
+        return *this;
+    }
+    MLCORE_TEMPLATE_API constexpr CDATE& AddYears(long years) noexcept {
+        return AddMonths(12 * std::clamp(years, -serialday::kMostYears, serialday::kMostYears));
+    }
     /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate; a date at or
     /// beyond the bound that it would move towards stays. Where no day of the week is open for business it becomes
     /// MinDate for negative `days`, MaxDate otherwise, 0 included. When the strategy throws, the date stays as it was.
@@ -228,20 +262,23 @@ public:
 
     /// The days of the month; 0 for a month outside 1..12.
     [[nodiscard]] static constexpr int DaysInMonth(int month, int year) noexcept {
-        if (month < 1 || month > 12) {
+        if (!IsMonth(month)) {
             return 0;
         }
-        constexpr signed char kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-        return month == 2 && IsYearBissextile(year) != 0 ? 29 : kDays[month - 1];
+        return month == 2 && IsYearBissextile(year) != 0 ? 29 : serialday::kDaysInMonth[month - 1];
     }
 
 private:
     friend class CTIME;
     friend class CDATETIME;
 
+    static constexpr bool IsMonth(int month) noexcept { return static_cast<unsigned>(month) - 1U < 12U; }
     static constexpr int IsYearBissextile(long year) noexcept {
-        return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0) ? 1 : 0;
+        // Of the years that 4 divides and 25 too, the centuries, only those that 16 divides.
+        return (year & (year % 25 != 0 ? 3 : 15)) == 0 ? 1 : 0;
     }
+    /// AddMonths() for a month out of 1..12.
+    [[nodiscard]] static CDATE MonthsFromNoMonth(CDATE date, long months) noexcept;
     [[nodiscard]] constexpr std::int32_t ComparisonKey() const noexcept {
         return mDay | (mMonth * 256) | (mYear * 65536);
     }
