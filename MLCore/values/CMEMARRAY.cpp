@@ -21,6 +21,26 @@ std::size_t CheckedIndex(long index, std::size_t end) {
 
 }  // namespace
 
+/// Stands on an index as that of every array does, but asks nobody.
+class CMEMARRAY::ELEMENTITERATOR final : public COBJECTITERATOR {
+public:
+    explicit ELEMENTITERATOR(CMEMARRAY* array) : mArray(array) {}
+
+    void Next() override {
+        if (mIndex < mArray->mObjects.size()) {
+            ++mIndex;
+        }
+    }
+    int IsEnd() const override { return mIndex >= mArray->mObjects.size() ? 1 : 0; }
+    CSHAREOBJECTPTR<COBJECT> GetCurrent() const override {
+        return mIndex < mArray->mObjects.size() ? mArray->mObjects[mIndex] : nullptr;
+    }
+
+private:
+    CSHAREOBJECTPTR<CMEMARRAY> mArray;
+    std::size_t mIndex = 0;
+};
+
 MLCORE_REGISTER_CLASS(CMEMARRAY)
 
 // The destructor of an element may still add others.
@@ -91,5 +111,8 @@ void CMEMARRAY::RemoveObjectAt(long index) {
 }
 
 void CMEMARRAY::RemoveAll() { std::exchange(mObjects, {}); }
+
+// Being iterated is a matter of owners, not of the array's value.
+COBJECTITERATOR* CMEMARRAY::CreateIterator() const { return new ELEMENTITERATOR(const_cast<CMEMARRAY*>(this)); }
 
 }  // namespace MLCore

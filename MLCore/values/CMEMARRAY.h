@@ -32,8 +32,11 @@ public:
     void SetObjectAt(long index, COBJECT* object) override;
     void RemoveObjectAt(long index) override;
     void RemoveAll() override;
+    [[nodiscard]] COBJECTITERATOR* CreateIterator() const override;
 
 private:
+    class ELEMENTITERATOR;
+
     CMEMARRAY() = default;
     ~CMEMARRAY() override;
 
