@@ -38,8 +38,12 @@ public:
 protected:
     // Not the function itself: where both kinds of `endl` are in scope, the logger's is the better match.
     struct STREAMMANIPULATOR {
-        STREAMMANIPULATOR(std::ostream& (*manipulator)(std::ostream&)) : function(manipulator) {}  // implicit
-        std::ostream& (*function)(std::ostream&);
+        using FUNCTION = std::ostream& (*)(std::ostream&);
+        // Implicit, and inline: std::endl is another function in each module that has its own standard library.
+        STREAMMANIPULATOR(FUNCTION manipulator)
+            : function(manipulator), endsLine(manipulator == static_cast<FUNCTION>(std::endl)) {}
+        FUNCTION function;
+        bool endsLine;
     };
 
     /// \param name  copied; null for the channel "".

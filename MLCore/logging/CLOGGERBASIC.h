@@ -43,7 +43,13 @@ public:
 
     template <class T>
     CLOGGERBASIC& operator<<(const T& value) {
-        if constexpr (LOGNUMBER<T>) {
+        if constexpr (std::is_same_v<T, typename CLOGGERBASE::STREAMMANIPULATOR::FUNCTION>) {
+            return *this << STREAMMANIPULATOR(value);
+        } else if constexpr (std::is_pointer_v<T>) {
+            if (value == nullptr) {
+                return *this;
+            }
+        } else if constexpr (LOGNUMBER<T>) {
             using LONG = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
             if (InsertPlain(static_cast<std::conditional_t<std::is_floating_point_v<T>, double, LONG>>(value))) {
                 return *this;
@@ -86,7 +92,7 @@ CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(std::ios_base& (*manipula
 
 template <LOGPOLICY Policy>
 CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(STREAMMANIPULATOR manipulator) {
-    if (manipulator.function == STREAMMANIPULATOR(std::endl).function) {
+    if (manipulator.endsLine) {
         EndLine();
     } else {
         manipulator.function(GetStream());

@@ -2,6 +2,7 @@
 #include <MLCore/logging/CLOGMANAGER.h>
 #include <MLCore/logging/LogFileName.h>
 #include <MLCore/logging/LogOutput.h>
+#include <MLCore/platform/File.h>
 #include <MLCore/platform/LocalZone.h>
 #include <MLCore/platform/Preferences.h>
 #include <MLCore/platform/ProcessInfo.h>
@@ -90,19 +91,18 @@ public:
         mHasFailed = !mOutput.Open(path.c_str());
         FailLastError(mHasFailed ? 0 : 1);
     }
-    void Close() noexcept {
-        mOutput.Close();
-        mHasFailed = false;
-    }
+    void Close() noexcept { mOutput.Close(); }
+    void Retry() noexcept { mHasFailed = false; }
     void SetPath(std::optional<std::string> path) noexcept {
         Close();
+        Retry();
         mPath = std::move(path);
     }
 
     void WriteLine(std::string_view name, std::string_view text) {
         Open();
-        mLine.assign(mTimestamp.Now()).append(" [").append(name).append("] ").append(text).push_back('\n');
-        mOutput.Append(mLine);
+        const std::string_view before = mOutput.IsLineBegun() ? "\n" : "";
+        mOutput.Append({before, mTimestamp.Now(), " [", name, "] ", text, "\n"});
         if (isAutoFlush) {
             mOutput.Flush();
         }
@@ -115,7 +115,6 @@ private:
     std::optional<std::string> mPath;
     bool mHasFailed = false;
     TIMESTAMP mTimestamp;
-    std::string mLine;
 };
 
 /// Never destroyed: whatever else is destroyed at the end may still log.
@@ -195,6 +194,7 @@ void CLOGMANAGER::Enable(int on) {
     if (on == 0) {
         state.Close();
     }
+    state.Retry();
     state.isEnabled = state.isUnknownEnabled = on != 0 ? 1 : 0;
 }
 
@@ -239,7 +239,9 @@ int CLOGMANAGER::IsEnable(const char* name) {
 }
 
 void CLOGMANAGER::SetLogFile(const char* path) {
-    std::optional<std::string> newPath = path != nullptr ? std::optional<std::string>(path) : std::nullopt;
+    // Absolute: the file is found again when it is closed and opened, wherever the program is then.
+    std::optional<std::string> newPath =
+        path != nullptr ? std::optional<std::string>(platform::AbsolutePath(path)) : std::nullopt;
     LOGSTATE& state = State();
     const std::lock_guard guard(state.lock);
     state.SetPath(std::move(newPath));

@@ -23,9 +23,12 @@ namespace MLCore {
 /// CR LF on Windows, with LF elsewhere.
 ///
 /// A file that cannot be opened fails once, in the function that wants it open, with the system's code; from then on
-/// lines are dropped without a word, until SetLogFile() or a call of Enable() that closes or opens the output asks again.
+/// lines are dropped without a word, until SetLogFile() or Enable(int) has it tried again.
 /// What cannot be written (a full disk) is dropped. A file that is removed or renamed while it is open is written to
 /// until it is closed.
+///
+/// After a fork() of a program with several threads, the child must not log, as with most locks; lines that wait then are
+/// written by both. Flush() first.
 ///
 /// Threads may use everything here at once, except for the stream of GetStream(). Each function may throw
 /// std::bad_alloc, with nothing changed.
@@ -65,7 +68,7 @@ public:
     /// 1 when the channel is enabled, else 0. An unknown one is, unless Enable(0) was called.
     [[nodiscard]] static int IsEnable(const char* name);
 
-    /// Logs to this file from now on. Null brings back the usual one: beside the program, with ".out" for its extension.
+    /// Logs to this file from now on; a relative path is one of the current folder. Null brings back the usual one: beside the program, with ".out" for its extension.
     static void SetLogFile(const char* path);
     /// The level INF at first.
     static void SetLevel(Level level) noexcept;
@@ -79,7 +82,7 @@ public:
 
     /// The stream that writes to the log file, which is opened for it; what is inserted while the output is off or the
     /// file cannot be opened goes nowhere. It lives as long as the process. It is written when it is flushed, and before
-    /// the next line of a logger. Threads must not use it while others log.
+    /// the next line of a logger, which begins a line of its own. Threads must not use it while others log.
     ///
     /// \throws FrameworkException  the file cannot be opened, once.
     [[nodiscard]] static std::ostream& GetStream();

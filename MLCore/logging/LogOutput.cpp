@@ -8,6 +8,18 @@ namespace {
 
 constexpr std::size_t kMostPending = std::size_t{64} * 1024;
 
+void AppendText(std::string& out, std::string_view text) {
+    if constexpr (platform::kLineEnd == std::string_view("\n")) {
+        out.append(text);
+        return;
+    }
+    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+        out.append(text.substr(0, end)).append(platform::kLineEnd);
+        text.remove_prefix(end + 1);
+    }
+    out.append(text);
+}
+
 }  // namespace
 
 LOGOUTPUT::~LOGOUTPUT() { Close(); }
@@ -23,57 +35,55 @@ void LOGOUTPUT::Close() noexcept {
     if (IsOpen()) {
         platform::FileClose(mFile);
         mFile = platform::kNoFile;
+        mIsCut = false;
     }
 }
 
-void LOGOUTPUT::Append(std::string_view text) {
+void LOGOUTPUT::Append(std::initializer_list<std::string_view> texts) {
     if (!IsOpen()) {
         return;
     }
-    if (mPending.size() + text.size() > kMostPending) {
+    std::size_t count = 0;
+    for (const std::string_view text : texts) {
+        count += text.size();
+    }
+    if (mPending.size() + count > kMostPending) {
         Flush();
     }
-    if constexpr (platform::kLineEnd == std::string_view("\n")) {
-        mPending.append(text);
-    } else {
-        const std::size_t before = mPending.size();
-        try {
-            for (std::size_t begin = 0; begin < text.size();) {
-                const std::size_t end = text.find('\n', begin);
-                mPending.append(text.substr(begin, end - begin));
-                if (end == std::string_view::npos) {
-                    break;
-                }
-                mPending.append(platform::kLineEnd);
-                begin = end + 1;
-            }
-        } catch (...) {
-            mPending.resize(before);
-            throw;
+    const std::size_t before = mPending.size();
+    try {
+        for (const std::string_view text : texts) {
+            AppendText(mPending, text);
         }
+    } catch (...) {
+        mPending.resize(before);
+        throw;
     }
 }
 
+bool LOGOUTPUT::IsLineBegun() const noexcept { return mPending.empty() ? mIsCut : mPending.back() != '\n'; }
+
 bool LOGOUTPUT::Flush() noexcept {
     const std::size_t count = mPending.size();
-    const bool isWritten = count == 0 || platform::FileAppend(mFile, mPending.data(), count) == count;
+    const std::size_t written = count == 0 ? 0 : platform::FileAppend(mFile, mPending.data(), count);
+    mIsCut = written == 0 ? mIsCut : mPending[written - 1] != '\n';
     mPending.clear();
     if (mPending.capacity() > 2 * kMostPending) {
         mPending.shrink_to_fit();
     }
-    return isWritten;
+    return written == count;
 }
 
 LOGOUTPUT::int_type LOGOUTPUT::overflow(int_type character) {
     if (!traits_type::eq_int_type(character, traits_type::eof())) {
         const char byte = traits_type::to_char_type(character);
-        Append(std::string_view(&byte, 1));
+        Append({std::string_view(&byte, 1)});
     }
     return traits_type::not_eof(character);
 }
 
 std::streamsize LOGOUTPUT::xsputn(const char* text, std::streamsize count) {
-    Append(std::string_view(text, static_cast<std::size_t>(count)));
+    Append({std::string_view(text, static_cast<std::size_t>(count))});
     return count;
 }
 

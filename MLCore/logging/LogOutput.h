@@ -2,6 +2,7 @@
 
 #include <MLCore/platform/File.h>
 
+#include <initializer_list>
 #include <ios>
 #include <streambuf>
 #include <string>
@@ -23,8 +24,10 @@ public:
     [[nodiscard]] bool Open(const char* path) noexcept;
     void Close() noexcept;
 
-    /// Adds text; a line feed becomes the end of a line of the system's.
-    void Append(std::string_view text);
+    /// Adds texts, which go out together; a line feed becomes the end of a line of the system's.
+    void Append(std::initializer_list<std::string_view> texts);
+    /// Whether what was added, or got into the file before the rest was dropped, ends inside a line.
+    [[nodiscard]] bool IsLineBegun() const noexcept;
     /// False when the file did not take everything: the rest is dropped.
     bool Flush() noexcept;
 
@@ -36,6 +39,7 @@ protected:
 private:
     platform::FILEHANDLE mFile = platform::kNoFile;
     std::string mPending;
+    bool mIsCut = false;  // the file ends inside a line
 };
 
 }  // namespace MLCore

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace MLCore::platform {
 
@@ -14,6 +15,10 @@ namespace MLCore::platform {
 /// invalid flags, offset or path, 112 disk full, 132 no offsets in it (a pipe, a terminal), 336 a folder.
 ///
 /// All functions may be called from any thread; a file's offset is one for all of its users.
+
+/// The path made absolute by the current folder, or as it stands when it is empty or the system does not tell the folder.
+/// \throws std::bad_alloc
+[[nodiscard]] MLCORE_API std::string AbsolutePath(const char* path);
 
 /// An open file, owned by whoever opened it until FileClose.
 using FILEHANDLE = std::intptr_t;

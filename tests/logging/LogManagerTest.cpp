@@ -11,6 +11,12 @@
 #include <map>
 #include <regex>
 
+#if !defined(_WIN32)
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
 #include "LogSupport.h"
 #include "support/Environment.h"
 #include "support/Failure.h"
@@ -149,6 +155,24 @@ TEST(LogManager, FailsOnceWithoutAFile) {
     EXPECT_EQ(restored.GetLines(), (Lines{"[failing] written"}));
 }
 
+TEST(LogManager, BeginsLinesOfTheirOwn) {
+    const LOGFILE file;
+    CLOGMANAGER::GetStream() << "half";
+    CLOGMANAGERPOLICY::Write("two", "whole");
+    EXPECT_EQ(file.GetLines(), (Lines{"half", "[two] whole"}));
+}
+
+TEST(LogManager, FindsItsFileFromAnotherFolder) {
+    const LOGFILE file;
+    const std::filesystem::path folder = std::filesystem::current_path();
+    const std::filesystem::path path = file.path;
+    std::filesystem::current_path(path.parent_path());
+    CLOGMANAGER::SetLogFile(path.filename().string().c_str());
+    std::filesystem::current_path(folder);
+    CLOGMANAGERPOLICY::Write("there", "1");
+    EXPECT_EQ(file.GetLines(), Lines{"[there] 1"});
+}
+
 #if !defined(_WIN32)
 TEST(LogManager, GoesOnWhenTheDiskIsFullOrTheFileGone) {
     const LOGFILE file;
@@ -165,6 +189,23 @@ TEST(LogManager, GoesOnWhenTheDiskIsFullOrTheFileGone) {
     CLOGMANAGER::Enable(1);
     CLOGMANAGERPOLICY::Write("disk", "3");
     EXPECT_EQ(file.GetLines(), (Lines{"[disk] 3"}));
+}
+
+TEST(LogManager, KeepsLinesWholeWhenTheDiskIsFullForAWhile) {
+    const LOGFILE file;
+    CLOGMANAGERPOLICY::Write("p", "one");
+    rlimit limit = {};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit tight = {40, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &tight);
+    CLOGMANAGERPOLICY::Write("p", "two");
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, ignored);
+    CLOGMANAGERPOLICY::Write("p", "three");
+    const Lines lines = file.GetLines();
+    ASSERT_EQ(lines.size(), 3U) << file.GetText();
+    EXPECT_EQ(lines[2], "[p] three");
 }
 
 TEST(LogManager, TakesThePreferencesOfTheUser) {

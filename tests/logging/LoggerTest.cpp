@@ -40,8 +40,12 @@ vector<string> TakeLines() { return exchange(KEEPLINES::lines, {}); }
 TEST(Logger, TakesWhatStreamsTake) {
     KEEPER log("form");
     const char* const none = nullptr;
-    log << "n=" << 255 << ' ' << hex << 255 << dec << setw(4) << 7 << none << ' ' << true << endl;
-    log << fixed << setprecision(2) << 1234.5 << std::endl;
+    char* const nothing = nullptr;
+    const unsigned char* const nobody = nullptr;
+    log << nothing << nobody << "n=" << 255 << ' ' << hex << 255 << dec << setw(4) << 7 << none << ' ' << true << endl;
+    log << fixed << setprecision(2) << 1234.5;
+    ostream& (*const end)(ostream&) = std::endl;
+    log << end;
     log.GetStream() << "and its stream";
     log << MLCore::endl << flush << ends;
     EXPECT_EQ(TakeLines(), (vector<string>{"form: n=255 ff   7 1", "form: 1234.50", "form: and its stream"}));

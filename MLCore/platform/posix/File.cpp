@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <memory>
 
 namespace MLCore::platform {
 
@@ -72,6 +74,12 @@ bool Settle(int descriptor) noexcept {
 int Descriptor(FILEHANDLE file) noexcept { return static_cast<int>(file); }
 
 }  // namespace
+
+std::string AbsolutePath(const char* path) {
+    const std::unique_ptr<char, decltype(&std::free)> folder(
+        path[0] == '/' || path[0] == '\0' ? nullptr : getcwd(nullptr, 0), &std::free);
+    return folder ? std::string(folder.get()) + '/' + path : std::string(path);
+}
 
 FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept {
     if (path == nullptr || !AreFileFlagsValid(flags)) {

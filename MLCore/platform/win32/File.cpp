@@ -48,6 +48,16 @@ void TellFolder(const char* path) noexcept {
 
 }  // namespace
 
+std::string AbsolutePath(const char* path) {
+    std::string absolute(GetFullPathNameA(path, 0, nullptr, nullptr), '\0');
+    const DWORD length = GetFullPathNameA(path, static_cast<DWORD>(absolute.size()), absolute.data(), nullptr);
+    if (length == 0 || length >= absolute.size()) {
+        return path;
+    }
+    absolute.resize(length);
+    return absolute;
+}
+
 FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept {
     if (path == nullptr || !AreFileFlagsValid(flags)) {
         SetLastError(ERROR_INVALID_PARAMETER);
