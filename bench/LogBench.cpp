@@ -131,32 +131,35 @@ void LogByHand(const char* path, bool isFlushed) {
     std::fclose(out);
 }
 
+struct LOGGER {
+    const char* who;
+    void (*log)(const char*, bool);
+};
+constexpr LOGGER kLoggers[] = {{"MLCore", LogOurs},
+                               {"fprintf", LogByPrintf},
+                               {"std::ofstream", LogByStream},
+#if defined(MLCORE_HAVE_SPDLOG)
+                               {"spdlog", LogBySpdlog},
+#endif
+                               {"limit: std::to_chars, fwrite", LogByHand}};
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    using LOG = void (*)(const char*, bool);
     const bench::SCRATCHFILE file("MLCore.bench.log");
     for (const bool isFlushed : {false, true}) {
         const char* const name = isFlushed ? "log lines, each handed to the system" : "log lines";
         std::vector<std::int64_t> lines = {kLines};
-        // Everybody gives as many bytes.
-        const auto by = [&](LOG log) {
-            log(file.GetPath(), isFlushed);
-            bench::CheckResult(name, "a count of lines", 0, CountLines(file.GetPath()), lines);
-            file.Remove();
-            return [&file, isFlushed, log](std::size_t) {
-                log(file.GetPath(), isFlushed);
-                const std::int64_t size = file.GetSize();
-                file.Remove();
-                return size;
-            };
-        };
         bench::WORKLOAD workload(name, 1, nullptr, kLines);
-        workload.Add("MLCore", by(LogOurs)).Add("fprintf", by(LogByPrintf)).Add("std::ofstream", by(LogByStream));
-#if defined(MLCORE_HAVE_SPDLOG)
-        workload.Add("spdlog", by(LogBySpdlog));
-#endif
-        workload.AddLimit("std::to_chars, fwrite", by(LogByHand));
+        for (const auto& [who, log] : kLoggers) {
+            // Everybody gives as many bytes.
+            workload.Add(who, [&file, isFlushed, log = log](std::size_t) {
+                file.Remove();
+                log(file.GetPath(), isFlushed);
+                return file.GetSize();
+            });
+            bench::CheckResult(name, who, 0, CountLines(file.GetPath()), lines);
+        }
     }
     return bench::Run(argc, argv);
 }
