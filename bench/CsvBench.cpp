@@ -1,5 +1,6 @@
-// A million lines of six fields in a file, some of them quoted, beside C's own input and output. The loop that reads them for the
-// peer cuts at every separator and knows no quotes, so it is a limit and no peer in earnest: it is given lines without any.
+// A million lines of six fields in a file, some of them quoted, beside C's own output and the readers of other libraries. Whoever
+// reads puts each field into a text of its own. The hand-written loop cuts at every separator and knows no quotes: it is the
+// limit, and is given lines without any.
 
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CFILESTREAM.h>
@@ -11,6 +12,13 @@
 #include <cstring>
 #include <filesystem>
 #include <string>
+
+#if defined MLCORE_HAVE_FCCP
+#include <libfccp/csv.h>
+#endif
+#if defined MLCORE_HAVE_LIBCSV
+#include <csv.h>
+#endif
 
 #include "support/Workload.h"
 
@@ -46,13 +54,13 @@ constexpr TEXTS kQuoted = {"Dupont; fils", "Clermont-Ferrand", "the \"old\" town
 
 const TEXTS& TextsOf(std::size_t line, bool isQuoted) { return isQuoted && line % 4 == 0 ? kQuoted : kPlain; }
 
-std::int64_t WriteOurs(const SCRATCHFILE& file, bool isQuoted) {
+std::int64_t WriteOurs(const SCRATCHFILE& file, bool isQuoted, std::size_t lines = kLines) {
     CFILESTREAM stream(file.GetPath(), CSTREAM::ReadWrite | CSTREAM::Create | CSTREAM::Truncate);
     stream.Open();
     CCSVENCODER encoder;
     COSTREAMDECORATORFIELD fields(stream, ';', encoder);
     CSTREAMWRITER writer(fields);
-    for (std::size_t i = 0; i < kLines; ++i) {
+    for (std::size_t i = 0; i < lines; ++i) {
         const TEXTS& texts = TextsOf(i, isQuoted);
         writer << static_cast<long>(i) << texts.client << texts.city << static_cast<long>(i % 1000) << short{7}
                << texts.remark << endl;
@@ -92,7 +100,7 @@ std::int64_t ReadOurs(const SCRATCHFILE& file) {
     return sum;
 }
 
-std::int64_t ReadPeer(const SCRATCHFILE& file) {
+std::int64_t ReadByHand(const SCRATCHFILE& file) {
     std::FILE* const in = std::fopen(file.GetPath(), "rb");
     std::int64_t sum = 0;
     char line[kLongest];
@@ -110,18 +118,85 @@ std::int64_t ReadPeer(const SCRATCHFILE& file) {
     return sum;
 }
 
+#if defined MLCORE_HAVE_FCCP
+std::int64_t ReadFccp(const SCRATCHFILE& file) {
+    io::CSVReader<kFields, io::trim_chars<>, io::double_quote_escape<';', '"'>> in(file.GetPath());
+    std::int64_t sum = 0;
+    std::string fields[kFields];
+    while (in.read_row(fields[0], fields[1], fields[2], fields[3], fields[4], fields[5])) {
+        for (const std::string& field : fields) {
+            sum += static_cast<std::int64_t>(field.size());
+        }
+    }
+    return sum;
+}
+#endif
+
+#if defined MLCORE_HAVE_LIBCSV
+struct LIBCSVSUM {
+    std::string field;
+    std::int64_t sum = 0;
+};
+
+std::int64_t ReadLibcsv(const SCRATCHFILE& file) {
+    csv_parser parser;
+    csv_init(&parser, 0);
+    csv_set_delim(&parser, ';');
+    const auto takeField = [](void* text, std::size_t length, void* data) {
+        LIBCSVSUM& into = *static_cast<LIBCSVSUM*>(data);
+        into.field.assign(static_cast<const char*>(text), length);
+        into.sum += static_cast<std::int64_t>(into.field.size());
+    };
+    LIBCSVSUM result;
+    std::FILE* const in = std::fopen(file.GetPath(), "rb");
+    static char buffer[CFILESTREAM::kBufferSize];
+    for (std::size_t count = 0; (count = std::fread(buffer, 1, sizeof buffer, in)) != 0;) {
+        csv_parse(&parser, buffer, count, takeField, nullptr, &result);
+    }
+    csv_fini(&parser, takeField, nullptr, &result);
+    csv_free(&parser);
+    std::fclose(in);
+    return result.sum;
+}
+#endif
+
+// Writes and reads all lines, in files of `size`.
+std::int64_t RoundTrips(const SCRATCHFILE& file, std::size_t size) {
+    std::int64_t sum = 0;
+    for (std::size_t done = 0; done < kLines; done += size) {
+        sum += WriteOurs(file, true, size) + ReadOurs(file);
+    }
+    return sum;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const SCRATCHFILE ours("MLCore.bench.ours.csv");
+    const SCRATCHFILE plain("MLCore.bench.plain.csv");
+    const SCRATCHFILE quoted("MLCore.bench.quoted.csv");
     const SCRATCHFILE peers("MLCore.bench.peers.csv");
     for (const bool isQuoted : {true, false}) {
+        const SCRATCHFILE& ours = isQuoted ? quoted : plain;
         bench::WORKLOAD(isQuoted ? "write lines, some quoted" : "write lines", 1, nullptr, kLines)
             .Add("MLCore", [&ours, isQuoted](std::size_t) { return WriteOurs(ours, isQuoted); })
             .Add("fprintf", [&peers, isQuoted](std::size_t) { return WritePeer(peers, isQuoted); });
     }
-    bench::WORKLOAD("read lines", 1, nullptr, kLines)
-        .Add("MLCore", [&ours](std::size_t) { return ReadOurs(ours); })
-        .Add("fgets, strchr", [&ours](std::size_t) { return ReadPeer(ours); });
+    for (const SCRATCHFILE* const file : {&quoted, &plain}) {
+        bench::WORKLOAD workload(file == &quoted ? "read lines, some quoted" : "read lines", 1, nullptr, kLines);
+        workload.Add("MLCore", [file](std::size_t) { return ReadOurs(*file); });
+#if defined MLCORE_HAVE_FCCP
+        workload.Add("fast-cpp-csv-parser", [file](std::size_t) { return ReadFccp(*file); });
+#endif
+#if defined MLCORE_HAVE_LIBCSV
+        workload.Add("libcsv", [file](std::size_t) { return ReadLibcsv(*file); });
+#endif
+        if (file == &plain) {
+            workload.AddLimit("fgets, strchr", [file](std::size_t) { return ReadByHand(*file); });
+        }
+    }
+    const SCRATCHFILE sized("MLCore.bench.sized.csv");
+    bench::GROWTH("write and read lines", bench::GROWTH::LAW::LINEAR).Add("MLCore", [&sized](std::size_t size) {
+        return RoundTrips(sized, size);
+    });
     return bench::Run(argc, argv);
 }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace MLCore {
@@ -30,7 +31,7 @@ const Value* Find(const REGISTRY<Value>& registry, const char* key) {
     if (key == nullptr) {
         return nullptr;
     }
-    const auto found = registry.find(key);
+    const auto found = registry.find(std::string_view(key));
     return found != registry.end() ? &found->second : nullptr;
 }
 
@@ -38,7 +39,7 @@ const Value* Find(const REGISTRY<Value>& registry, const char* key) {
 
 struct COBJECTFACTORY::IMPLEMENTATION {
     REGISTRY<ENTRY> byName;
-    REGISTRY<std::string> byIdentifier;  // identifier -> the name of the class that owns it
+    REGISTRY<const REGISTRY<ENTRY>::value_type*> byIdentifier;  // identifier -> the class that owns it
 };
 
 namespace {
@@ -93,9 +94,9 @@ void COBJECTFACTORY::RegisterClass(const char* className, const char* classIdent
     // Every allocation comes before the first change, so a failure leaves the registries as they were.
     REGISTRY<ENTRY> newName;
     newName.emplace(className, std::move(entry));
-    REGISTRY<std::string> newIdentifier;
+    REGISTRY<const REGISTRY<ENTRY>::value_type*> newIdentifier;
     if (hasIdentifier) {
-        newIdentifier.emplace(classIdentifier, className);
+        newIdentifier.emplace(classIdentifier, &*newName.begin());  // stays where it is when the maps are merged
         mImplementation->byIdentifier.erase(classIdentifier);
     }
     UnregisterClass(className);
@@ -117,7 +118,7 @@ void COBJECTFACTORY::UnregisterClass(const char* className) {
     }
     if (found->second.hasIdentifier) {
         const auto owner = mImplementation->byIdentifier.find(found->second.identifier);
-        if (owner != mImplementation->byIdentifier.end() && owner->second == found->first) {
+        if (owner != mImplementation->byIdentifier.end() && owner->second == &*found) {
             mImplementation->byIdentifier.erase(owner);
         }
     }
@@ -141,8 +142,11 @@ CSHAREOBJECTPTR<COBJECT> COBJECTFACTORY::CreateObject(const char* className) con
 }
 
 CSHAREOBJECTPTR<COBJECT> COBJECTFACTORY::CreateObjectFromIdentifier(const char* classIdentifier) const {
-    const std::string* const className = Find(mImplementation->byIdentifier, classIdentifier);
-    return CreateObject(className != nullptr ? className->c_str() : nullptr);
+    const auto* const owner = Find(mImplementation->byIdentifier, classIdentifier);
+    if (owner == nullptr) {
+        FailOSErr(kErrUnknownClass);
+    }
+    return (*owner)->second.creator();
 }
 
 void COBJECTFACTORY::Enter(const CLASSREGISTRAR& registrar) {

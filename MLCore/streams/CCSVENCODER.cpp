@@ -1,8 +1,6 @@
 #include <MLCore/streams/CCSVENCODER.h>
 
 #include <algorithm>
-#include <iterator>
-#include <string_view>
 
 namespace MLCore {
 
@@ -10,6 +8,8 @@ namespace {
 
 constexpr char kQuote = '"';
 constexpr char kSeparator = ';';
+/// Room for two around a text, and for one pair inside.
+constexpr std::size_t kUsualQuotes = 4;
 
 }  // namespace
 
@@ -19,11 +19,14 @@ std::string CCSVENCODER::Encode(const std::string& text) {
     if (text.find(kSeparator) == std::string::npos && text.find(kQuote) == std::string::npos) {
         return text;
     }
-    std::string encoded(1, kQuote);
-    for (const char character : text) {
-        encoded.append(character == kQuote ? 2 : 1, character);
+    std::string encoded;
+    encoded.reserve(text.size() + kUsualQuotes);
+    encoded += kQuote;
+    std::size_t from = 0;
+    for (std::size_t at = 0; (at = text.find(kQuote, from)) != std::string::npos; from = at + 1) {
+        encoded.append(text, from, at + 1 - from) += kQuote;
     }
-    return encoded += kQuote;
+    return encoded.append(text, from) += kQuote;
 }
 
 std::string CCSVENCODER::Decode(const std::string& text) {
@@ -34,9 +37,10 @@ std::string CCSVENCODER::Decode(const std::string& text) {
     if (content.front() == kQuote && content.back() == kQuote) {
         content = content.substr(1, content.size() - 2);
     }
-    std::string decoded;
-    std::unique_copy(content.begin(), content.end(), std::back_inserter(decoded),
-                     [](char left, char right) { return left == kQuote && right == kQuote; });
+    std::string decoded(content.size(), '\0');
+    const auto end = std::unique_copy(content.begin(), content.end(), decoded.begin(),
+                                      [](char left, char right) { return left == kQuote && right == kQuote; });
+    decoded.erase(end, decoded.end());
     return decoded;
 }
 

@@ -36,7 +36,7 @@ unsigned int FileFlags(CSTREAM::OpenMode mode) noexcept {
 }  // namespace
 
 /// Whether a write at the position may wait in the buffer, with what waits there already.
-bool CFILESTREAM::Takes(std::size_t count) const noexcept {
+inline bool CFILESTREAM::Takes(std::size_t count) const noexcept {
     const STREAMAREA& window = mCursor.GetArea();
     const unsigned long long at = mCursor.GetPosition() - window.start;  // wraps before the start
     const bool isJoined = mPending.IsEmpty() || (at >= mPending.begin && at <= mPending.end);
@@ -59,7 +59,7 @@ void CFILESTREAM::Cut(unsigned long long fileSize) noexcept {
 }
 
 CFILESTREAM::CFILESTREAM(const char* path, OpenMode mode)
-    : CSTREAM(mode), CURSORSTREAM(mode), mPath((FailNull(path), path)) {}
+    : CSTREAM(mode), CURSORSTREAM(mode), mPath((FailNull(path), path)), mMode(mode) {}
 
 CFILESTREAM::~CFILESTREAM() {
     try {
@@ -124,7 +124,25 @@ long CFILESTREAM::GetValue(void* buffer, long count) {
     return done;
 }
 
+/// The most frequent write: small, at the end, behind what waits already. False, with nothing done, for all else.
+inline bool CFILESTREAM::Continue(const void* buffer, std::size_t count) noexcept {
+    const STREAMAREA& window = mCursor.GetArea();
+    const std::size_t end = mPending.end;
+    if (mPending.IsEmpty() || !mCursor.IsAtEnd() || mCursor.GetPosition() != window.start + end ||
+        count > kBufferSize - end) {
+        return false;
+    }
+    STREAMCURSOR::Copy(mBuffer.get() + end, buffer, count);
+    mPending.end += count;
+    SetWindow(window.start, mPending.end);
+    mCursor.Advance(static_cast<long>(count));
+    return true;
+}
+
 void CFILESTREAM::SetValue(const void* buffer, long count) {
+    if (IsLent() && count > 0 && Continue(buffer, static_cast<std::size_t>(count))) {
+        return;
+    }
     FailNotReady();
     if (count <= 0) {
         return;
@@ -173,10 +191,6 @@ void CFILESTREAM::SetSize(unsigned long long size) {
     mCursor.SetSize(size);
 }
 
-bool CFILESTREAM::Has(OpenMode flag) const {
-    return ((IsLent() ? CSTREAM::GetOpenMode() : GetOpenMode()) & flag) != 0;
-}
-
 /// Gives up the file and the buffer; false, with the last error set, when the system did not write all it had taken.
 bool CFILESTREAM::Release() noexcept {
     mBuffer.reset();
@@ -195,7 +209,8 @@ std::size_t CFILESTREAM::ReadSome(char* buffer, std::size_t count) {
         const bool isNext = position == mCursor.GetArea().start + mCursor.GetArea().size;
         const std::size_t most = isNext ? kBufferSize : std::max(count, kFirstRead);
         Forget(position);
-        SetWindow(position, ReadFile(mBuffer.get(), static_cast<std::size_t>(mCursor.Available(static_cast<long>(most)))));
+        SetWindow(position,
+                  ReadFile(mBuffer.get(), static_cast<std::size_t>(mCursor.Available(static_cast<long>(most)))));
     }
     const std::string_view ahead = mCursor.Ahead().substr(0, count);
     std::copy(ahead.begin(), ahead.end(), buffer);

@@ -74,11 +74,14 @@ private:
         [[nodiscard]] bool IsEmpty() const noexcept { return begin == end; }
     };
 
-    void SetWindow(unsigned long long start, std::size_t size) noexcept { mCursor.SetArea({mBuffer.get(), start, size}); }
+    void SetWindow(unsigned long long start, std::size_t size) noexcept {
+        mCursor.SetArea({mBuffer.get(), start, size});
+    }
+    [[nodiscard]] bool Continue(const void* buffer, std::size_t count) noexcept;
     [[nodiscard]] bool Takes(std::size_t count) const noexcept;
     void Forget(unsigned long long start = 0) noexcept;
     void Cut(unsigned long long fileSize) noexcept;
-    [[nodiscard]] bool Has(OpenMode flag) const;
+    [[nodiscard]] bool Has(OpenMode flag) const { return ((IsLent() ? mMode : GetOpenMode()) & flag) != 0; }
     bool Release() noexcept;
     std::size_t ReadSome(char* buffer, std::size_t count);
     std::size_t ReadFile(void* buffer, std::size_t count);
@@ -87,6 +90,7 @@ private:
     void FollowAppended();
 
     const std::string mPath;
+    const OpenMode mMode;
     platform::FILEHANDLE mFile = platform::kNoFile;
     std::unique_ptr<char[]> mBuffer;
     PENDING mPending;

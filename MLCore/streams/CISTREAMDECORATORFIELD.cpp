@@ -2,7 +2,9 @@
 
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
-#include <MLCore/streams/CENCODER.h>
+#include <MLCore/streams/CCSVENCODER.h>
+#include <MLCore/streams/CNULLENCODER.h>
+#include <MLCore/streams/OwnClass.h>
 
 namespace MLCore {
 
@@ -15,8 +17,18 @@ void CISTREAMDECORATORFIELD::ReadNextValue(std::string& value, long maxLength) {
     if (maxLength < 0) {
         FailOSErr(kErrStreamEnd);
     }
-    std::string field;
-    ReadCharacters(&field, static_cast<std::size_t>(maxLength), &mSeparator);
+    const std::size_t limit = static_cast<std::size_t>(maxLength);
+    std::string_view ahead;
+    bool hasQuotes = false;
+    const bool isAhead = TakeAhead(ahead, limit, &mSeparator, hasQuotes);
+    if (isAhead && !hasQuotes && IsOfClass<CCSVENCODER, CNULLENCODER>(mEncoder)) {
+        value.assign(ahead);  // as they would
+        return;
+    }
+    std::string field(ahead);
+    if (!isAhead) {
+        ReadCharacters(&field, limit, &mSeparator);
+    }
     value = mEncoder.Decode(field);
 }
 

@@ -2,7 +2,11 @@
 
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
+#include <MLCore/streams/CHARACTERSET.h>
+#include <MLCore/streams/CISTREAMDECORATORFIELD.h>
 #include <MLCore/streams/CRANDOMSTREAM.h>
+#include <MLCore/streams/OwnClass.h>
+#include <MLCore/streams/STREAMCURSOR.h>
 #include <MLCore/text/DecimalText.h>
 #include <MLCore/text/DoubleText.h>
 
@@ -18,6 +22,8 @@ namespace {
 constexpr long kLongestToken = 32767;
 /// What is read ahead: some fields long, so that little is copied in vain.
 constexpr long kBlockSize = 64;
+constexpr char kQuote = '"';
+constexpr CHARACTERSET kSpecial("\r\n\"");
 
 std::string_view Trim(std::string_view text) {
     constexpr const char* kBlanks = " \t\n\v\f\r";
@@ -48,6 +54,11 @@ long CISTREAMDECORATORTEXT::GetValue(void* buffer, long count) {
     return total;
 }
 
+inline std::string_view CISTREAMDECORATORTEXT::BytesAhead() const noexcept {
+    const STREAMCURSOR* const lent = GetComponent().mLent;
+    return lent != nullptr ? lent->Ahead() : std::string_view();
+}
+
 void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit, const char* separator) {
     if (IsEnd() != 0) {
         char none = '\0';
@@ -58,32 +69,76 @@ void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit,
     bool isComplete = limit == 0;
     while (!isComplete && IsEnd() == 0 && IsEndOfLine() == 0) {
         char block[kBlockSize] = {};
-        const long size = mRandom != nullptr ? GetComponent().GetValue(static_cast<void*>(block), kBlockSize)
-                                             : GetValue(static_cast<void*>(block), 1L);
-        const char* const end = block + size;
-        const char* from = block;
-        char* kept = block;
-        while (from != end && !isComplete) {
-            const char character = *from++;
-            isQuoted ^= character == '"';
+        std::string_view bytes = BytesAhead();
+        const bool isLent = !bytes.empty();
+        if (!isLent) {
+            const long size = mRandom != nullptr ? GetComponent().GetValue(static_cast<void*>(block), kBlockSize)
+                                                 : GetValue(static_cast<void*>(block), 1L);
+            bytes = std::string_view(block, static_cast<std::size_t>(size));
+        }
+        std::size_t at = 0;
+        std::size_t run = 0;  // where what is kept begins
+        const auto keep = [&](std::size_t end) {
+            if (text != nullptr) {
+                text->append(bytes, run, end - run);
+            }
+            run = at;
+        };
+        while (at != bytes.size() && !isComplete) {
+            const char character = bytes[at++];
+            isQuoted ^= character == kQuote;
             if (IsEOLChar(character) != 0) {
+                keep(at - 1);
                 mIsEndOfLine = IsEOL(character);
                 isComplete = mIsEndOfLine != 0;
             } else if (static_cast<unsigned char>(character) == stop && !isQuoted) {
+                keep(at - 1);
                 isComplete = true;
             } else {
-                *kept++ = character;
                 isComplete = --limit == 0;
             }
         }
-        if (from != end) {
-            mRandom->SetPosition(mRandom->GetPosition() - static_cast<unsigned long long>(end - from));
+        keep(at);
+        if (isLent) {
+            GetComponent().mLent->MoveOn(static_cast<long>(at));
+        } else if (at != bytes.size()) {
+            mRandom->SetPosition(mRandom->GetPosition() - (bytes.size() - at));
         }
-        if (text != nullptr) {
-            text->append(block, kept);
-        }
-        isComplete = isComplete || size == 0;
+        isComplete = isComplete || bytes.empty();
     }
+}
+
+bool CISTREAMDECORATORTEXT::TakeAhead(std::string_view& text, std::size_t limit, const char* separator,
+                                      bool& hasQuotes) {
+    const std::string_view bytes = BytesAhead().substr(0, limit);
+    const char* const end = bytes.data() + bytes.size();
+    const char* at = bytes.data();
+    const char stop = separator != nullptr ? *separator : '\n';
+    bool isQuoted = false;
+    for (; at != end; ++at) {
+        if (!kSpecial.Has(*at) && *at != stop) {
+            continue;  // most of them
+        }
+        const bool isQuote = *at == kQuote;
+        isQuoted ^= isQuote;
+        hasQuotes |= isQuote;
+        if (IsEOLChar(*at) != 0 || (*at == stop && !isQuoted)) {
+            break;
+        }
+    }
+    // A CR elsewhere than at the line end is to be dropped.
+    const char* const last = at != end && *at == '\r' ? at + 1 : at;
+    if (last == end || (last != at && IsEOL(*last) == 0)) {
+        return false;
+    }
+    const bool isAsked = !IsOfClass<CISTREAMDECORATORTEXT, CISTREAMDECORATORFIELD>(*this);
+    if (mIsEndOfLine != 0 || (isAsked && (IsEnd() != 0 || IsEndOfLine() != 0))) {
+        return false;
+    }
+    text = std::string_view(bytes.data(), static_cast<std::size_t>(at - bytes.data()));
+    mIsEndOfLine = IsEOL(*last);
+    GetComponent().mLent->MoveOn(static_cast<long>(last + 1 - bytes.data()));
+    return true;
 }
 
 std::string CISTREAMDECORATORTEXT::ReadToken() {
@@ -181,6 +236,12 @@ void CISTREAMDECORATORTEXT::GetValueBOOL(int& value) {
 int CISTREAMDECORATORTEXT::IsEndOfLine() const { return mIsEndOfLine != 0 ? 1 : CISTREAMDECORATOR::IsEndOfLine(); }
 
 void CISTREAMDECORATORTEXT::ReadLine(std::string& line) {
+    bool hasQuotes = false;
+    if (std::string_view ahead; TakeAhead(ahead, std::string_view::npos, nullptr, hasQuotes)) {
+        ClearEndOfLine();
+        line.assign(ahead);
+        return;
+    }
     std::string text;
     ReadCharacters(&text, std::string::npos, nullptr);
     line = std::move(text);

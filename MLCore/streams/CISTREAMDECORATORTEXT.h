@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace MLCore {
 
@@ -73,10 +74,14 @@ protected:
     /// the end of the stream or, unless null, a separator that no odd number of double quotes stands before; stops when
     /// `limit` characters were taken. Takes the LF or the separator with it, and sets the flag at the LF.
     void ReadCharacters(std::string* text, std::size_t limit, const char* separator);
+    /// The same at once, for what lies before the line end or the separator wholly in memory, and needs nothing dropped: `text` is
+    /// valid until the next operation of the component. False, with nothing done, for all else.
+    [[nodiscard]] bool TakeAhead(std::string_view& text, std::size_t limit, const char* separator, bool& hasQuotes);
     /// What typed reads begin with: the text of one value, or -110 at the end.
     [[nodiscard]] std::string ReadToken();
 
 private:
+    [[nodiscard]] std::string_view BytesAhead() const noexcept;
     template <class Value, class Parse>
     void ReadParsed(Value& value, Parse parse);
     template <class Stored, class Value>

@@ -90,11 +90,11 @@ void COSTREAM::SetValue(const std::string& value) { WriteText(value); }
 void COSTREAM::SetValue(const char* value) { WriteText(value != nullptr ? value : ""); }
 
 void COSTREAM::WriteText(std::string_view text) {
-    do {
-        const std::string_view piece = text.substr(0, kLongestBlock);  // what a `long` can count everywhere
-        WriteBytes(piece.data(), piece.size());
-        text.remove_prefix(piece.size());
-    } while (!text.empty());
+    while (text.size() > kLongestBlock) {  // what a `long` can count everywhere
+        WriteBytes(text.data(), kLongestBlock);
+        text.remove_prefix(kLongestBlock);
+    }
+    WriteBytes(text.data(), text.size());
 }
 
 void COSTREAM::SetValue(char value) { WriteBytes(&value, sizeof(value)); }

@@ -4,6 +4,7 @@
 #include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 
 #include <cstdint>
+#include <string_view>
 
 namespace MLCore {
 
@@ -29,6 +30,10 @@ public:
     void SetNextLine() override;
 
 private:
+    void WriteField(std::string_view value);
+    void WriteEncoded(const std::string& value);
+    [[nodiscard]] bool WritePlainField(std::string_view value);
+
     char mSeparator;
     CENCODER& mEncoder;
     std::int32_t mIsLineStart = 1;

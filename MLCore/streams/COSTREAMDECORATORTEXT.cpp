@@ -1,20 +1,22 @@
 #include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 
 #include <MLCore/core/Narrowing.h>
-#include <MLCore/streams/CISTREAMDECORATORTEXT.h>
-#include <MLCore/text/DecimalText.h>
+#include <MLCore/streams/CHARACTERSET.h>
 #include <MLCore/text/DoubleText.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstdint>
+#include <iterator>
+#include <limits>
 
 namespace MLCore {
 
 namespace {
 
 constexpr char kLineEnd[] = {'\r', '\n'};
-
-bool EndsRun(char character) { return CISTREAMDECORATORTEXT::IsEOLChar(character) != 0 || character == '\0'; }
+/// What is not written as it stands.
+constexpr CHARACTERSET kRunEnds(std::string_view("\r\n\0", 3));
 
 }  // namespace
 
@@ -30,7 +32,7 @@ void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
     const char* from = static_cast<const char*>(buffer);
     const char* const end = from + std::max(count, 0L);
     do {
-        const char* const to = std::find_if(from, end, EndsRun);
+        const char* const to = std::find_if(from, end, [](char character) { return kRunEnds.Has(character); });
         if (to == end || *to == '\0') {
             write(from, end);
             return;
@@ -56,9 +58,9 @@ void COSTREAMDECORATORTEXT::SetValue(double value) {
 }
 
 void COSTREAMDECORATORTEXT::WriteInteger(long long value) {
-    std::string text;
-    AppendPadded(text, value, 1);
-    SetValue(text.c_str());
+    char text[std::numeric_limits<long long>::digits10 + 3] = {};  // with the digit not counted, a sign and a zero
+    std::to_chars(std::begin(text), std::end(text) - 1, value);
+    SetValue(static_cast<const char*>(text));
 }
 
 void COSTREAMDECORATORTEXT::SetValue(unsigned long value) {

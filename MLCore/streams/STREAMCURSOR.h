@@ -87,7 +87,8 @@ public:
     void SetArea(const STREAMAREA& area) noexcept { mArea = area; }
     /// The bytes from the position on that lie in memory.
     [[nodiscard]] std::string_view Ahead() const noexcept {
-        const std::size_t count = static_cast<std::size_t>(std::min<unsigned long long>(RoomAhead(), mSize - mPosition));
+        const std::size_t count =
+            static_cast<std::size_t>(std::min<unsigned long long>(RoomAhead(), mSize - mPosition));
         return count != 0 ? std::string_view(AtPosition(), count) : std::string_view();
     }
     /// Moves on over `count` bytes and returns them; null, and stays, when they do not all lie in memory.
@@ -104,10 +105,25 @@ public:
         if (count > RoomAhead() || mArea.data == nullptr) {
             return false;
         }
-        std::memmove(AtPosition(), bytes, count);
+        Copy(AtPosition(), bytes, count);
         mPosition += count;
         mSize = std::max(mSize, mPosition);
         return true;
+    }
+
+    /// As memmove(), which costs more than the short texts that are most of what is written.
+    static void Copy(char* to, const void* from, std::size_t count) noexcept {
+        constexpr std::size_t kHalf = 8;
+        if (count < kHalf || count > 2 * kHalf) {
+            std::memmove(to, from, count);
+            return;
+        }
+        std::uint64_t first = 0;
+        std::uint64_t last = 0;  // overlaps the first where the text is shorter than both
+        std::memcpy(&first, from, kHalf);
+        std::memcpy(&last, static_cast<const char*>(from) + count - kHalf, kHalf);
+        std::memcpy(to, &first, kHalf);
+        std::memcpy(to + count - kHalf, &last, kHalf);
     }
 
 private:

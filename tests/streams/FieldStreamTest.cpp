@@ -1,8 +1,10 @@
 #include <MLCore/streams/CCSVENCODER.h>
+#include <MLCore/streams/CFILESTREAM.h>
 #include <MLCore/streams/CISTREAMDECORATORFIELD.h>
 #include <MLCore/streams/CNULLENCODER.h>
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>
 #include <streams/Bytes.h>
+#include <support/TempFile.h>
 
 #include <bit>
 #include <cmath>
@@ -48,6 +50,45 @@ TEST(FieldStreamTest, ReadsFieldsAndLines) {
             EXPECT_EQ(fields, expected);
         }
     }
+}
+
+TEST(FieldStreamTest, ReadsTheSameAheadInMemoryAndByteByByte) {
+    class CASKED : public CBUFFERSTREAM {  // no class of the library's: what it holds is not looked at
+        using CBUFFERSTREAM::CBUFFERSTREAM;
+    };
+    std::mt19937 random(20);
+    const std::string_view pieces[] = {"a", "longer text", ";", ";", "\"", "\r", "\n", "\r\n"};
+    std::string data;
+    while (data.size() < 3 * CFILESTREAM::kBufferSize) {
+        data += pieces[random() % std::size(pieces)];
+    }
+    const support::TEMPFILE content;
+    content.SetContent(data);
+    CFILESTREAM file(content.path);
+    CBUFFERSTREAM buffer(static_cast<unsigned long>(data.size()), data.data());
+    CASKED asked(static_cast<unsigned long>(data.size()), data.data());
+    CISTREAMDECORATOR hidden(asked);
+    const auto read = [&](CRANDOMIOSTREAM& stream, CISTREAM& component) {
+        component.Open();
+        CISTREAMDECORATORFIELD fields(component, ';', csv);
+        std::string all;
+        std::string field;
+        for (int i = 0; fields.IsEnd() == 0; ++i) {
+            i % 7 == 0 ? fields.ReadLine(field) : fields.GetValue(field, i % 3 == 0 ? 2 : 32767);
+            all += field + '|' + std::to_string(stream.GetPosition() * 2 + (fields.IsEndOfLine() != 0 ? 1U : 0U)) + '/';
+            if (i % 5 == 0) {
+                fields.ClearEndOfLine();
+            }
+            if (i % 11 == 0) {
+                fields.GetNextLine();
+            }
+        }
+        return all;
+    };
+    const std::string expected = read(asked, hidden);
+    EXPECT_TRUE(read(asked, asked) == expected);
+    EXPECT_TRUE(read(buffer, buffer) == expected);
+    EXPECT_TRUE(read(file, file) == expected);
 }
 
 /// Makes texts longer, which must not make them longer than a caller's buffer.

@@ -189,4 +189,43 @@ TEST(MemoryStreamsTest, HandlesAreOwnedOrBorrowed) {
     EXPECT_NE(GlobalBlockFree(GlobalBlockReAlloc(detached, 40 << 20)), false) << "no lock was left";
 }
 
+TEST(MemoryStreamsTest, RawOperationsOfADerivedClassAreAsked) {
+    struct CCOUNTED : CBUFFERSTREAM {
+        using CBUFFERSTREAM::GetValue;
+        using CBUFFERSTREAM::SetValue;
+        long GetValue(void* data, long count) override {
+            asked += count;
+            return CBUFFERSTREAM::GetValue(data, count);
+        }
+        void SetValue(const void* data, long count) override {
+            asked += count * 100;
+            CBUFFERSTREAM::SetValue(data, count);
+        }
+        long asked = 0;
+    } stream;
+    stream.Open();
+    stream << 1L << 2.0 << "text";
+    stream.Rewind();
+    long number = 0;
+    std::string text;
+    stream >> number;
+    stream.Skip(8);
+    stream.GetValue(text, 4);
+    EXPECT_EQ(stream.asked, 1608);
+}
+
+TEST(MemoryStreamsTest, TypedWritesTellTheirCapacityAndEndWithTheStream) {
+    CHANDLESTREAM stream;
+    stream.Open();
+    for (long i = 0; i < 100; ++i) {
+        stream << i;
+        ASSERT_EQ(stream.GetCapacity(), static_cast<unsigned long long>(4 * (i + 1)));
+    }
+    EXPECT_EQ(GlobalBlockSize(stream.GetHandle()), 400U);
+    stream << 'x';
+    stream.Close();
+    EXPECT_EQ(FailureOf([&] { stream << 1L; }), 141);
+    EXPECT_EQ(GlobalBlockSize(stream.GetHandle()), 401U);
+}
+
 }  // namespace
