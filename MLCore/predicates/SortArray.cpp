@@ -4,6 +4,7 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/platform/WinTypes.h>
 #include <MLCore/predicates/CSORTDESCRIPTOR.h>
+#include <MLCore/predicates/OPERAND.h>
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/Cmp.h>
 #include <MLCore/values/KeyMapping.h>
@@ -122,7 +123,7 @@ private:
         if (object == nullptr) {
             return;
         }
-        auto* const value = dynamic_cast<CVALUEOBJECT*>(object);
+        CVALUEOBJECT* const value = ValueObject(object);
         FailOSErr(value != nullptr ? short{0} : kErrValueType);
         if (value->GetValue().IsNull() != 0) {
             return;
@@ -169,6 +170,7 @@ private:
             !std::ranges::all_of(mKeys, isPlain)) {
             return;
         }
+        mIsByBytes = true;
         for (SORTKEY& key : mKeys) {
             if (!!key.value) {
                 const char* const text = key.value->GetValue();
@@ -190,11 +192,15 @@ private:
             return 0;
         }
         const CVALUE& other = b.value->GetValue();
+        if (mIsByBytes) {
+            return std::strcmp(a.value->GetValue(), other);
+        }
         return a.value->Cmp(other, COMPARISON::Greater, mOption) - a.value->Cmp(other, COMPARISON::Lesser, mOption);
     }
 
     std::vector<SORTKEY> mKeys;
     READ mRead = nullptr;  // null until there is a value
+    bool mIsByBytes = false;
     bool mIsDescending;
     OPTION mOption;
 };
