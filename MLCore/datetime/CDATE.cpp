@@ -233,10 +233,10 @@ CDATE& CDATE::operator-=(long days) noexcept {
     return AddDays(days == std::numeric_limits<long>::min() ? std::numeric_limits<long>::max() : -days);
 }
 
-CDATE CDATE::MonthsFromNoMonth(CDATE date, long months) noexcept {
+CDATE CDATE::MonthsFromNoMonth(int day, int month, int year, long months) noexcept {
     long years = months / 12;
     int step = static_cast<int>(months % 12);
-    const int reached = date.mMonth + step;
+    const int reached = month + step;
     if (reached < 1) {
         --years;
         step += 12;
@@ -244,12 +244,12 @@ CDATE CDATE::MonthsFromNoMonth(CDATE date, long months) noexcept {
         ++years;
         step -= 12;
     }
-    years = std::clamp(years, -serialday::kMostYears, serialday::kMostYears);
-    if (!std::in_range<std::int16_t>(date.mYear + years)) {
+    years = year + std::clamp(years, -serialday::kMostYears, serialday::kMostYears);
+    if (!std::in_range<std::int16_t>(years)) {
         return {};
     }
-    date.mMonth = static_cast<std::int16_t>(date.mMonth + step);
-    date.mYear = static_cast<std::int16_t>(date.mYear + years);
+    CDATE date(static_cast<std::int16_t>(day), static_cast<std::int16_t>(month + step),
+               static_cast<std::int16_t>(years));
     date.Validate();
     return date;
 }

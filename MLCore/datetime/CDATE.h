@@ -89,7 +89,11 @@ public:
     constexpr bool operator!() const noexcept { return IsNull() != 0; }
     /// 1 when the fields form a real date of the year 0 or later.
     [[nodiscard]] constexpr int IsDate() const noexcept {
-        return mYear >= 0 && mDay >= 1 && mDay <= DaysInMonth(mMonth, mYear) ? 1 : 0;
+        // The common year first: nearly all dates are in it.
+        return mYear >= 0 && mDay >= 1 && IsMonth(mMonth) &&
+                       (mDay <= serialday::kDaysInMonth[mMonth - 1] || mDay <= DaysInMonth(mMonth, mYear))
+                   ? 1
+                   : 0;
     }
     /// 1 in a leap year.
     [[nodiscard]] constexpr int IsYearBissextile() const noexcept { return IsYearBissextile(mYear); }
@@ -178,7 +182,7 @@ public:
     /// Keeps the day where the month has it and lowers it where not: 31 January + 1 month is the end of February.
     MLCORE_TEMPLATE_API constexpr CDATE& AddMonths(long months) noexcept {
         if (!IsMonth(mMonth)) {
-            return *this = MonthsFromNoMonth(*this, months);
+            return *this = MonthsFromNoMonth(mDay, mMonth, mYear, months);
         }
         // Months from January of the first year there is; below it the sum wraps and is too large as well.
         const unsigned long reached =
@@ -277,8 +281,8 @@ private:
         // Of the years that 4 divides and 25 too, the centuries, only those that 16 divides.
         return (year & (year % 25 != 0 ? 3 : 15)) == 0 ? 1 : 0;
     }
-    /// AddMonths() for a month out of 1..12.
-    [[nodiscard]] static CDATE MonthsFromNoMonth(CDATE date, long months) noexcept;
+    // AddMonths() for a month out of 1..12. Takes the fields: for a whole date callers would keep theirs in memory.
+    [[nodiscard]] static CDATE MonthsFromNoMonth(int day, int month, int year, long months) noexcept;
     [[nodiscard]] constexpr std::int32_t ComparisonKey() const noexcept {
         return mDay | (mMonth * 256) | (mYear * 65536);
     }
