@@ -54,13 +54,13 @@ constexpr TEXTS kQuoted = {"Dupont; fils", "Clermont-Ferrand", "the \"old\" town
 
 const TEXTS& TextsOf(std::size_t line, bool isQuoted) { return isQuoted && line % 4 == 0 ? kQuoted : kPlain; }
 
-std::int64_t WriteOurs(const SCRATCHFILE& file, bool isQuoted, std::size_t lines = kLines) {
+std::int64_t WriteOurs(const SCRATCHFILE& file, bool isQuoted) {
     CFILESTREAM stream(file.GetPath(), CSTREAM::ReadWrite | CSTREAM::Create | CSTREAM::Truncate);
     stream.Open();
     CCSVENCODER encoder;
     COSTREAMDECORATORFIELD fields(stream, ';', encoder);
     CSTREAMWRITER writer(fields);
-    for (std::size_t i = 0; i < lines; ++i) {
+    for (std::size_t i = 0; i < kLines; ++i) {
         const TEXTS& texts = TextsOf(i, isQuoted);
         writer << static_cast<long>(i) << texts.client << texts.city << static_cast<long>(i % 1000) << short{7}
                << texts.remark << endl;
@@ -160,15 +160,6 @@ std::int64_t ReadLibcsv(const SCRATCHFILE& file) {
 }
 #endif
 
-// Writes and reads all lines, in files of `size`.
-std::int64_t RoundTrips(const SCRATCHFILE& file, std::size_t size) {
-    std::int64_t sum = 0;
-    for (std::size_t done = 0; done < kLines; done += size) {
-        sum += WriteOurs(file, true, size) + ReadOurs(file);
-    }
-    return sum;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -194,9 +185,5 @@ int main(int argc, char** argv) {
             workload.AddLimit("fgets, strchr", [file](std::size_t) { return ReadByHand(*file); });
         }
     }
-    const SCRATCHFILE sized("MLCore.bench.sized.csv");
-    bench::GROWTH("write and read lines", bench::GROWTH::LAW::LINEAR).Add("MLCore", [&sized](std::size_t size) {
-        return RoundTrips(sized, size);
-    });
     return bench::Run(argc, argv);
 }
