@@ -14,7 +14,12 @@
 #include <string>
 
 #if defined MLCORE_HAVE_FCCP
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpragmas"  // clang has no such warning as the next
+#pragma GCC diagnostic ignored "-Wunknown-warning-option"
+#pragma GCC diagnostic ignored "-Wstringop-truncation"
 #include <libfccp/csv.h>
+#pragma GCC diagnostic pop
 #endif
 #if defined MLCORE_HAVE_LIBCSV
 #include <csv.h>
