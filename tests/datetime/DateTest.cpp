@@ -72,6 +72,10 @@ TEST(DateTest, SerialDayOfNonsenseFields) {
             for (int day = -40; day <= 80; ++day) {
                 ASSERT_EQ(Date(day, month, year).ComputeDaysFrom1904(), before + day)
                     << day << ' ' << month << ' ' << year;
+                const CDATE moved = AddDays(Date(day, month, year), -17);
+                ASSERT_TRUE(moved.ComputeDaysFrom1904() == before + day - 17 ||
+                            (moved.IsNull() && std::abs(year) > 32766))
+                    << day << ' ' << month << ' ' << year;
                 CDATE date = Date(day, month, year);
                 date.Validate();
                 const int length = month < 1 || month > 12 ? 31 : MonthLength(month, year);
