@@ -15,8 +15,8 @@ namespace {
 /// By byte.
 constexpr std::array<bool, 256> kIsDelimiter = [] {
     std::array<bool, 256> isDelimiter{};
-    for (const unsigned char character : {'.', '[', ']'}) {
-        isDelimiter[character] = true;
+    for (const char character : {'.', '[', ']'}) {
+        isDelimiter[static_cast<unsigned char>(character)] = true;
     }
     return isDelimiter;
 }();

@@ -11,7 +11,8 @@ namespace {
 /// The same texts as on the other system, where a key names a file.
 bool IsUsable(const char* text) noexcept {
     const std::string_view view = text == nullptr ? "" : text;
-    return !view.empty() && view.front() != '.' && view.front() != '\\' && view.find_first_of("/\r\n") == std::string_view::npos;
+    return !view.empty() && view.front() != '.' && view.front() != '\\' &&
+           view.find_first_of("/\r\n") == std::string_view::npos;
 }
 
 }  // namespace
