@@ -132,6 +132,8 @@ DATA MakeData(std::size_t count) {
     const auto cities = MakeNames(500, random);
     const auto below = [&random](unsigned bound) { return static_cast<std::int32_t>(random() % bound); };
     DATA data;
+    data.plains.reserve(count);
+    data.maps.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
         PLAIN plain{static_cast<std::int32_t>(i),
                     clients[random() % clients.size()],
@@ -313,34 +315,55 @@ std::shared_ptr<NSRECORDS> NsRecordsOf(const std::vector<PLAIN>& plains, std::si
 }
 #endif
 
-void RegisterFilter(const DATA& data, const std::string& what, CARRAY& all, std::size_t count) {
+/// The first `count` records, for those who need them in a form of their own; all workloads of that size share them.
+struct PEERS {
+#if defined(MLCORE_HAVE_SQLITE)
+    std::shared_ptr<SQLTABLE> table;
+#endif
+#if defined(MLCORE_HAVE_GNUSTEP)
+    std::shared_ptr<NSRECORDS> records;  // null: too many
+#endif
+};
+
+PEERS MakePeers([[maybe_unused]] const DATA& data, [[maybe_unused]] std::size_t count) {
+    PEERS peers;
+#if defined(MLCORE_HAVE_SQLITE)
+    peers.table = std::make_shared<SQLTABLE>(data.plains, count);
+#endif
+#if defined(MLCORE_HAVE_GNUSTEP)
+    peers.records = count <= kMostNsRecords ? NsRecordsOf(data.plains, count) : nullptr;
+#endif
+    return peers;
+}
+
+void RegisterFilter(const DATA& data, [[maybe_unused]] const PEERS& peers, const std::string& what, CARRAY& all,
+                    std::size_t count) {
     const auto array = FirstOf(all, count);
     const auto predicate = MakePredicate();
     WORKLOAD workload("filter " + std::to_string(count) + ' ' + what, 1, nullptr, count);
     workload.Add("MLCore", [array, predicate](std::size_t) { return Digest(array->Filter(predicate)); });
 #if defined(MLCORE_HAVE_SQLITE)
-    const auto table = std::make_shared<SQLTABLE>(data.plains, count);
-    workload.Add("SQLite", [table](std::size_t) { return table->Filter(); });
+    workload.Add("SQLite", [table = peers.table](std::size_t) { return table->Filter(); });
 #endif
 #if defined(MLCORE_HAVE_GNUSTEP)
-    if (count <= kMostNsRecords) {
-        const auto records = NsRecordsOf(data.plains, count);
-        workload.Add("NSPredicate", [records](std::size_t) {
+    if (peers.records != nullptr) {
+        workload.Add("NSPredicate", [records = peers.records](std::size_t) {
             return Digest(records->Filter(kMinAmount), [&records](std::size_t i) { return records->RowAt(i); });
         });
     }
 #endif
-    workload.Add("std::unordered_map", FilterByHand(data.maps, count)).AddLimit("structs", FilterByHand(data.plains, count));
+    workload.Add("std::unordered_map", FilterByHand(data.maps, count))
+        .AddLimit("structs", FilterByHand(data.plains, count));
 }
 
-void RegisterSort(const DATA& data, const std::string& what, CARRAY& all, std::size_t count) {
+void RegisterSort(const DATA& data, [[maybe_unused]] const PEERS& peers, const std::string& what, CARRAY& all,
+                  std::size_t count) {
     const auto array = FirstOf(all, count);
     const auto order = CSORTDESCRIPTORBUILDER::Create("client;-amount");
     WORKLOAD workload("sort " + std::to_string(count) + ' ' + what, 1, nullptr, count);
     workload.Add("MLCore", [array, order](std::size_t) { return Digest(SortArray(array, order)); });
 #if defined(MLCORE_HAVE_SQLITE)
-    const auto table = std::make_shared<SQLTABLE>(data.plains, count);
-    workload.Add("SQLite", [table](std::size_t) { return table->Sort(); });
+    workload.Add("SQLite", [table = peers.table](std::size_t) { return table->Sort(); });
 #endif
     workload.AddLimit("structs", SortByHand(data.plains, count));
 }
@@ -350,10 +373,11 @@ void RegisterSort(const DATA& data, const std::string& what, CARRAY& all, std::s
 int main(int argc, char** argv) {
     const DATA data = MakeData(kCount);
     for (const std::size_t count : kCounts) {
-        RegisterFilter(data, "dictionaries", *data.dictionaries, count);
-        RegisterFilter(data, "objects", *data.objects, count);
-        RegisterSort(data, "dictionaries", *data.dictionaries, count);
-        RegisterSort(data, "objects", *data.objects, count);
+        const PEERS peers = MakePeers(data, count);
+        RegisterFilter(data, peers, "dictionaries", *data.dictionaries, count);
+        RegisterFilter(data, peers, "objects", *data.objects, count);
+        RegisterSort(data, peers, "dictionaries", *data.dictionaries, count);
+        RegisterSort(data, peers, "objects", *data.objects, count);
     }
     return Run(argc, argv);
 }
