@@ -10,7 +10,6 @@
 
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <string>
 
 #if defined MLCORE_HAVE_FCCP
@@ -25,29 +24,17 @@
 #include <csv.h>
 #endif
 
+#include "support/ScratchFile.h"
 #include "support/Workload.h"
 
 namespace {
 
 using namespace MLCore;
+using bench::SCRATCHFILE;
 
 constexpr std::size_t kLines = 1000000;
 constexpr int kFields = 6;
 constexpr long kLongest = 1000;
-
-// A file of the program's own, removed at its end.
-class SCRATCHFILE {
-public:
-    explicit SCRATCHFILE(const char* name) : mPath((std::filesystem::temp_directory_path() / name).string()) {}
-    ~SCRATCHFILE() { std::filesystem::remove(mPath); }
-    SCRATCHFILE(const SCRATCHFILE&) = delete;
-    SCRATCHFILE& operator=(const SCRATCHFILE&) = delete;
-    [[nodiscard]] const char* GetPath() const { return mPath.c_str(); }
-    [[nodiscard]] std::int64_t GetSize() const { return static_cast<std::int64_t>(std::filesystem::file_size(mPath)); }
-
-private:
-    std::string mPath;
-};
 
 struct TEXTS {
     const char* client;

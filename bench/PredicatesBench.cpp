@@ -11,7 +11,6 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/SortArray.h>
 #include <MLCore/values/CMEMARRAY.h>
-#include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
 #include <algorithm>
@@ -19,7 +18,6 @@
 #include <cstdint>
 #include <iterator>
 #include <memory>
-#include <random>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -27,6 +25,7 @@
 #include <variant>
 #include <vector>
 
+#include "support/Orders.h"
 #include "support/Workload.h"
 
 #if defined(MLCORE_HAVE_GNUSTEP)
@@ -44,36 +43,27 @@ constexpr std::size_t kCounts[] = {10000, 100000, 1000000};
 constexpr std::size_t kCount = 1000000;
 constexpr double kMinAmount = 8000;
 
-struct PLAIN {
-    std::int32_t row;
-    std::string client, city;
-    double amount;
-    CDATE date;
-    std::int32_t quantity;
-    bool active;
-};
-
 using MAP = std::unordered_map<std::string, std::variant<std::int32_t, std::string, double, CDATE, bool>>;
 
 /// Makes a new value object each time that it is asked for a property.
 class CCLIENTORDER : public COBJECT {
     MLCORE_CLASS(CCLIENTORDER, COBJECT)
 public:
-    explicit CCLIENTORDER(const PLAIN& plain) : mPlain(plain) {}
+    explicit CCLIENTORDER(const ORDER& plain) : mPlain(plain) {}
 
     CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override {
         struct PROPERTY {
             std::string_view key;
-            CVALUE (*get)(const PLAIN&);
+            CVALUE (*get)(const ORDER&);
         };
         static constexpr PROPERTY kProperties[] = {
-            {"row", [](const PLAIN& plain) { return CVALUE(long{plain.row}); }},
-            {"client", [](const PLAIN& plain) { return CVALUE(plain.client); }},
-            {"city", [](const PLAIN& plain) { return CVALUE(plain.city); }},
-            {"amount", [](const PLAIN& plain) { return CVALUE(plain.amount); }},
-            {"date", [](const PLAIN& plain) { return CVALUE(plain.date); }},
-            {"quantity", [](const PLAIN& plain) { return CVALUE(long{plain.quantity}); }},
-            {"active", [](const PLAIN& plain) { return CVALUE(plain.active ? 1 : 0); }},
+            {"row", [](const ORDER& plain) { return CVALUE(long{plain.row}); }},
+            {"client", [](const ORDER& plain) { return CVALUE(plain.client); }},
+            {"city", [](const ORDER& plain) { return CVALUE(plain.city); }},
+            {"amount", [](const ORDER& plain) { return CVALUE(plain.amount); }},
+            {"date", [](const ORDER& plain) { return CVALUE(plain.date); }},
+            {"quantity", [](const ORDER& plain) { return CVALUE(long{plain.quantity}); }},
+            {"active", [](const ORDER& plain) { return CVALUE(plain.active ? 1 : 0); }},
         };
         const auto* const found = std::find_if(std::begin(kProperties), std::end(kProperties),
                                                [&key](const PROPERTY& property) { return property.key == key; });
@@ -81,7 +71,7 @@ public:
     }
 
 private:
-    PLAIN mPlain;
+    ORDER mPlain;
 };
 
 MLCORE_REGISTER_CLASS(CCLIENTORDER)
@@ -94,59 +84,25 @@ using namespace bench;
 
 /// The same records in four forms.
 struct DATA {
-    std::vector<PLAIN> plains;
+    std::vector<ORDER> plains;
     std::vector<MAP> maps;
     CSHAREOBJECTPTR<CARRAY> objects = CMEMARRAY::Create();
     CSHAREOBJECTPTR<CARRAY> dictionaries = CMEMARRAY::Create();
 };
 
-std::string MakeName(std::mt19937& random) {
-    std::string name(4 + random() % 12, ' ');
-    std::generate(name.begin(), name.end(), [&random] { return static_cast<char>('a' + random() % 26); });
-    name[0] = static_cast<char>((random() % 2 == 0 ? 'a' : 'A') + random() % 26);
-    return name;
-}
-
-std::vector<std::string> MakeNames(std::size_t count, std::mt19937& random) {
-    std::vector<std::string> names(count);
-    std::generate(names.begin(), names.end(), [&random] { return MakeName(random); });
-    return names;
-}
-
-CSHAREOBJECTPTR<COBJECT> DictionaryOf(CCLIENTORDER& object) {
-    const auto dictionary = CMEMDICTIONARY::Create();
-    for (const char* const key : {"row", "client", "city", "amount", "date", "quantity", "active"}) {
-        dictionary->SetKeyValue(key, object.GetKeyValue(key));
-    }
-    return dictionary;
-}
-
-MAP MapOf(const PLAIN& plain) {
+MAP MapOf(const ORDER& plain) {
     return {{"row", plain.row},   {"client", plain.client},     {"city", plain.city},    {"amount", plain.amount},
             {"date", plain.date}, {"quantity", plain.quantity}, {"active", plain.active}};
 }
 
 DATA MakeData(std::size_t count) {
-    std::mt19937 random(11);
-    const auto clients = MakeNames(20000, random);
-    const auto cities = MakeNames(500, random);
-    const auto below = [&random](unsigned bound) { return static_cast<std::int32_t>(random() % bound); };
     DATA data;
-    data.plains.reserve(count);
+    data.plains = MakeOrders(count);
     data.maps.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        PLAIN plain{static_cast<std::int32_t>(i),
-                    clients[random() % clients.size()],
-                    cities[random() % cities.size()],
-                    below(1000000) / 100.0,
-                    CDATE(1, 1, 2024).AddDays(below(1000)),
-                    below(200),
-                    below(2) == 0};
-        const auto object = AdoptObject(new CCLIENTORDER(plain));
-        data.objects->AddObject(object);
-        data.dictionaries->AddObject(DictionaryOf(*object));
-        data.maps.push_back(MapOf(plain));
-        data.plains.push_back(std::move(plain));
+    for (const ORDER& order : data.plains) {
+        data.objects->AddObject(AdoptObject(new CCLIENTORDER(order)));
+        data.dictionaries->AddObject(DictionaryOf(order));
+        data.maps.push_back(MapOf(order));
     }
     return data;
 }
@@ -161,7 +117,7 @@ CSHAREOBJECTPTR<CPREDICATE> MakePredicate() {
         CCOMPARISONBETWEENPREDICATE::Create(key("quantity"), value(10L), value(20L)));
 }
 
-bool IsWanted(const PLAIN& plain) {
+bool IsWanted(const ORDER& plain) {
     return (plain.amount > kMinAmount && (plain.client[0] == 'A' || plain.client[0] == 'a')) ||
            (plain.quantity >= 10 && plain.quantity <= 20);
 }
@@ -180,7 +136,7 @@ bool IsWanted(const MAP& map) {
            isBetween(Get<std::int32_t>(map, "quantity"));
 }
 
-bool IsBefore(const PLAIN* left, const PLAIN* right) {
+bool IsBefore(const ORDER* left, const ORDER* right) {
     return std::tie(left->client, right->amount) < std::tie(right->client, left->amount);
 }
 
@@ -200,7 +156,7 @@ std::int64_t Digest(const CSHAREOBJECTPTR<CARRAY>& array) {
         return static_cast<const CVALUEOBJECT&>(*row).GetValue().ToLong();
     });
 }
-std::int64_t Digest(const std::vector<const PLAIN*>& records) {
+std::int64_t Digest(const std::vector<const ORDER*>& records) {
     return Digest(records.size(), [&records](std::size_t i) { return records[i]->row; });
 }
 std::int64_t Digest(const std::vector<const MAP*>& records) {
@@ -245,14 +201,14 @@ CSHAREOBJECTPTR<CARRAY> FirstOf(CARRAY& array, std::size_t count) {
 /// The first `count` records as a table.
 class SQLTABLE {
 public:
-    SQLTABLE(const std::vector<PLAIN>& plains, std::size_t count) {
+    SQLTABLE(const std::vector<ORDER>& plains, std::size_t count) {
         sqlite3* database = nullptr;
         sqlite3_open(":memory:", &database);
         mDatabase.reset(database);
         Run("CREATE TABLE orders(row INTEGER, client TEXT, city TEXT, amount REAL, date INTEGER, quantity INTEGER, "
             "active INTEGER); BEGIN");
         const STATEMENT insert = Prepare("INSERT INTO orders VALUES(?,?,?,?,?,?,?)");
-        std::for_each_n(plains.begin(), count, [&insert](const PLAIN& plain) {
+        std::for_each_n(plains.begin(), count, [&insert](const ORDER& plain) {
             sqlite3_bind_int(insert.get(), 1, plain.row);
             sqlite3_bind_text(insert.get(), 2, plain.client.c_str(), -1, SQLITE_STATIC);
             sqlite3_bind_text(insert.get(), 3, plain.city.c_str(), -1, SQLITE_STATIC);
@@ -305,9 +261,9 @@ private:
 // More would only need more memory: its time per record is the same.
 constexpr std::size_t kMostNsRecords = 100000;
 
-std::shared_ptr<NSRECORDS> NsRecordsOf(const std::vector<PLAIN>& plains, std::size_t count) {
+std::shared_ptr<NSRECORDS> NsRecordsOf(const std::vector<ORDER>& plains, std::size_t count) {
     const auto records = std::make_shared<NSRECORDS>();
-    std::for_each_n(plains.begin(), count, [&records](const PLAIN& plain) {
+    std::for_each_n(plains.begin(), count, [&records](const ORDER& plain) {
         records->Add(plain.row, plain.client.c_str(), plain.city.c_str(), plain.amount, plain.date.ToLDate(),
                      plain.quantity, plain.active);
     });
