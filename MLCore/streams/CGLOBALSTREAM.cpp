@@ -74,6 +74,15 @@ void CGLOBALSTREAM::SetCapacity(unsigned long long capacity) {
     }
 }
 
-void CGLOBALSTREAM::SetArea() noexcept { mCursor.SetArea({static_cast<char*>(mBlock.GetData()), 0, mBlock.GetRoom()}); }
+void* CGLOBALSTREAM::GetBlockHandle() const {
+    mCursor.SetArea({});
+    void* const handle = Block().GetHandle();
+    SetArea();
+    return handle;
+}
+
+void CGLOBALSTREAM::SetArea() const noexcept {
+    mCursor.SetArea({static_cast<char*>(mBlock.GetData()), 0, mBlock.GetRoom()});
+}
 
 }  // namespace MLCore

@@ -37,9 +37,12 @@ protected:
         return mBlock;
     }
 
+    /// The block's handle. The block gets its told size for it, and may move.
+    [[nodiscard]] void* GetBlockHandle() const;
+
 private:
     void SetCapacity(unsigned long long capacity);
-    void SetArea() noexcept;
+    void SetArea() const noexcept;
 
     mutable GLOBALBLOCK mBlock;
 };

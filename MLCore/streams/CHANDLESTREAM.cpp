@@ -21,7 +21,7 @@ void CHANDLESTREAM::Close() {
     Block().Unlock(static_cast<std::size_t>(mCursor.GetSize()));
 }
 
-void* CHANDLESTREAM::GetHandle() const { return Block().GetHandle(); }
+void* CHANDLESTREAM::GetHandle() const { return GetBlockHandle(); }
 
 void* CHANDLESTREAM::Detach() {
     if (IsOpen() != 0) {

@@ -61,7 +61,7 @@ void CISTREAM::ReadExactly(void* buffer, long count) {
 template <class Value>
 void CISTREAM::ReadPlain(Value& value) {
     if (const char* const bytes = mLent != nullptr ? mLent->Take(sizeof(value)) : nullptr) {
-        std::memcpy(static_cast<void*>(&value), bytes, sizeof(value));
+        std::memmove(static_cast<void*>(&value), bytes, sizeof(value));  // the value may lie in the stream's memory
     } else {
         ReadExactly(&value, sizeof(value));
     }
@@ -127,8 +127,9 @@ void CISTREAM::GetValue(std::string& value, long length) {
         return FailOSErr(kErrStreamEnd);
     }
     const std::size_t count = static_cast<std::size_t>(length);
-    if (const char* const bytes = mLent != nullptr ? mLent->Take(count) : nullptr) {
-        value.assign(bytes, count);
+    if (mLent != nullptr && count != 0 && count <= mLent->Ahead().size()) {
+        value.assign(mLent->Ahead(), 0, count);
+        mLent->MoveOn(length);
         return;
     }
     if (length <= kShortText) {

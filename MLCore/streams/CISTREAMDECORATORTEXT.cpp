@@ -55,7 +55,9 @@ long CISTREAMDECORATORTEXT::GetValue(void* buffer, long count) {
 }
 
 inline std::string_view CISTREAMDECORATORTEXT::BytesAhead() const noexcept {
-    const STREAMCURSOR* const lent = GetComponent().mLent;
+    // A derived class may say where lines and the text end, and is asked often.
+    const bool isOwn = IsOfClass<CISTREAMDECORATORTEXT, CISTREAMDECORATORFIELD>(*this);
+    const STREAMCURSOR* const lent = isOwn ? GetComponent().mLent : nullptr;
     return lent != nullptr ? lent->Ahead() : std::string_view();
 }
 
@@ -131,8 +133,7 @@ bool CISTREAMDECORATORTEXT::TakeAhead(std::string_view& text, std::size_t limit,
     if (last == end || (last != at && IsEOL(*last) == 0)) {
         return false;
     }
-    const bool isAsked = !IsOfClass<CISTREAMDECORATORTEXT, CISTREAMDECORATORFIELD>(*this);
-    if (mIsEndOfLine != 0 || (isAsked && (IsEnd() != 0 || IsEndOfLine() != 0))) {
+    if (mIsEndOfLine != 0) {
         return false;
     }
     text = std::string_view(bytes.data(), static_cast<std::size_t>(at - bytes.data()));

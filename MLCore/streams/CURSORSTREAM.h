@@ -42,7 +42,7 @@ protected:
         }
     }
 
-    STREAMCURSOR mCursor;
+    mutable STREAMCURSOR mCursor;  // what lies in memory changes while nothing else does
 };
 
 }  // namespace MLCore

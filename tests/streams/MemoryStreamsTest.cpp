@@ -189,6 +189,27 @@ TEST(MemoryStreamsTest, HandlesAreOwnedOrBorrowed) {
     EXPECT_NE(GlobalBlockFree(GlobalBlockReAlloc(detached, 40 << 20)), false) << "no lock was left";
 }
 
+// The block moves, or loses its spare room, when its handle is asked for.
+TEST(MemoryStreamsTest, AnOpenStreamGivesItsHandleAndGoesOn) {
+    CHANDLESTREAM stream;
+    stream.Open();
+    for (int i = 0; i < 40000; ++i) {
+        stream << 'a';
+    }
+    for (const unsigned long long size : {30000ULL, 20000ULL, 399ULL, 154ULL}) {
+        stream.SetSize(size);
+        void* const handle = stream.GetHandle();
+        EXPECT_EQ(GlobalBlockSize(handle), size);
+        stream.SetPositionFromEnd(0);
+        stream << 1.0;
+        EXPECT_EQ(GlobalBlockSize(stream.GetHandle()), size + sizeof(double));
+        stream.SetPosition(size);
+        double read = 0;
+        stream >> read;
+        EXPECT_EQ(read, 1.0);
+    }
+}
+
 TEST(MemoryStreamsTest, RawOperationsOfADerivedClassAreAsked) {
     struct CCOUNTED : CBUFFERSTREAM {
         using CBUFFERSTREAM::GetValue;

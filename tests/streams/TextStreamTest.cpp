@@ -68,6 +68,21 @@ TEST(TextStreamTest, ReadsLinesAndStandsBehindThem) {
     }
 }
 
+TEST(TextStreamTest, ADerivedClassSaysWhereTheTextEnds) {
+    const std::string content(1000, 'a');
+    CBUFFERSTREAM buffer(1000, content.data());
+    buffer.Open();
+    struct SECTION : CISTREAMDECORATORTEXT {
+        explicit SECTION(CBUFFERSTREAM& stream) : CISTREAMDECORATORTEXT(stream), component(stream) {}
+        int IsEnd() const override { return component.GetPosition() >= 128 ? 1 : CISTREAMDECORATORTEXT::IsEnd(); }
+        CBUFFERSTREAM& component;
+    } section(buffer);
+    std::string line;
+    section.ReadLine(line);
+    EXPECT_EQ(line.size(), 128U);
+    EXPECT_EQ(buffer.GetPosition(), 128U);
+}
+
 TEST(TextStreamTest, StaysAtTheEndOfALineUntilTold) {
     for (const bool hasPosition : {true, false}) {
         TEXTINPUT input("abc\r\nd\n\r-5\ntrue\nf\r", hasPosition);
