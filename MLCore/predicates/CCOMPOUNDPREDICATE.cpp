@@ -23,19 +23,27 @@ constexpr struct {
 }  // namespace
 
 CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type)
-    : CPREDICATE(PredicateType::Compound), mType(type), mPredicates(CMEMARRAY::Create()) {}
+    : CPREDICATE(PredicateType::Compound), mType(type), mMembers(std::make_shared<MEMBERS>()) {
+    mMembers->array = CMEMARRAY::Create();
+}
 
 CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type, const CARRAY& predicates)
-    : CPREDICATE(PredicateType::Compound), mType(type), mPredicates(CopyOf<CPREDICATE>(predicates)) {
-    ForEachOf<CPREDICATE>(*mPredicates, [this](const CPREDICATE& member) { mMembers.push_back(&member); });
+    : CPREDICATE(PredicateType::Compound), mType(type), mMembers(std::make_shared<MEMBERS>()) {
+    mMembers->array = CopyOf<CPREDICATE>(predicates);
+    ForEachOf<CPREDICATE>(GetPredicates(), [this](const CPREDICATE& member) { mMembers->pointers.push_back(&member); });
 }
 
 CCOMPOUNDPREDICATE::~CCOMPOUNDPREDICATE() = default;
 
 void CCOMPOUNDPREDICATE::AddPredicate(CSHAREOBJECTPTR<CPREDICATE> predicate) {
     FailNull(predicate);
-    mPredicates->AddObject(predicate);
-    mMembers.push_back(predicate);
+    mMembers->pointers.push_back(predicate);
+    try {
+        mMembers->array->AddObject(predicate);
+    } catch (...) {
+        mMembers->pointers.pop_back();
+        throw;
+    }
 }
 
 void CCOMPOUNDPREDICATE::AddPredicates(std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates) {
@@ -48,8 +56,9 @@ void CCOMPOUNDPREDICATE::AddPredicates(std::initializer_list<CSHAREOBJECTPTR<CPR
 template <class Evaluation>
 int CCOMPOUNDPREDICATE::Decide(const Evaluation& evaluate) const {
     const bool deciding = mType == Type::OR;
-    for (std::size_t index = 0; index < mMembers.size(); ++index) {
-        const bool isTrue = evaluate(*mMembers[index]) != 0;
+    const std::vector<const CPREDICATE*>& members = mMembers->pointers;
+    for (std::size_t index = 0; index < members.size(); ++index) {
+        const bool isTrue = evaluate(*members[index]) != 0;
         if (mType == Type::NOT) {
             return isTrue ? 0 : 1;
         }
@@ -70,14 +79,14 @@ int CCOMPOUNDPREDICATE::Evaluate(COBJECT* object) const {
 
 void CCOMPOUNDPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
     if (visitor.VisitPredicate(*this) != 0) {
-        ForEachOf<CPREDICATE>(*mPredicates, [&](const CPREDICATE& member) { member.Accept(visitor); });
+        ForEachOf<CPREDICATE>(GetPredicates(), [&](const CPREDICATE& member) { member.Accept(visitor); });
     }
     visitor.LeavePredicate(*this);
 }
 
 void CCOMPOUNDPREDICATE::DoWriteState(CKEYWRITER& writer) const {
     writer.BeginElement(kTypes[static_cast<std::size_t>(mType)].element);
-    ForEachOf<CPREDICATE>(*mPredicates, [&](const CPREDICATE& member) { member.DoWriteState(writer); });
+    ForEachOf<CPREDICATE>(GetPredicates(), [&](const CPREDICATE& member) { member.DoWriteState(writer); });
     writer.EndElement();
 }
 
@@ -87,7 +96,7 @@ void CCOMPOUNDPREDICATE::DoInitState(CKEYREADER& reader) {
         AddPredicate(CPREDICATE::Create(reader));
     }
     reader.EndElement();
-    if (mType == Type::NOT && mPredicates->GetCount() != 1) {
+    if (mType == Type::NOT && GetPredicates().GetCount() != 1) {
         FailOSErr(kErrValueType);
     }
 }

@@ -4,6 +4,7 @@
 #include <MLCore/values/CARRAY.h>
 
 #include <initializer_list>
+#include <memory>
 #include <vector>
 
 namespace MLCore {
@@ -16,7 +17,7 @@ public:
     enum class Type : std::int32_t { AND, OR, NOT };
 
     [[nodiscard]] Type GetType() const noexcept { return mType; }
-    [[nodiscard]] const CARRAY& GetPredicates() const noexcept { return *mPredicates; }
+    [[nodiscard]] const CARRAY& GetPredicates() const noexcept { return *mMembers->array; }
 
     /// Stops at the first member that decides. Of no members, AND is true and OR false.
     [[nodiscard]] int Evaluate(COBJECT* object, CDICTIONARY& variables) const override;
@@ -31,6 +32,7 @@ protected:
     explicit CCOMPOUNDPREDICATE(Type type);
     /// Copies the array, not its members. A null member fails with -100, one that is no CPREDICATE with 121.
     CCOMPOUNDPREDICATE(Type type, const CARRAY& predicates);
+    /// Shares the list of members.
     CCOMPOUNDPREDICATE(const CCOMPOUNDPREDICATE&) = default;
     ~CCOMPOUNDPREDICATE() override;
 
@@ -42,9 +44,13 @@ private:
     template <class Evaluation>
     [[nodiscard]] int Decide(const Evaluation& evaluate) const;
 
+    struct MEMBERS {
+        CSHAREOBJECTPTR<CARRAY> array;
+        std::vector<const CPREDICATE*> pointers;  // those in the array, without the cost of asking it
+    };
+
     Type mType;
-    CSHAREOBJECTPTR<CARRAY> mPredicates;
-    std::vector<const CPREDICATE*> mMembers;  // those in the array, without the cost of asking it
+    std::shared_ptr<MEMBERS> mMembers;  // copies share it
 };
 
 /// Writes "COMPOUNDTYPE_AND" and so on; nothing for an unknown one.
