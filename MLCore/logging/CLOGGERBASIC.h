@@ -29,6 +29,14 @@ concept LOGNUMBER =
                        std::is_same<T, unsigned long>, std::is_same<T, long long>, std::is_same<T, unsigned long long>,
                        std::is_same<T, float>, std::is_same<T, double>>;
 
+/// What streams take for a text.
+template <class T>
+concept LOGTEXT =
+    std::is_pointer_v<T> && std::disjunction_v < std::is_same < std::remove_cv_t<std::remove_pointer_t<T>>,
+char >, std::is_same<std::remove_cv_t<std::remove_pointer_t<T>>, signed char>,
+    std::is_same < std::remove_cv_t<std::remove_pointer_t<T>>, unsigned char >>
+    ;
+
 /// A logger that hands each finished line to a policy: CLOGMANAGERPOLICY, CLOGDEBUGGERPOLICY, or one of your own.
 ///
 ///     CLOGMANAGERLOGGER log("import", CLOGMANAGER::Level::WAR);
@@ -43,9 +51,9 @@ public:
 
     template <class T>
     CLOGGERBASIC& operator<<(const T& value) {
-        if constexpr (std::is_same_v<T, typename CLOGGERBASE::STREAMMANIPULATOR::FUNCTION>) {
+        if constexpr (std::is_same_v<std::decay_t<T>, typename CLOGGERBASE::STREAMMANIPULATOR::FUNCTION>) {
             return *this << STREAMMANIPULATOR(value);
-        } else if constexpr (std::is_pointer_v<T>) {
+        } else if constexpr (LOGTEXT<T>) {
             if (value == nullptr) {
                 return *this;
             }

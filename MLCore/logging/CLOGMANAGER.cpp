@@ -88,21 +88,23 @@ public:
             return;
         }
         const std::string path = mPath ? *mPath : LogFileName(platform::ExecutablePath());
-        mHasFailed = !mOutput.Open(path.c_str());
+        // As it was given, too: the whole path may lead through folders that the program may not see.
+        mHasFailed = !mOutput.Open(path.c_str()) && (!mGivenPath || !mOutput.Open(mGivenPath->c_str()));
         FailLastError(mHasFailed ? 0 : 1);
     }
     void Close() noexcept { mOutput.Close(); }
     void Retry() noexcept { mHasFailed = false; }
-    void SetPath(std::optional<std::string> path) noexcept {
+    void SetPath(std::optional<std::string> path, std::optional<std::string> given) noexcept {
         Close();
         Retry();
+        mOutput.Forget();
         mPath = std::move(path);
+        mGivenPath = std::move(given);
     }
 
     void WriteLine(std::string_view name, std::string_view text) {
         Open();
-        const std::string_view before = mOutput.IsLineBegun() ? "\n" : "";
-        mOutput.Append({before, mTimestamp.Now(), " [", name, "] ", text, "\n"});
+        mOutput.AppendLine({mTimestamp.Now(), " [", name, "] ", text, "\n"});
         if (isAutoFlush) {
             mOutput.Flush();
         }
@@ -112,7 +114,8 @@ public:
 private:
     static std::string_view Key(const char* name) noexcept { return name != nullptr ? name : ""; }
 
-    std::optional<std::string> mPath;
+    std::optional<std::string> mPath;  // made absolute
+    std::optional<std::string> mGivenPath;
     bool mHasFailed = false;
     TIMESTAMP mTimestamp;
 };
@@ -240,11 +243,15 @@ int CLOGMANAGER::IsEnable(const char* name) {
 
 void CLOGMANAGER::SetLogFile(const char* path) {
     // Absolute: the file is found again when it is closed and opened, wherever the program is then.
-    std::optional<std::string> newPath =
-        path != nullptr ? std::optional<std::string>(platform::AbsolutePath(path)) : std::nullopt;
+    std::optional<std::string> given;
+    std::optional<std::string> absolute;
+    if (path != nullptr) {
+        given = path;
+        absolute = platform::AbsolutePath(path);
+    }
     LOGSTATE& state = State();
     const std::lock_guard guard(state.lock);
-    state.SetPath(std::move(newPath));
+    state.SetPath(std::move(absolute), std::move(given));
 }
 
 void CLOGMANAGER::SetLevel(Level level) noexcept { gLevel.store(level, std::memory_order_relaxed); }

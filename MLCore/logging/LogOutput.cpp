@@ -20,6 +20,14 @@ void AppendText(std::string& out, std::string_view text) {
     out.append(text);
 }
 
+std::size_t SizeOf(std::initializer_list<std::string_view> texts) noexcept {
+    std::size_t size = 0;
+    for (const std::string_view text : texts) {
+        size += text.size();
+    }
+    return size;
+}
+
 }  // namespace
 
 LOGOUTPUT::~LOGOUTPUT() { Close(); }
@@ -35,21 +43,35 @@ void LOGOUTPUT::Close() noexcept {
     if (IsOpen()) {
         platform::FileClose(mFile);
         mFile = platform::kNoFile;
-        mIsCut = false;
     }
 }
 
 void LOGOUTPUT::Append(std::initializer_list<std::string_view> texts) {
+    if (IsOpen()) {
+        MakeRoom(SizeOf(texts));
+        Add(texts);
+    }
+}
+
+void LOGOUTPUT::AppendLine(std::initializer_list<std::string_view> texts) {
     if (!IsOpen()) {
         return;
     }
-    std::size_t count = 0;
-    for (const std::string_view text : texts) {
-        count += text.size();
+    MakeRoom(SizeOf(texts) + 1);
+    // Asked now: making room may have ended in the middle of a line.
+    if (mPending.empty() ? mIsCut : mPending.back() != '\n') {
+        Add({"\n"});
     }
+    Add(texts);
+}
+
+void LOGOUTPUT::MakeRoom(std::size_t count) noexcept {
     if (mPending.size() + count > kMostPending) {
         Flush();
     }
+}
+
+void LOGOUTPUT::Add(std::initializer_list<std::string_view> texts) {
     const std::size_t before = mPending.size();
     try {
         for (const std::string_view text : texts) {
@@ -60,8 +82,6 @@ void LOGOUTPUT::Append(std::initializer_list<std::string_view> texts) {
         throw;
     }
 }
-
-bool LOGOUTPUT::IsLineBegun() const noexcept { return mPending.empty() ? mIsCut : mPending.back() != '\n'; }
 
 bool LOGOUTPUT::Flush() noexcept {
     const std::size_t count = mPending.size();

@@ -2,6 +2,7 @@
 
 #include <MLCore/platform/File.h>
 
+#include <cstddef>
 #include <initializer_list>
 #include <ios>
 #include <streambuf>
@@ -26,8 +27,10 @@ public:
 
     /// Adds texts, which go out together; a line feed becomes the end of a line of the system's.
     void Append(std::initializer_list<std::string_view> texts);
-    /// Whether what was added, or got into the file before the rest was dropped, ends inside a line.
-    [[nodiscard]] bool IsLineBegun() const noexcept;
+    /// The same for the begin of a line, after what was added or written of another one.
+    void AppendLine(std::initializer_list<std::string_view> texts);
+    /// The file to come is another one.
+    void Forget() noexcept { mIsCut = false; }
     /// False when the file did not take everything: the rest is dropped.
     bool Flush() noexcept;
 
@@ -37,6 +40,9 @@ protected:
     int sync() override;
 
 private:
+    void MakeRoom(std::size_t count) noexcept;
+    void Add(std::initializer_list<std::string_view> texts);
+
     platform::FILEHANDLE mFile = platform::kNoFile;
     std::string mPending;
     bool mIsCut = false;  // the file ends inside a line

@@ -54,7 +54,7 @@ inline constexpr unsigned int kFileTruncate = 0x20;   ///< empties the file; doe
 /// On Windows, others may only read a file that is open for writing; one that is open for reading or appending they may
 /// also append to, rename and remove. So there is one writer or several appenders there, and any number of readers. Other
 /// systems keep nobody out.
-/// \return the file, or kNoFile. Folders are refused, and pipes on Linux. A new file gets the system's usual rights.
+/// \return the file, or kNoFile. Folders are refused. A new file gets the system's usual rights.
 [[nodiscard]] MLCORE_API FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept;
 
 /// Closes a file; it is closed in any case. False when the system reports a late write error.
@@ -71,7 +71,8 @@ MLCORE_API bool FileClose(FILEHANDLE file) noexcept;
 /// \return the number of bytes written: `count`, or less after a failure.
 [[nodiscard]] MLCORE_API std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
 
-/// FileWrite for a file opened with kFileAppend: what several processes append by it does not mix, up to a GiB a piece.
+/// FileWrite for a file opened with kFileAppend: what several processes append by it does not mix, up to a GiB a piece. A
+/// pipe that nobody reads any more is a failure, not a signal.
 [[nodiscard]] MLCORE_API std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
 
 /// Moves the offset, counted from the file's begin; it may lie beyond the end.

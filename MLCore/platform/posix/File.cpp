@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 
@@ -51,8 +52,7 @@ int SystemFlags(unsigned int flags) noexcept {
     return result;
 }
 
-/// A folder can be opened for reading, but not read, and writing to a pipe that nobody reads any more ends the process.
-/// What else is no plain file is to wait for its data.
+/// A folder can be opened for reading, but not read; what is no plain file is to wait for its data.
 bool Settle(int descriptor) noexcept {
     struct stat status = {};
     if (fstat(descriptor, &status) != 0) {
@@ -61,15 +61,38 @@ bool Settle(int descriptor) noexcept {
     if (S_ISDIR(status.st_mode)) {
         return Fail(EISDIR);
     }
-    if (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode)) {
-        return Fail(ESPIPE);
-    }
     if (S_ISREG(status.st_mode)) {
         return true;
     }
     const int flags = fcntl(descriptor, F_GETFL);
     return flags != -1 && fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) != -1;
 }
+
+/// Keeps this thread's SIGPIPE back, and takes away what came meanwhile.
+class PIPESIGNALGUARD {
+public:
+    PIPESIGNALGUARD() noexcept {
+        sigemptyset(&mPipe);
+        sigaddset(&mPipe, SIGPIPE);
+        pthread_sigmask(SIG_BLOCK, &mPipe, &mBefore);
+    }
+    ~PIPESIGNALGUARD() {
+        const int errorNumber = errno;
+        const bool wasBlocked = sigismember(&mBefore, SIGPIPE) == 1;
+        if (!wasBlocked && errorNumber == EPIPE) {
+            constexpr timespec kNoTime = {};
+            Uninterrupted([&] { return sigtimedwait(&mPipe, nullptr, &kNoTime); });
+        }
+        pthread_sigmask(SIG_SETMASK, &mBefore, nullptr);
+        errno = errorNumber;
+    }
+    PIPESIGNALGUARD(const PIPESIGNALGUARD&) = delete;
+    PIPESIGNALGUARD& operator=(const PIPESIGNALGUARD&) = delete;
+
+private:
+    sigset_t mPipe = {};
+    sigset_t mBefore = {};
+};
 
 int Descriptor(FILEHANDLE file) noexcept { return static_cast<int>(file); }
 
@@ -121,7 +144,10 @@ std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) no
 }
 
 std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
-    return FileWrite(file, buffer, count);  // O_APPEND: each write finds the end and writes there in one step
+    // O_APPEND: each write finds the end and writes there in one step. A pipe that nobody reads any more is a failure as
+    // others, and must not end the process.
+    const PIPESIGNALGUARD guard;
+    return FileWrite(file, buffer, count);
 }
 
 bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept {
