@@ -1,12 +1,6 @@
 // How the time per item grows with the collection: filters, sorting, CSV files and sets, beside structs and std containers.
 
-#include <MLCore/predicates/BinaryPredicates.h>
-#include <MLCore/predicates/CANDPREDICATE.h>
-#include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
-#include <MLCore/predicates/CKEYEXPRESSION.h>
-#include <MLCore/predicates/CORPREDICATE.h>
 #include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
-#include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/SortArray.h>
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CFILESTREAM.h>
@@ -78,23 +72,8 @@ auto ForEachArray(const ARRAYS& arrays, WORK work) {
     };
 }
 
-CSHAREOBJECTPTR<CPREDICATE> MakePredicate() {
-    const auto key = [](const char* name) { return CKEYEXPRESSION::Create(name); };
-    const auto value = [](const CVALUE& constant) { return CVALUEEXPRESSION::Create(constant); };
-    return CORPREDICATE::Create(
-        CANDPREDICATE::Create(
-            CGREATERPREDICATE::Create(key("amount"), value(8000.0)),
-            CBEGINSPREDICATE::Create(key("client"), value("A"), CVALUEOBJECT::ComparisonOption::CaseInsensitive)),
-        CCOMPARISONBETWEENPREDICATE::Create(key("quantity"), value(10L), value(20L)));
-}
-
-bool IsWanted(const ORDER& order) {
-    return (order.amount > 8000 && (order.client[0] == 'A' || order.client[0] == 'a')) ||
-           (order.quantity >= 10 && order.quantity <= 20);
-}
-
 void RegisterFilter(const std::vector<ORDER>& orders, const ARRAYS& arrays) {
-    const auto predicate = MakePredicate();
+    const auto predicate = bench::MakePredicate();
     GROWTH("filter dictionaries", GROWTH::LAW::LINEAR)
         .Add("MLCore",
              ForEachArray(arrays, [predicate](CARRAY* array) { return array->Filter(predicate)->GetCount(); }))

@@ -2,13 +2,7 @@
 // over structs and over records that are std::unordered_map, a database in memory, and Foundation's predicates.
 
 #include <MLCore/core/ClassDeclaration.h>
-#include <MLCore/predicates/BinaryPredicates.h>
-#include <MLCore/predicates/CANDPREDICATE.h>
-#include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
-#include <MLCore/predicates/CKEYEXPRESSION.h>
-#include <MLCore/predicates/CORPREDICATE.h>
 #include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
-#include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/SortArray.h>
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/CVALUEOBJECT.h>
@@ -41,7 +35,6 @@ using namespace MLCore;
 
 constexpr std::size_t kCounts[] = {10000, 100000, 1000000};
 constexpr std::size_t kCount = 1000000;
-constexpr double kMinAmount = 8000;
 
 using MAP = std::unordered_map<std::string, std::variant<std::int32_t, std::string, double, CDATE, bool>>;
 
@@ -105,21 +98,6 @@ DATA MakeData(std::size_t count) {
         data.maps.push_back(MapOf(order));
     }
     return data;
-}
-
-CSHAREOBJECTPTR<CPREDICATE> MakePredicate() {
-    const auto key = [](const char* name) { return CKEYEXPRESSION::Create(name); };
-    const auto value = [](const CVALUE& constant) { return CVALUEEXPRESSION::Create(constant); };
-    return CORPREDICATE::Create(
-        CANDPREDICATE::Create(
-            CGREATERPREDICATE::Create(key("amount"), value(kMinAmount)),
-            CBEGINSPREDICATE::Create(key("client"), value("A"), CVALUEOBJECT::ComparisonOption::CaseInsensitive)),
-        CCOMPARISONBETWEENPREDICATE::Create(key("quantity"), value(10L), value(20L)));
-}
-
-bool IsWanted(const ORDER& plain) {
-    return (plain.amount > kMinAmount && (plain.client[0] == 'A' || plain.client[0] == 'a')) ||
-           (plain.quantity >= 10 && plain.quantity <= 20);
 }
 
 template <class T>

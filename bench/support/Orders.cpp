@@ -1,5 +1,11 @@
 #include "support/Orders.h"
 
+#include <MLCore/predicates/BinaryPredicates.h>
+#include <MLCore/predicates/CANDPREDICATE.h>
+#include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
+#include <MLCore/predicates/CKEYEXPRESSION.h>
+#include <MLCore/predicates/CORPREDICATE.h>
+#include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
@@ -58,6 +64,16 @@ CSHAREOBJECTPTR<CDICTIONARY> DictionaryOf(const ORDER& order) {
         dictionary->SetKeyValue(key, CVALUEOBJECT::Create(value));
     }
     return dictionary;
+}
+
+CSHAREOBJECTPTR<CPREDICATE> MakePredicate() {
+    const auto key = [](const char* name) { return CKEYEXPRESSION::Create(name); };
+    const auto value = [](const CVALUE& constant) { return CVALUEEXPRESSION::Create(constant); };
+    return CORPREDICATE::Create(
+        CANDPREDICATE::Create(
+            CGREATERPREDICATE::Create(key("amount"), value(kMinAmount)),
+            CBEGINSPREDICATE::Create(key("client"), value("A"), CVALUEOBJECT::ComparisonOption::CaseInsensitive)),
+        CCOMPARISONBETWEENPREDICATE::Create(key("quantity"), value(10L), value(20L)));
 }
 
 }  // namespace bench

@@ -3,6 +3,7 @@
 
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 #include <MLCore/datetime/CDATE.h>
+#include <MLCore/predicates/CPREDICATE.h>
 #include <MLCore/values/CDICTIONARY.h>
 
 #include <cstddef>
@@ -26,5 +27,14 @@ struct ORDER {
 
 /// The order under the keys row, client, city, amount, date, quantity and active, which is 0 or 1.
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CDICTIONARY> DictionaryOf(const ORDER& order);
+
+/// What the orders are filtered by: more than kMinAmount and a client with A or a, or a quantity of 10 to 20.
+[[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> MakePredicate();
+inline constexpr double kMinAmount = 8000;
+/// The same by hand.
+[[nodiscard]] inline bool IsWanted(const ORDER& plain) {
+    return (plain.amount > kMinAmount && (plain.client[0] == 'A' || plain.client[0] == 'a')) ||
+           (plain.quantity >= 10 && plain.quantity <= 20);
+}
 
 }  // namespace bench
