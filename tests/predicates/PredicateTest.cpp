@@ -122,6 +122,21 @@ TEST(PredicateTest, CompoundsStopWhenDecided) {
     EXPECT_EQ(yes->GetUseCount(), 10) << "what failed holds nothing";
 }
 
+TEST(PredicateTest, CopiesOfACompoundShareItsMembers) {
+    class GROWING : public CANDPREDICATE {
+    public:
+        GROWING() = default;
+        GROWING(const GROWING&) = default;
+        using CANDPREDICATE::AddPredicate;
+    };
+    const auto first = AdoptObject(new GROWING);
+    first->AddPredicate(CVALUEPREDICATE::Create(1));
+    const auto copy = AdoptObject(new GROWING(*first));
+    copy->AddPredicate(CVALUEPREDICATE::Create(0));
+    EXPECT_EQ(first->GetPredicates().GetCount(), 2);
+    EXPECT_EQ(first->Evaluate(nullptr), 0) << "what is listed is evaluated";
+}
+
 TEST(PredicateTest, SearchesWords) {
     const std::map<const char*, int> kTexts = {{"dupont RENE", 1}, {" \t", 1}, {"rene x", 0}, {"pont", 1}};
     for (const auto& [text, expected] : kTexts) {
