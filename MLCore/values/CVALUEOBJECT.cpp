@@ -1,3 +1,5 @@
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
 #include <MLCore/values/CARRAY.h>
 #include <MLCore/values/CSET.h>
 #include <MLCore/values/CVALUEOBJECT.h>
@@ -87,6 +89,12 @@ int CVALUEOBJECT::Cmp(COBJECT* other, ComparisonType type, ComparisonOption opti
                           [&](const CVALUE& element) { return IsText(element) ? CmpContains(element, option) : 0; });
     }
     return 0;
+}
+
+CVALUE ValueOf(const COBJECT* object) {
+    const auto* const value = dynamic_cast<const CVALUEOBJECT*>(object);
+    FailOSErr(value != nullptr ? short(0) : kErrValueType);
+    return value->GetValue();
 }
 
 bool operator==(const CVALUEOBJECT& object, const CVALUE& value) noexcept { return object.GetValue() == value; }

@@ -126,6 +126,17 @@ private:
     CVALUE mValue;
 };
 
+/// The value of a value object, as a key path or a collection gives it:
+///
+///     const double sales = ValueOf(order->GetKeyPathValue("customer.sales")).ToDouble();
+///
+/// Null, and an object of another kind, fail with 138.
+[[nodiscard]] MLCORE_API CVALUE ValueOf(const COBJECT* object);
+template <class T>
+[[nodiscard]] CVALUE ValueOf(const CSHAREOBJECTPTR<T>& object) {
+    return ValueOf(object.Get());
+}
+
 /// Equality as CVALUE has it: same type, same value. Serves != and the other order of the two as well.
 [[nodiscard]] MLCORE_API bool operator==(const CVALUEOBJECT& object, const CVALUE& value) noexcept;
 

@@ -75,9 +75,8 @@ CSHAREOBJECTPTR<COBJECT> CRECORD::GetKeyValue(const std::string& key) {
 
 void CRECORD::SetKeyValue(const std::string& key, COBJECT* value) {
     const PROPERTY& property = PropertyOf(*this, key);
-    const auto* const object = dynamic_cast<const CVALUEOBJECT*>(value);
-    FailOSErr(object != nullptr ? short(0) : kErrValueType);
-    std::visit([&](auto member) { SetFrom(object->GetValue(), this->*member); }, property.member);
+    const CVALUE given = ValueOf(value);
+    std::visit([&](auto member) { SetFrom(given, this->*member); }, property.member);
 }
 
 std::string CRECORD::GetText(const PROPERTY& property) const {

@@ -187,8 +187,7 @@ TEST(SortArray, NeverContradictsTheComparison) {
     std::ranges::generate(records, [&random] { return Record(static_cast<double>(random() % 100000) / 1e6); });
     double most = 0;
     for (const auto& record : Sorted(records, "a")) {
-        const auto value = record->GetKeyValue("a");
-        const double number = dynamic_cast<CVALUEOBJECT&>(*value).GetValue().ToDouble();
+        const double number = ValueOf(record->GetKeyValue("a")).ToDouble();
         ASSERT_GT(number, most - 0.0000100001);
         most = std::max(most, number);
     }

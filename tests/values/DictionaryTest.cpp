@@ -19,7 +19,7 @@ TEST(DictionaryTest, HoldsValuesInTheOrderOfTheKeys) {
     const auto dictionary = CMEMDICTIONARY::Create(keys, values, 6);
     std::string listed;
     for (const OBJECT& key : dictionary->GetKeys()) {
-        listed.append("<").append(dynamic_cast<CVALUEOBJECT&>(*key).GetValue().ToString());
+        listed.append("<").append(ValueOf(key).ToString());
     }
     EXPECT_EQ(listed, "<<Z<b<ba<\xE9");
     EXPECT_EQ(ElementsIn(*dictionary), (OBJECTS{b, nullptr, b, a, a}));

@@ -242,6 +242,9 @@ TEST(ValueObjectTest, HoldsAValue) {
     EXPECT_FALSE(*object == CVALUE(5.0) || CVALUE(short{5}) == *object);
     EXPECT_EQ(FailureOf([&] { return object->GetKeyValue("value"); }), 151);
     EXPECT_EQ(FailureOf([&] { return object->Clone(); }), 150);
+    EXPECT_EQ(ValueOf(made), CVALUE(5L));
+    EXPECT_EQ(FailureOf([] { return ValueOf(nullptr); }), 138);
+    EXPECT_EQ(FailureOf([] { return ValueOf(CMEMARRAY::Create()); }), 138);
 }
 
 TEST(ValueObjectTest, IsWritten) {
