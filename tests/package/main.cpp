@@ -1,47 +1,56 @@
-// A stranger's program: a date from the library, a class of its own in the library's factory.
-#include <MLCore/core/COBJECTFACTORY.h>
-#include <MLCore/core/ClassDeclaration.h>
-#include <MLCore/datetime/CDATE.h>
+#include <MLCore/MLCore.h>
 
 #include <iostream>
 #include <string>
 
-namespace shop {
+using namespace MLCore;
 
-class CORDER : public MLCore::COBJECT {
-    MLCORE_CLASS(CORDER, MLCore::COBJECT)
+// A class of one's own: its properties have names, a stream writes its objects and makes them again by their class.
+class CORDER : public CSERIALIZABLEOBJECT {
+    MLCORE_CLASS(CORDER, CSERIALIZABLEOBJECT)
 public:
     CORDER() = default;
-};
+    CORDER(const char* customer, double amount, CDATE day) : mCustomer(customer), mAmount(amount), mDay(day) {}
 
+    CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override {
+        if (key == "customer") return CVALUEOBJECT::Create(mCustomer);
+        if (key == "amount") return CVALUEOBJECT::Create(mAmount);
+        if (key == "day") return CVALUEOBJECT::Create(mDay);
+        return CSERIALIZABLEOBJECT::GetKeyValue(key);  // fails: an unknown key
+    }
+    void WriteState(CWRITER& writer) const override {
+        writer << mAmount << mDay << static_cast<long>(mCustomer.size())
+               << mCustomer;  // texts do not tell their length
+    }
+    void ReadState(CREADER& reader) override {
+        long length = 0;
+        reader >> mAmount >> mDay >> length;
+        reader.GetValue(mCustomer, length);
+    }
+
+private:
+    std::string mCustomer;
+    double mAmount = 0;
+    CDATE mDay;
+};
 MLCORE_REGISTER_CLASS(CORDER)
 
-}  // namespace shop
-
-namespace {
-
-int failures = 0;
-
-void Expect(const std::string& what, const std::string& got, const std::string& wanted) {
-    if (got != wanted) {
-        std::cerr << what << ": got " << got << ", wanted " << wanted << '\n';
-        ++failures;
-    }
-}
-
-}  // namespace
-
 int main() {
-    // Friday 1 May is a holiday in France, so the next business day after Thursday is Monday.
-    const MLCore::CDATE thursday(30, 4, 2026);
-    Expect("the date", thursday.ToStringXML(), "2026-04-30");
-    Expect("the next business day", MLCore::NextDateOuvre(thursday, nullptr).ToStringXML(), "2026-05-04");
+    CBUFFERSTREAM stream;
+    stream.Open();
+    stream.SetObject(AdoptObject(new CORDER("Martin", 250, CDATE(30, 4, 2026))));  // day, month, year
+    stream.SetObject(AdoptObject(new CORDER("Dupont", 99.5, CDATE(13, 7, 2026))));
+    stream.SetObject(AdoptObject(new CORDER("Almeida", 1200, CDATE(24, 12, 2026))));
 
-    MLCore::COBJECTFACTORY* factory = MLCore::COBJECTFACTORY::GetInstance();
-    Expect("our class is registered", std::to_string(factory->IsRegistered("class shop::CORDER")), "1");
-    Expect("an unknown one is not", std::to_string(factory->IsRegistered("class shop::CINVOICE")), "0");
-    Expect("its name", factory->CreateObject("class shop::CORDER")->ClassName(), "CORDER");
+    stream.Open();  // back at its begin
+    const auto orders = CMEMARRAY::Create();
+    while (!stream.IsEnd()) orders->AddObject(stream.GetObject());
 
-    if (failures == 0) std::cout << "works\n";
-    return failures;
+    const auto isLarge = CGREATERPREDICATE::Create(CKEYEXPRESSION::Create("amount"), CVALUEEXPRESSION::Create(100.0));
+    std::cout << CPREDICATEHELPER(isLarge).GetStrSQL() << ":\n";
+    for (const auto& order : SortArray(orders->Filter(isLarge), CSORTDESCRIPTORBUILDER::Create("+customer"))) {
+        const CDATE day = ValueOf(order->GetKeyValue("day")).ToDate();
+        std::cout << ValueOf(order->GetKeyValue("customer")) << " gets it after " << day.ToStringXML() << ", on "
+                  << NextDateOuvre(day, nullptr).ToStringXML() << '\n';  // the next business day, in France
+    }
 }

@@ -42,8 +42,11 @@ install_library() {
 works() {
     local runner=()
     [[ $1 == *.exe ]] && runner=("$ROOT/cmake/run-with-wine.sh")
-    WINEPATH="Z:$prefix/bin" "${runner[@]}" "$1" | tr -d '\r' | grep -qx works
+    WINEPATH="Z:$prefix/bin" "${runner[@]}" "$1" | tr -d '\r' | diff "$here/expected.txt" -
 }
+
+# The README shows the program that is built here.
+shown() { awk '/^```cpp$/ { inside = 1; next } /^```$/ { inside = 0 } inside' "$ROOT/README.md" | diff "$here/main.cpp" -; }
 
 # with_cmake FOLDER ARGUMENT...
 with_cmake() {
@@ -86,6 +89,7 @@ headers_installed() {
 presets=(linux)
 command -v x86_64-w64-mingw32-g++-posix >/dev/null && presets+=(windows)
 mkdir -p "$work/users"
+attempt "the README's program" shown
 for preset in "${presets[@]}"; do
     for shared in ON OFF; do
         kind=static
