@@ -97,6 +97,8 @@
 #include <MLCore/streams/CSTREAMWRITER.h>
 #include <MLCore/streams/CWRITER.h>
 #include <MLCore/text/CodePage1252.h>
+#include <MLCore/text/DecimalText.h>
+#include <MLCore/text/DoubleText.h>
 #include <MLCore/text/LegacyStrings.h>
 #include <MLCore/values/CARRAY.h>
 #include <MLCore/values/CDICTIONARY.h>
@@ -109,5 +111,6 @@
 #include <MLCore/values/CVALUE.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/Cmp.h>
+#include <MLCore/values/ELEMENTCURSOR.h>
 #include <MLCore/values/LikePattern.h>
 #include <MLCore/values/ValueText.h>

@@ -10,7 +10,7 @@ MLCORE_WERROR=${MLCORE_WERROR:-OFF}
 
 # Debian packages: for every build, and what each further target adds.
 PACKAGES_BASE="g++ cmake ninja-build ccache pkg-config libsodium-dev googletest tzdata"
-PACKAGES_CHECKS="clang-format-14 libxml2-utils"
+PACKAGES_CHECKS="clang-format-14 libxml2-utils doxygen"
 PACKAGES_CLANG="clang-14 libclang-rt-14-dev llvm-14"
 PACKAGES_WINDOWS="g++-mingw-w64-x86-64-posix wine wine64"
 PACKAGES_BENCH="libbenchmark-dev"

@@ -13,6 +13,7 @@ class COBJECT;
 
 /// Keeps one class registered with the object factory while its module is loaded; MLCORE_REGISTER_CLASS makes one as a
 /// static object. A factory created anew after COBJECTFACTORY::Free() enters all registrars again.
+/// Not for clients, but for that macro.
 class MLCORE_API CLASSREGISTRAR {
 public:
     using CREATOR = CSHAREOBJECTPTR<COBJECT> (*)();

@@ -4,8 +4,8 @@
 
 namespace MLCore {
 
-/// Walks the steps of a key path one by one, without memory of its own: what CKEYPARSER and COBJECT read paths with. Not for
-/// clients.
+/// Walks the steps of a key path one by one, without memory of its own: what CKEYPARSER and COBJECT read paths with.
+/// Not for clients.
 ///
 ///     KEYSTEPS steps(path);
 ///     do {

@@ -1,5 +1,5 @@
 /// Numbers whose interface is a `long`, 64 bits wide on some systems, and whose stored form is 32 bits on all. What does
-/// not fit fails and is never cut.
+/// not fit fails and is never cut. Not for clients.
 #pragma once
 
 #include <MLCore/core/ErrorCodes.h>

@@ -1,4 +1,4 @@
-/// Counting and stepping by business days, for CDATE. Not for applications: they ask the date.
+/// Counting and stepping by business days, for CDATE. Not for clients: they ask the date.
 ///
 /// A calendar of the library's own is described by its open weekdays and its table of holidays, and long distances are
 /// covered in whole weeks less the holidays in them. Any other strategy is asked day by day, as is every strategy for

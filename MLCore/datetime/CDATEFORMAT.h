@@ -1,4 +1,4 @@
-/// The fixed layouts of date texts; private to the date and the date-time.
+/// The fixed layouts of date texts; private to the date and the date-time. Not for clients.
 #pragma once
 
 #include <cstdint>

@@ -9,7 +9,7 @@
 namespace MLCore {
 
 /// The public holidays of one country or trade: fixed days of every year, and days at a fixed distance from Easter
-/// Sunday. Not for applications: they ask a calendar strategy.
+/// Sunday. Not for clients: they ask a calendar strategy.
 ///
 /// The holidays of the years in common use are computed once; other years at each question.
 class HOLIDAYCALENDAR {

@@ -2,7 +2,7 @@
 ///
 /// Both directions are closed forms after C. Neri and L. Schneider, "Euclidean affine functions and their application to
 /// calendar algorithms", Software: Practice and Experience 53 (2023); a table spares one of them for the
-/// years in common use. CDATE is the class to use; these serve it.
+/// years in common use. Not for clients: they use CDATE.
 #pragma once
 
 #include <array>

@@ -12,7 +12,7 @@
 namespace MLCore {
 
 /// The bytes of a log file on their way: they wait until they are flushed or make 64 KiB, and go out as one piece. While
-/// no file is open they go nowhere.
+/// no file is open they go nowhere. Not for clients.
 class LOGOUTPUT final : public std::streambuf {
 public:
     LOGOUTPUT() = default;

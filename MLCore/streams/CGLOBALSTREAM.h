@@ -7,7 +7,7 @@
 namespace MLCore {
 
 /// What CBUFFERSTREAM and CHANDLESTREAM share: data in a movable memory block that grows to exactly the size needed. The
-/// growth by small writes is linear in the bytes written all the same.
+/// growth by small writes is linear in the bytes written all the same. Not for clients.
 ///
 /// Without memory an operation fails with -100 and leaves the stream as it was.
 class MLCORE_API CGLOBALSTREAM : public CURSORSTREAM {

@@ -5,7 +5,7 @@
 
 namespace MLCore {
 
-/// Some of the 256 characters, asked for without a comparison for each.
+/// Some of the 256 characters, asked for without a comparison for each. Not for clients.
 class CHARACTERSET {
 public:
     explicit constexpr CHARACTERSET(std::string_view members) noexcept {

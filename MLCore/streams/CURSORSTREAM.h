@@ -9,7 +9,7 @@
 namespace MLCore {
 
 /// What the streams of both directions and of random access have in common when their size and position are all there is to
-/// know.
+/// know. Not for clients.
 class MLCORE_API CURSORSTREAM : public CRANDOMIOSTREAM {
 public:
     ~CURSORSTREAM() override;

@@ -7,7 +7,7 @@
 namespace MLCore {
 
 /// Owns a movable memory block (MLCore/platform/GlobalMemory.h), or borrows it, and keeps it locked while its bytes are in
-/// use. What the memory streams keep their data in.
+/// use. What the memory streams keep their data in. Not for clients.
 ///
 /// While it is locked it may be larger than it tells, so that growing by small steps takes constant time per byte on average;
 /// whoever is given the handle gets a block of exactly the size told.

@@ -7,7 +7,7 @@
 namespace MLCore {
 
 /// Counts how deep objects are nested while one is read or written: data could nest them until the stack ends. Beyond
-/// CISTREAM::kMaxObjectDepth: 138.
+/// CISTREAM::kMaxObjectDepth: 138. Not for clients.
 class OBJECTDEPTH {
 public:
     explicit OBJECTDEPTH(short& depth) : mDepth(depth) {

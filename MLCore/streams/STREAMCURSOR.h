@@ -11,7 +11,7 @@
 namespace MLCore {
 
 /// A part of a stream that lies in memory: `size` bytes at `data`, from the position `start` of the stream on. Behind the
-/// stream's end there is only room for them.
+/// stream's end there is only room for them. Not for clients.
 struct STREAMAREA {
     char* data = nullptr;
     unsigned long long start = 0;

@@ -1,4 +1,4 @@
-/// The characters of Windows code page 1252: the table behind all rules of case, accents and order.
+/// The characters of Windows code page 1252: the table behind all rules of case, accents and order. Not for clients.
 #pragma once
 
 #include <MLCore/platform/Export.h>

@@ -1,5 +1,5 @@
-/// Memory for what small values hold: most live shortly, and the heap takes longer than the rest of their life. Not for
-/// clients.
+/// Memory for what small values hold: most live shortly, and the heap takes longer than the rest of their life.
+/// Not for clients.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 /// Looking for a text in another where a rule makes characters alike, and the choice of a rule by comparison option.
-/// Not for applications: they ask the value object.
+/// Not for clients: they ask the value object.
 ///
 /// Nothing is copied: characters are folded where they meet. Looking for a part costs, at worst, the product of the
 /// lengths.
