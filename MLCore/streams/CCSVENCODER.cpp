@@ -8,8 +8,6 @@ namespace {
 
 constexpr char kQuote = '"';
 constexpr char kSeparator = ';';
-/// Room for two around a text, and for one pair inside.
-constexpr std::size_t kUsualQuotes = 4;
 
 }  // namespace
 
@@ -19,29 +17,37 @@ std::string CCSVENCODER::Encode(const std::string& text) {
     if (text.find(kSeparator) == std::string::npos && text.find(kQuote) == std::string::npos) {
         return text;
     }
-    std::string encoded;
-    encoded.reserve(text.size() + kUsualQuotes);
-    encoded += kQuote;
-    std::size_t from = 0;
-    for (std::size_t at = 0; (at = text.find(kQuote, from)) != std::string::npos; from = at + 1) {
-        encoded.append(text, from, at + 1 - from) += kQuote;
+    std::string encoded(text.size() + 2 + static_cast<std::size_t>(std::count(text.begin(), text.end(), kQuote)),
+                        kQuote);
+    Quote(text, encoded.data());
+    return encoded;
+}
+
+char* CCSVENCODER::Quote(std::string_view text, char* encoded) noexcept {
+    *encoded++ = kQuote;
+    for (const char character : text) {
+        *encoded++ = character;
+        *encoded = kQuote;  // a second one, or where the next character goes
+        encoded += character == kQuote ? 1 : 0;
     }
-    return encoded.append(text, from) += kQuote;
+    *encoded++ = kQuote;
+    return encoded;
 }
 
 std::string CCSVENCODER::Decode(const std::string& text) {
-    if (text.size() < 2 || text.find(kQuote) == std::string::npos) {
-        return text;
+    std::string decoded;
+    Unquote(text, decoded);
+    return decoded;
+}
+
+void CCSVENCODER::Unquote(std::string_view text, std::string& decoded) {
+    if (text.size() >= 2 && text.front() == kQuote && text.back() == kQuote) {
+        text = text.substr(1, text.size() - 2);
     }
-    std::string_view content = text;
-    if (content.front() == kQuote && content.back() == kQuote) {
-        content = content.substr(1, content.size() - 2);
-    }
-    std::string decoded(content.size(), '\0');
-    const auto end = std::unique_copy(content.begin(), content.end(), decoded.begin(),
+    decoded.resize(text.size());
+    const auto end = std::unique_copy(text.begin(), text.end(), decoded.begin(),
                                       [](char left, char right) { return left == kQuote && right == kQuote; });
     decoded.erase(end, decoded.end());
-    return decoded;
 }
 
 }  // namespace MLCore

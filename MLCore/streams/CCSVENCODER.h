@@ -3,6 +3,8 @@
 #include <MLCore/platform/Export.h>
 #include <MLCore/streams/CENCODER.h>
 
+#include <string_view>
+
 namespace MLCore {
 
 /// Quotes the fields of a semicolon-separated file.
@@ -21,6 +23,14 @@ public:
     /// Drops a double quote at the front together with one at the end, then leaves one of every run of them, however
     /// long. A text of less than two characters stays as it is.
     std::string Decode(const std::string& text) override;
+
+private:
+    friend class CISTREAMDECORATORFIELD;
+    friend class COSTREAMDECORATORFIELD;
+    /// Encode() of a text that it changes, to where there is room; returns the end.
+    static char* Quote(std::string_view text, char* encoded) noexcept;
+    /// Decode() of any text.
+    static void Unquote(std::string_view text, std::string& decoded);
 };
 
 }  // namespace MLCore

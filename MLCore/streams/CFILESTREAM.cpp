@@ -43,6 +43,23 @@ inline bool CFILESTREAM::Takes(std::size_t count) const noexcept {
     return at <= window.size && isJoined && count <= kBufferSize - at;
 }
 
+/// The most frequent writes are small, at the file's end, behind what waits already: they get the rest of the buffer.
+inline void CFILESTREAM::LendRoom() noexcept {
+    const unsigned long long start = mCursor.GetArea().start;
+    mPending.isGrowing = IsLent() && mCursor.GetSize() == start + mPending.end;
+    if (mPending.isGrowing) {
+        SetWindow(start, kBufferSize);
+    }
+}
+
+inline void CFILESTREAM::TakeRoomBack() noexcept {
+    if (std::exchange(mPending.isGrowing, false)) {
+        const unsigned long long start = mCursor.GetArea().start;
+        mPending.end = static_cast<std::size_t>(mCursor.GetSize() - start);
+        SetWindow(start, mPending.end);
+    }
+}
+
 /// Empties the buffer, of which nothing waits, for what begins at `start`.
 void CFILESTREAM::Forget(unsigned long long start) noexcept {
     SetWindow(start, 0);
@@ -51,6 +68,7 @@ void CFILESTREAM::Forget(unsigned long long start) noexcept {
 
 /// Drops what lies behind the file's new end.
 void CFILESTREAM::Cut(unsigned long long fileSize) noexcept {
+    TakeRoomBack();
     const STREAMAREA& window = mCursor.GetArea();
     const unsigned long long left = fileSize > window.start ? fileSize - window.start : 0;
     SetWindow(window.start, static_cast<std::size_t>(std::min<unsigned long long>(window.size, left)));
@@ -85,7 +103,7 @@ void CFILESTREAM::Open() {
         mCursor.SetSize(static_cast<unsigned long long>(size));
     }
     CURSORSTREAM::Open();
-    Lend(typeid(CFILESTREAM), true);
+    Lend(typeid(CFILESTREAM));
 }
 
 void CFILESTREAM::Close() {
@@ -124,29 +142,12 @@ long CFILESTREAM::GetValue(void* buffer, long count) {
     return done;
 }
 
-/// The most frequent write: small, at the end, behind what waits already. False, with nothing done, for all else.
-inline bool CFILESTREAM::Continue(const void* buffer, std::size_t count) noexcept {
-    const STREAMAREA& window = mCursor.GetArea();
-    const std::size_t end = mPending.end;
-    if (mPending.IsEmpty() || !mCursor.IsAtEnd() || mCursor.GetPosition() != window.start + end ||
-        count > kBufferSize - end) {
-        return false;
-    }
-    STREAMCURSOR::Copy(mBuffer.get() + end, buffer, count);
-    mPending.end += count;
-    SetWindow(window.start, mPending.end);
-    mCursor.Advance(static_cast<long>(count));
-    return true;
-}
-
 void CFILESTREAM::SetValue(const void* buffer, long count) {
-    if (IsLent() && count > 0 && Continue(buffer, static_cast<std::size_t>(count))) {
-        return;
-    }
     FailNotReady();
-    if (count <= 0) {
+    if (count <= 0 || mCursor.Put(buffer, static_cast<std::size_t>(count))) {
         return;
     }
+    TakeRoomBack();
     if (!Has(ReadWrite)) {
         FailOLEErr(kAccessDenied);
     }
@@ -172,6 +173,7 @@ void CFILESTREAM::SetValue(const void* buffer, long count) {
     mPending.end = std::max(mPending.end, at + length);
     SetWindow(window.start, std::max(window.size, at + length));
     mCursor.Advance(count);
+    LendRoom();
 }
 
 void CFILESTREAM::OffsetPosition(long delta) {
@@ -230,6 +232,7 @@ std::size_t CFILESTREAM::WriteFile(unsigned long long position, const void* buff
 }
 
 void CFILESTREAM::WritePending() {
+    TakeRoomBack();
     if (mPending.IsEmpty()) {
         return;
     }

@@ -71,13 +71,15 @@ private:
     struct PENDING {
         std::size_t begin = 0;
         std::size_t end = 0;
+        bool isGrowing = false;  // what lies behind the end, up to the file's, waits too
         [[nodiscard]] bool IsEmpty() const noexcept { return begin == end; }
     };
 
     void SetWindow(unsigned long long start, std::size_t size) noexcept {
-        mCursor.SetArea({mBuffer.get(), start, size});
+        mCursor.SetArea({mBuffer.get(), start, size, true});
     }
-    [[nodiscard]] bool Continue(const void* buffer, std::size_t count) noexcept;
+    void LendRoom() noexcept;
+    void TakeRoomBack() noexcept;
     [[nodiscard]] bool Takes(std::size_t count) const noexcept;
     void Forget(unsigned long long start = 0) noexcept;
     void Cut(unsigned long long fileSize) noexcept;

@@ -25,6 +25,10 @@ void CISTREAMDECORATORFIELD::ReadNextValue(std::string& value, long maxLength) {
         value.assign(ahead);  // as they would
         return;
     }
+    if (isAhead && IsOfClass<CCSVENCODER>(mEncoder)) {
+        CCSVENCODER::Unquote(ahead, value);
+        return;
+    }
     std::string field(ahead);
     if (!isAhead) {
         ReadCharacters(&field, limit, &mSeparator);

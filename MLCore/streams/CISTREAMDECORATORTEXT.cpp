@@ -2,11 +2,11 @@
 
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
-#include <MLCore/streams/CHARACTERSET.h>
 #include <MLCore/streams/CISTREAMDECORATORFIELD.h>
 #include <MLCore/streams/CRANDOMSTREAM.h>
 #include <MLCore/streams/OwnClass.h>
 #include <MLCore/streams/STREAMCURSOR.h>
+#include <MLCore/streams/SpecialCharacters.h>
 #include <MLCore/text/DecimalText.h>
 #include <MLCore/text/DoubleText.h>
 
@@ -23,7 +23,6 @@ constexpr long kLongestToken = 32767;
 /// What is read ahead: some fields long, so that little is copied in vain.
 constexpr long kBlockSize = 64;
 constexpr char kQuote = '"';
-constexpr CHARACTERSET kSpecial("\r\n\"");
 
 std::string_view Trim(std::string_view text) {
     constexpr const char* kBlanks = " \t\n\v\f\r";
@@ -117,13 +116,11 @@ bool CISTREAMDECORATORTEXT::TakeAhead(std::string_view& text, std::size_t limit,
     const char* at = bytes.data();
     const char stop = separator != nullptr ? *separator : '\n';
     bool isQuoted = false;
-    for (; at != end; ++at) {
-        if (!kSpecial.Has(*at) && *at != stop) {
-            continue;  // most of them
+    for (; (at = FindSpecial(at, end, stop)) != end; ++at) {
+        if (*at == kQuote) {
+            isQuoted = !isQuoted;
+            hasQuotes = true;
         }
-        const bool isQuote = *at == kQuote;
-        isQuoted ^= isQuote;
-        hasQuotes |= isQuote;
         if (IsEOLChar(*at) != 0 || (*at == stop && !isQuoted)) {
             break;
         }

@@ -89,6 +89,7 @@ private:
     void WriteText(std::string_view text);
 
     friend class CURSORSTREAM;
+    friend class COSTREAMDECORATORTEXT;
     STREAMCURSOR* mLent = nullptr;  // typed writes are done in its memory, as far as that goes
     short mObjectDepth = 0;
 };

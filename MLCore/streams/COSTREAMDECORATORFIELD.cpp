@@ -5,6 +5,11 @@
 #include <MLCore/streams/CNULLENCODER.h>
 #include <MLCore/streams/OwnClass.h>
 #include <MLCore/streams/STREAMCURSOR.h>
+#include <MLCore/streams/SpecialCharacters.h>
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
 
 namespace MLCore {
 
@@ -12,9 +17,21 @@ namespace {
 
 /// Put together without memory of its own.
 constexpr std::size_t kShortField = 128;
+/// With the digit that is not counted and a sign.
+constexpr std::size_t kLongestNumber = std::numeric_limits<std::int32_t>::digits10 + 2;
 /// What is not written as it stands: by the raw write, and by one of the encoders.
 constexpr CHARACTERSET kLineEnds(std::string_view("\r\n\0", 3));
 constexpr CHARACTERSET kChanged(std::string_view("\r\n\0;\"", 5));
+
+bool IsChanged(std::string_view text) noexcept {
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    const char* const special = FindSpecial(begin, end, ';');
+    if (end - special < kWordSize && end - begin >= kWordSize && MarkSpecial(end - kWordSize, ';') == 0) {
+        return false;
+    }
+    return std::any_of(special, end, [](char character) { return kChanged.Has(character); });
+}
 
 }  // namespace
 
@@ -35,7 +52,7 @@ void COSTREAMDECORATORFIELD::SetValue(const char* value) {
 }
 
 void COSTREAMDECORATORFIELD::WriteField(std::string_view value) {
-    if (!WritePlainField(value)) {
+    if (!IsPlain() || !(IsChanged(value) ? WriteQuoted(value) : WritePlain(value))) {
         WriteEncoded(std::string(value));
     }
     mIsLineStart = 0;
@@ -49,25 +66,60 @@ void COSTREAMDECORATORFIELD::WriteEncoded(const std::string& value) {
     COSTREAM::SetValue(field);
 }
 
-/// The same for what the library's encoders and its raw write leave as it is; false, with nothing done, for all else.
-bool COSTREAMDECORATORFIELD::WritePlainField(std::string_view value) {
-    if (value.size() >= kShortField || !IsOfClass<COSTREAMDECORATORFIELD>(*this) ||
-        !IsOfClass<CCSVENCODER, CNULLENCODER>(mEncoder)) {
+/// Whether nobody but the library's encoders and its raw write say what a field looks like.
+inline bool COSTREAMDECORATORFIELD::IsPlain() const noexcept {
+    return IsOfClass<COSTREAMDECORATORFIELD>(*this) && IsOfClass<CCSVENCODER, CNULLENCODER>(mEncoder) &&
+           !kLineEnds.Has(mSeparator);
+}
+
+/// The same for what those leave as it is; false, with nothing done, for what is too long.
+bool COSTREAMDECORATORFIELD::WritePlain(std::string_view value) {
+    const std::size_t lead = mIsLineStart != 0 ? 0 : 1;
+    const std::size_t size = lead + value.size();
+    if (size > kShortField) {
         return false;
     }
-    bool isChanged = kLineEnds.Has(mSeparator);
-    for (const char character : value) {
-        isChanged |= kChanged.Has(character);
+    char field[kShortField];
+    STREAMCURSOR* const lent = GetLent();
+    char* const room = lent != nullptr ? lent->Room(size) : nullptr;
+    char* const to = room != nullptr ? room : field;
+    STREAMCURSOR::Copy(to + lead, value.data(), value.size());
+    if (lead != 0) {
+        *to = mSeparator;  // not before: the value may lie there
     }
-    if (isChanged) {
+    if (room != nullptr) {
+        lent->Advance(static_cast<long>(size));
+    } else {
+        GetComponent().SetValue(static_cast<const void*>(to), static_cast<long>(size));
+    }
+    return true;
+}
+
+/// The same for what the encoder puts in quotes; false, with nothing done, for what is not only that, or too long.
+bool COSTREAMDECORATORFIELD::WriteQuoted(std::string_view value) {
+    const bool hasLineEnds =
+        std::any_of(value.begin(), value.end(), [](char character) { return kLineEnds.Has(character); });
+    if (hasLineEnds || value.size() > kShortField / 2 - 2 || !IsOfClass<CCSVENCODER>(mEncoder)) {
         return false;
     }
     char field[kShortField];
     field[0] = mSeparator;
-    STREAMCURSOR::Copy(field + 1, value.data(), value.size());
-    const char* const from = field + (mIsLineStart != 0 ? 1 : 0);
-    const char* const to = field + 1 + value.size();
-    GetComponent().SetValue(static_cast<const void*>(from), static_cast<long>(to - from));
+    const char* const end = CCSVENCODER::Quote(value, field + (mIsLineStart != 0 ? 0 : 1));
+    WriteRun(field, end);
+    return true;
+}
+
+/// The same for a number, which needs no look at, where it fits into the component's memory.
+bool COSTREAMDECORATORFIELD::WritePlain(std::int32_t value) {
+    STREAMCURSOR* const lent = GetLent();
+    char* const room = lent != nullptr && IsPlain() ? lent->Room(kLongestNumber + 1) : nullptr;
+    if (room == nullptr) {
+        return false;
+    }
+    *room = mSeparator;
+    char* const digits = room + (mIsLineStart != 0 ? 0 : 1);
+    lent->Advance(static_cast<long>(std::to_chars(digits, digits + kLongestNumber, value).ptr - room));
+    mIsLineStart = 0;
     return true;
 }
 

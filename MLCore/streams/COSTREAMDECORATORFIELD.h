@@ -30,9 +30,13 @@ public:
     void SetNextLine() override;
 
 private:
+    friend class COSTREAMDECORATORTEXT;
     void WriteField(std::string_view value);
     void WriteEncoded(const std::string& value);
-    [[nodiscard]] bool WritePlainField(std::string_view value);
+    [[nodiscard]] bool IsPlain() const noexcept;
+    [[nodiscard]] bool WritePlain(std::string_view value);
+    [[nodiscard]] bool WritePlain(std::int32_t value);
+    [[nodiscard]] bool WriteQuoted(std::string_view value);
 
     char mSeparator;
     CENCODER& mEncoder;

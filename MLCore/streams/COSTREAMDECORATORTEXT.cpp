@@ -2,6 +2,9 @@
 
 #include <MLCore/core/Narrowing.h>
 #include <MLCore/streams/CHARACTERSET.h>
+#include <MLCore/streams/COSTREAMDECORATORFIELD.h>
+#include <MLCore/streams/OwnClass.h>
+#include <MLCore/streams/STREAMCURSOR.h>
 #include <MLCore/text/DoubleText.h>
 
 #include <algorithm>
@@ -25,22 +28,26 @@ COSTREAMDECORATORTEXT::COSTREAMDECORATORTEXT(COSTREAM& component)
 
 COSTREAMDECORATORTEXT::~COSTREAMDECORATORTEXT() = default;
 
-void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
-    const auto write = [this](const char* from, const char* to) {
+void COSTREAMDECORATORTEXT::WriteRun(const char* from, const char* to) {
+    STREAMCURSOR* const lent = GetLent();
+    if (lent == nullptr || !lent->Put(from, static_cast<std::size_t>(to - from))) {
         GetComponent().SetValue(static_cast<const void*>(from), static_cast<long>(to - from));
-    };
+    }
+}
+
+void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
     const char* from = static_cast<const char*>(buffer);
     const char* const end = from + std::max(count, 0L);
     do {
         const char* const to = std::find_if(from, end, [](char character) { return kRunEnds.Has(character); });
         if (to == end || *to == '\0') {
-            write(from, end);
+            WriteRun(from, end);
             return;
         }
         if (to != from) {
-            write(from, to);
+            WriteRun(from, to);
         }
-        write(std::begin(kLineEnd), std::end(kLineEnd));
+        WriteRun(std::begin(kLineEnd), std::end(kLineEnd));
         from = to + 1;
     } while (from != end);
 }
@@ -57,8 +64,11 @@ void COSTREAMDECORATORTEXT::SetValue(double value) {
     SetValue(static_cast<const char*>(text));
 }
 
-void COSTREAMDECORATORTEXT::WriteInteger(long long value) {
-    char text[std::numeric_limits<long long>::digits10 + 3] = {};  // with the digit not counted, a sign and a zero
+void COSTREAMDECORATORTEXT::WriteInteger(std::int32_t value) {
+    if (IsOfClass<COSTREAMDECORATORFIELD>(*this) && static_cast<COSTREAMDECORATORFIELD&>(*this).WritePlain(value)) {
+        return;
+    }
+    char text[std::numeric_limits<std::int32_t>::digits10 + 3] = {};  // with the digit not counted, a sign and a zero
     std::to_chars(std::begin(text), std::end(text) - 1, value);
     SetValue(static_cast<const char*>(text));
 }
@@ -87,7 +97,10 @@ void COSTREAMDECORATORTEXT::WriteLine(const std::string& line) {
 }
 
 void COSTREAMDECORATORTEXT::SetNextLine() {
-    SetValue(static_cast<const void*>("\n"), 1L);
+    const bool isOwn = IsOfClass<COSTREAMDECORATORTEXT, COSTREAMDECORATORFIELD>(*this);
+    if (!isOwn || GetLent() == nullptr || !GetLent()->Put(kLineEnd, sizeof(kLineEnd))) {
+        SetValue(static_cast<const void*>("\n"), 1L);
+    }
     GetComponent().SetNextLine();
 }
 

@@ -3,6 +3,8 @@
 #include <MLCore/platform/Export.h>
 #include <MLCore/streams/COSTREAMDECORATOR.h>
 
+#include <cstdint>
+
 namespace MLCore {
 
 /// Writes values as text (docs/formats/streams.md), in lines that end with CR LF.
@@ -40,8 +42,14 @@ public:
     /// Ends the line here, then in the component.
     void SetNextLine() override;
 
+protected:
+    /// Where the component lets its memory be written; null when it does not.
+    [[nodiscard]] STREAMCURSOR* GetLent() const noexcept { return GetComponent().mLent; }
+    /// Writes what stays as it is.
+    void WriteRun(const char* from, const char* to);
+
 private:
-    void WriteInteger(long long value);
+    void WriteInteger(std::int32_t value);
 };
 
 }  // namespace MLCore

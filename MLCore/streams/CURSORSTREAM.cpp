@@ -18,10 +18,10 @@ void CURSORSTREAM::Close() {
     CSTREAM::Close();
 }
 
-void CURSORSTREAM::Lend(const std::type_info& own, bool readsOnly) noexcept {
+void CURSORSTREAM::Lend(const std::type_info& own) noexcept {
     STREAMCURSOR* const lent = typeid(*this) == own ? &mCursor : nullptr;
     CISTREAM::mLent = lent;
-    COSTREAM::mLent = readsOnly ? nullptr : lent;
+    COSTREAM::mLent = lent;
 }
 
 int CURSORSTREAM::IsEnd() const { return !IsReady() || mCursor.IsAtEnd() ? 1 : 0; }

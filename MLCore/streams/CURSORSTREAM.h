@@ -30,9 +30,9 @@ public:
 protected:
     explicit CURSORSTREAM(OpenMode mode, unsigned long long size = 0);
 
-    /// Called by Open(): until Close(), typed reads (and typed writes, unless `readsOnly`) are done in the cursor's memory.
+    /// Called by Open(): until Close(), typed reads and typed writes are done in the cursor's memory.
     /// Only for an object of the class `own` itself: one derived from it may have raw operations of its own.
-    void Lend(const std::type_info& own, bool readsOnly = false) noexcept;
+    void Lend(const std::type_info& own) noexcept;
     [[nodiscard]] bool IsLent() const noexcept { return CISTREAM::mLent != nullptr; }
     /// IsOpen(), which nobody can have overridden when the stream is lent.
     [[nodiscard]] bool IsReady() const { return IsLent() || IsOpen() != 0; }

@@ -16,6 +16,7 @@ struct STREAMAREA {
     char* data = nullptr;
     unsigned long long start = 0;
     std::size_t size = 0;
+    bool isForAppending = false;  ///< what lies there already is not to be overwritten
 };
 
 /// The size and the position of a stream of random access, and the rules about them that such streams share.
@@ -100,12 +101,18 @@ public:
         mPosition += count;
         return taken;
     }
+    /// Where `count` bytes can be written at the position, Advance() to follow; null when there is not room for all.
+    [[nodiscard]] char* Room(std::size_t count) const noexcept {
+        const bool isHere = count <= RoomAhead() && (!mArea.isForAppending || mPosition == mSize);
+        return isHere && mArea.data != nullptr ? AtPosition() : nullptr;
+    }
     /// Writes to memory; false, with nothing done, when there is not room for all. The bytes may come from there.
     [[nodiscard]] bool Put(const void* bytes, std::size_t count) noexcept {
-        if (count > RoomAhead() || mArea.data == nullptr) {
+        char* const room = Room(count);
+        if (room == nullptr) {
             return false;
         }
-        Copy(AtPosition(), bytes, count);
+        Copy(room, bytes, count);
         mPosition += count;
         mSize = std::max(mSize, mPosition);
         return true;
@@ -113,20 +120,27 @@ public:
 
     /// As memmove(), which costs more than the short texts that are most of what is written.
     static void Copy(char* to, const void* from, std::size_t count) noexcept {
-        constexpr std::size_t kHalf = 8;
-        if (count < kHalf || count > 2 * kHalf) {
+        if (count >= 8 && count <= 16) {
+            CopyEnds<std::uint64_t>(to, from, count);
+        } else if (count >= 4 && count < 8) {
+            CopyEnds<std::uint32_t>(to, from, count);
+        } else {
             std::memmove(to, from, count);
-            return;
         }
-        std::uint64_t first = 0;
-        std::uint64_t last = 0;  // overlaps the first where the text is shorter than both
-        std::memcpy(&first, from, kHalf);
-        std::memcpy(&last, static_cast<const char*>(from) + count - kHalf, kHalf);
-        std::memcpy(to, &first, kHalf);
-        std::memcpy(to + count - kHalf, &last, kHalf);
     }
 
 private:
+    /// The first and the last bytes at once, which overlap where the text is shorter than both.
+    template <class Half>
+    static void CopyEnds(char* to, const void* from, std::size_t count) noexcept {
+        Half first = 0;
+        Half last = 0;
+        std::memcpy(&first, from, sizeof(Half));
+        std::memcpy(&last, static_cast<const char*>(from) + count - sizeof(Half), sizeof(Half));
+        std::memcpy(to, &first, sizeof(Half));
+        std::memcpy(to + count - sizeof(Half), &last, sizeof(Half));
+    }
+
     [[nodiscard]] std::size_t RoomAhead() const noexcept {
         const unsigned long long at = mPosition - mArea.start;  // wraps before the start
         return at < mArea.size ? mArea.size - static_cast<std::size_t>(at) : 0;
