@@ -193,4 +193,22 @@ TEST(FieldStreamTest, WritesTheSameBytesEverywhere) {
     EXPECT_EQ(FieldsOf(write), std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
+TEST(FieldStreamTest, WritesSpecialCharactersTheSameWhoeverEncodes) {
+    class CASKED : public CCSVENCODER {};  // asked for each field
+    CASKED asked;
+    for (const char special : "\r\n\";\t\x0E\x80\xBB"sv) {
+        const auto write = [special](COSTREAM& fields) {
+            for (std::size_t size = 1; size <= 20; ++size) {
+                for (std::size_t at = 0; at < size; ++at) {
+                    std::string text(size, 'x');
+                    text[at] = special;
+                    fields << text << long{-2147483647} << text.c_str();
+                }
+                fields.SetNextLine();
+            }
+        };
+        EXPECT_EQ(FieldsOf(write), Written<COSTREAMDECORATORFIELD>(write, ';', asked));
+    }
+}
+
 }  // namespace
