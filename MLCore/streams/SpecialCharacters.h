@@ -7,7 +7,7 @@
 
 namespace MLCore {
 
-/// How many characters of a text are looked at together.
+/// How many characters of a text are looked at together. Not for clients.
 inline constexpr std::ptrdiff_t kWordSize = 8;
 
 /// Marks those of the eight characters at `text` that may have a meaning in lines of fields: the controls up to CR, the double
