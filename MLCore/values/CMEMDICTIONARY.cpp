@@ -8,46 +8,48 @@
 
 namespace MLCore {
 
-/// Remembers its key, and its place in the map for as long as nothing is removed.
+/// Remembers its key, and its place for as long as entries stay where they are.
 class CMEMDICTIONARY::VALUEITERATOR final : public COBJECTITERATOR {
 public:
-    explicit VALUEITERATOR(CMEMDICTIONARY* dictionary) : mDictionary(dictionary) { GoTo(mDictionary->mValues.begin()); }
+    explicit VALUEITERATOR(CMEMDICTIONARY* dictionary) : mDictionary(dictionary) { GoTo(Entries().First()); }
 
     void Next() override {
-        if (!mIsPast) {
-            GoTo(IsPlaceValid() ? std::next(mPlace) : mDictionary->mValues.upper_bound(mKey));
+        if (mIsPast) {
+            return;
         }
+        const PLACE place = Place();
+        const bool isReached = place.entry != nullptr && place.entry->key == mKey;
+        GoTo(isReached ? Entries().Next(place) : place);
     }
-    int IsEnd() const override { return Place() == mDictionary->mValues.end() ? 1 : 0; }
+    int IsEnd() const override { return Place().entry == nullptr ? 1 : 0; }
     CSHAREOBJECTPTR<COBJECT> GetCurrent() const override {
-        const auto place = Place();
-        return place != mDictionary->mValues.end() ? place->second : nullptr;
+        const PLACE place = Place();
+        return place.entry != nullptr ? place.entry->object : nullptr;
     }
 
 private:
-    using PLACE = VALUES::const_iterator;
+    using PLACE = KEYEDOBJECTS::PLACE;
 
-    bool IsPlaceValid() const { return mRemovals == mDictionary->mRemovals; }
+    const KEYEDOBJECTS& Entries() const { return mDictionary->mEntries; }
     PLACE Place() const {
-        const VALUES& values = mDictionary->mValues;
         if (mIsPast) {
-            return values.end();
+            return {};
         }
-        return IsPlaceValid() ? mPlace : values.lower_bound(mKey);
+        return mMoves == Entries().GetMoves() ? mPlace : Entries().From(mKey);
     }
-    void GoTo(PLACE place) {
-        mRemovals = mDictionary->mRemovals;
+    void GoTo(const PLACE& place) {
+        mMoves = Entries().GetMoves();
         mPlace = place;
-        mIsPast = place == mDictionary->mValues.end();
+        mIsPast = place.entry == nullptr;
         if (!mIsPast) {
-            mKey = place->first;
+            mKey = place.entry->key;
         }
     }
 
     CSHAREOBJECTPTR<CMEMDICTIONARY> mDictionary;
     PLACE mPlace;
     std::string mKey;
-    std::uint64_t mRemovals = 0;
+    std::uint64_t mMoves = 0;
     bool mIsPast = false;
 };
 
@@ -55,7 +57,7 @@ MLCORE_REGISTER_CLASS(CMEMDICTIONARY)
 
 // The destructor of a value may still set others.
 CMEMDICTIONARY::~CMEMDICTIONARY() {
-    while (!mValues.empty()) {
+    while (mEntries.GetCount() != 0) {
         CMEMDICTIONARY::RemoveAll();
     }
 }
@@ -85,50 +87,43 @@ COBJECTITERATOR* CMEMDICTIONARY::CreateValueIterator() const {
 
 CSHAREOBJECTPTR<CARRAY> CMEMDICTIONARY::GetKeys() const {
     std::vector<CSHAREOBJECTPTR<COBJECT>> keys;
-    keys.reserve(mValues.size());
-    for (const auto& [key, value] : mValues) {
-        keys.emplace_back(CVALUEOBJECT::Create(CVALUE(key.c_str())));
+    keys.reserve(mEntries.GetCount());
+    for (auto place = mEntries.First(); place.entry != nullptr; place = mEntries.Next(place)) {
+        keys.emplace_back(CVALUEOBJECT::Create(CVALUE(place.entry->key.c_str())));
     }
     return CMEMARRAY::Create(std::move(keys));
 }
 
 CSHAREOBJECTPTR<CARRAY> CMEMDICTIONARY::GetValues() const {
     std::vector<CSHAREOBJECTPTR<COBJECT>> values;
-    values.reserve(mValues.size());
-    for (const auto& [key, value] : mValues) {
-        values.push_back(value);
+    values.reserve(mEntries.GetCount());
+    for (auto place = mEntries.First(); place.entry != nullptr; place = mEntries.Next(place)) {
+        values.push_back(place.entry->object);
     }
     return CMEMARRAY::Create(std::move(values));
 }
 
-long CMEMDICTIONARY::GetCount() const { return static_cast<long>(mValues.size()); }
+long CMEMDICTIONARY::GetCount() const { return static_cast<long>(mEntries.GetCount()); }
 
-int CMEMDICTIONARY::ContainsKey(const std::string& key) const { return mValues.contains(key) ? 1 : 0; }
+int CMEMDICTIONARY::ContainsKey(const std::string& key) const { return mEntries.Find(key) != nullptr ? 1 : 0; }
 
 CSHAREOBJECTPTR<COBJECT> CMEMDICTIONARY::GetKeyValue(const std::string& key) {
-    const auto found = mValues.find(key);
-    return found != mValues.end() ? found->second : nullptr;
+    const KEYEDOBJECTS::ENTRY* const found = mEntries.Find(key);
+    return found != nullptr ? found->object : nullptr;
 }
 
 // What leaves the dictionary is released last, when the dictionary is whole again: the destructor of an object may change it.
 
 void CMEMDICTIONARY::SetKeyValue(const std::string& key, COBJECT* value) {
     CSHAREOBJECTPTR<COBJECT> other(value);
-    std::swap(mValues[key], other);
+    std::swap(mEntries.At(key), other);
 }
 
 int CMEMDICTIONARY::RemoveKey(const std::string& key) {
-    const VALUES::node_type removed = mValues.extract(key);
-    if (removed.empty()) {
-        return 0;
-    }
-    ++mRemovals;
-    return 1;
+    CSHAREOBJECTPTR<COBJECT> removed;
+    return mEntries.Remove(key, removed) ? 1 : 0;
 }
 
-void CMEMDICTIONARY::RemoveAll() {
-    ++mRemovals;
-    std::exchange(mValues, {});
-}
+void CMEMDICTIONARY::RemoveAll() { mEntries.RemoveAll(); }
 
 }  // namespace MLCore

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <MLCore/values/CDICTIONARY.h>
-
-#include <cstdint>
-#include <functional>
-#include <map>
+#include <MLCore/values/KEYEDOBJECTS.h>
 
 namespace MLCore {
 
@@ -33,13 +30,11 @@ public:
 
 private:
     class VALUEITERATOR;
-    using VALUES = std::map<std::string, CSHAREOBJECTPTR<COBJECT>, std::less<>>;
 
     CMEMDICTIONARY() = default;
     ~CMEMDICTIONARY() override;
 
-    VALUES mValues;
-    std::uint64_t mRemovals = 0;  // tells iterators when the place that they remember may have gone
+    KEYEDOBJECTS mEntries;
 };
 
 }  // namespace MLCore

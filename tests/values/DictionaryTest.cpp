@@ -77,6 +77,39 @@ TEST(DictionaryTest, MayChangeWhileItIsWalked) {
     EXPECT_EQ(iterator->IsEnd(), 1);
 }
 
+// Few entries are held in another way than many.
+TEST(DictionaryTest, IsTheSameWithFewAndManyEntries) {
+    std::map<std::string, OBJECT> expected;
+    const auto dictionary = CMEMDICTIONARY::Create("k", nullptr);
+    expected["k"] = nullptr;
+    const std::unique_ptr<COBJECTITERATOR> iterator(dictionary->CreateValueIterator());
+    const auto expectSame = [&] {
+        OBJECTS objects;
+        for (const auto& [key, object] : expected) {
+            objects.push_back(object);
+            EXPECT_EQ(dictionary->GetKeyValue(key), object);
+        }
+        EXPECT_EQ(ElementsIn(*dictionary), objects);
+        EXPECT_EQ(iterator->GetCurrent(), expected.lower_bound("k")->second);
+        EXPECT_EQ(dictionary->ContainsKey("none") + dictionary->RemoveKey("none"), 0);
+    };
+    for (int i = 0; i < 40; ++i) {  // in front of the iterator and behind it, in no order
+        const std::string key = {static_cast<char>('0' + i * 37 % 75), 'x'};
+        dictionary->SetKeyValue(key, expected[key] = CTHING::Create());
+        expectSame();
+    }
+    EXPECT_EQ(CTHING::living, 40);
+    iterator->Next();
+    EXPECT_EQ(iterator->GetCurrent(), expected.upper_bound("k")->second);
+    while (expected.size() > 1) {
+        const std::string key = expected.begin()->first == "k" ? expected.rbegin()->first : expected.begin()->first;
+        EXPECT_EQ(dictionary->RemoveKey(key), 1);
+        expected.erase(key);
+    }
+    EXPECT_EQ(dictionary->GetCount(), 1);
+    EXPECT_EQ(CTHING::living, 0);
+}
+
 TEST(DictionaryTest, ReleasesWhenItIsWhole) {
     ExpectWholeOnRelease<CDICTIONARY>(
         CMEMDICTIONARY::Create, [](CDICTIONARY& dictionary, COBJECT* object) { dictionary.SetKeyValue("m", object); },
