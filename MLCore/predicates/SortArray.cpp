@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -209,6 +210,8 @@ private:
 struct ENTRY {
     std::uint64_t lead;  // of the first key
     std::size_t place;
+
+    auto operator<=>(const ENTRY&) const = default;
 };
 
 std::vector<ENTRY> SortedEntries(std::size_t count, const std::vector<COLUMN>& columns) {
@@ -217,17 +220,24 @@ std::vector<ENTRY> SortedEntries(std::size_t count, const std::vector<COLUMN>& c
     for (std::size_t place = 0; place < count; ++place) {
         entries.push_back({columns.empty() ? 0 : columns.front().LeadOf(place), place});
     }
-    std::ranges::stable_sort(entries, [&columns](const ENTRY& a, const ENTRY& b) {
-        if (a.lead != b.lead) {
-            return a.lead < b.lead;
-        }
+    // By the leads alone first, in memory that lies together; then those that are left equal.
+    std::ranges::sort(entries);
+    const auto isBefore = [&columns](const ENTRY& a, const ENTRY& b) {
         for (const COLUMN& column : columns) {
             if (const int relation = column.Compare(a.place, b.place)) {
                 return relation < 0;
             }
         }
         return false;
-    });
+    };
+    for (auto begin = entries.begin(); begin != entries.end();) {
+        const auto end =
+            std::find_if(begin + 1, entries.end(), [begin](const ENTRY& e) { return e.lead != begin->lead; });
+        if (end - begin > 1) {
+            std::stable_sort(begin, end, isBefore);
+        }
+        begin = end;
+    }
     return entries;
 }
 
