@@ -30,7 +30,7 @@ public:
     /// 1 when the channel is enabled and the level is not above the manager's, else 0: then lines are dropped.
     [[nodiscard]] int IsEnable() const;
 
-    /// The stream that takes the current line. Numbers are written in the "C" locale.
+    /// The stream that takes the current line. Numbers are written in the "C" locale. Where memory ends, the line is cut.
     [[nodiscard]] std::ostream& GetStream() noexcept { return mStream; }
     /// The current line so far.
     [[nodiscard]] std::string GetStr() const { return mStream.str(); }

@@ -37,6 +37,9 @@ constexpr struct {
     const char* between;
 } kCompounds[] = {{"(", "(", ")", " AND "}, {"(", "(", ")", " OR "}, {"NOT(", "", "", ""}};
 
+// A stream that finds no memory is to say so; unasked, it leaves the rest of the text out.
+constexpr std::ios_base::iostate kFailing = std::ios_base::badbit;
+
 std::string OperatorText(CVALUEOBJECT::ComparisonType type) {
     const auto index = static_cast<std::size_t>(type);
     return index < std::size(kOperators) ? kOperators[index] : ' ' + std::to_string(static_cast<int>(type)) + ' ';
@@ -48,7 +51,9 @@ std::string OperatorText(CVALUEOBJECT::ComparisonType type) {
 /// rather than have Accept() go on.
 class CPREDICATEHELPER::VISITOR : public CPREDICATEVISITOR {
 public:
-    explicit VISITOR(Quoting quoting) : mIsQuoted(quoting == Quoting::Quoted) {}
+    explicit VISITOR(Quoting quoting) : mIsQuoted(quoting == Quoting::Quoted) {
+        mOutline.exceptions(kFailing);
+    }
 
     [[nodiscard]] const std::string& GetQuery() const noexcept { return mQuery; }
     [[nodiscard]] std::string GetOutline() const { return mOutline.str(); }
@@ -71,6 +76,7 @@ private:
         ++mDepth;
         if (!(WriteAs<Classes>(node) || ...)) {
             std::ostringstream dump;
+            dump.exceptions(kFailing);
             dump << &node;
             mQuery += dump.str();
         }

@@ -84,6 +84,7 @@ std::optional<std::string> ReadPreferenceText(const char* key, const char* name)
     const std::size_t fileEnd = keyText.find('\\');
     const std::string_view section = fileEnd == std::string_view::npos ? "" : keyText.substr(fileEnd + 1);
     std::istringstream file(ContentOf(folder + '/' + std::string(keyText.substr(0, fileEnd)) + ".ini"));
+    file.exceptions(std::ios_base::badbit);  // out of memory is not the end of the file
     std::string line;
     bool isInSection = section.empty();
     while (std::getline(file, line)) {

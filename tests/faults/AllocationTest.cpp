@@ -1,0 +1,301 @@
+// Memory that ends: each allocation of each scenario fails in turn, once or from then on. The scenario fails with
+// std::bad_alloc or a told failure or goes on without that memory; it loses nothing, changes nothing by half, and works when
+// it is tried again. The program holds the library itself, so that it allocates here.
+#include <MLCore/MLCore.h>
+#include <MLCore/platform/WinTypes.h>
+#include <faults/Faults.h>
+#include <gtest/gtest.h>
+
+#include <new>
+#include <sstream>
+
+namespace {
+
+// Small blocks wait to be used again, but where the address sanitizer looks after each.
+#if defined(__has_feature)
+#define MLCORE_HAS_ASAN __has_feature(address_sanitizer)
+#else
+#define MLCORE_HAS_ASAN 0
+#endif
+constexpr long kWaitingBlocks = MLCORE_HAS_ASAN ? 0 : 200;
+
+using namespace MLCore;
+using OBJECT = CSHAREOBJECTPTR<COBJECT>;
+using CASE = CVALUEOBJECT::ComparisonOption;
+
+const char kLong[] = "a text; with \"quotes\", longer than any that a string keeps in itself";
+
+/// An object with an object in it.
+class CNESTED : public CSERIALIZABLEOBJECT {
+    MLCORE_CLASS(CNESTED, CSERIALIZABLEOBJECT)
+public:
+    void WriteState(CWRITER& writer) const override {
+        writer << static_cast<long>(text.size()) << text;
+        writer.SetObject(inner);
+    }
+    void ReadState(CREADER& reader) override {
+        long length = 0;
+        reader >> length;
+        reader.GetValue(text, length);
+        inner = reader.GetObject();
+    }
+    std::string text;
+    CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> inner;
+};
+MLCORE_REGISTER_CLASS(CNESTED)
+
+OBJECT Value(const CVALUE& value) { return CVALUEOBJECT::Create(value); }
+
+CSHAREOBJECTPTR<CDICTIONARY> Record(double number, const char* text) {
+    const auto record = CMEMDICTIONARY::Create();
+    record->SetKeyValue("number", Value(number));
+    record->SetKeyValue("text", Value(text));
+    return record;
+}
+
+CSHAREOBJECTPTR<CPREDICATE> Condition() {
+    const auto key = [](const char* name) { return CKEYEXPRESSION::Create(name); };
+    const auto value = [](const CVALUE& constant) { return CVALUEEXPRESSION::Create(constant); };
+    return CORPREDICATE::Create(
+        CNOTPREDICATE::Create(CGREATERPREDICATE::Create(key("number"), value(2.5))),
+        CANDPREDICATE::Create(CLIKEPREDICATE::Create(key("text"), value(kLong), CASE::CaseInsensitive),
+                              CCOMPARISONBETWEENPREDICATE::Create(key("number"), value(1L), value(9L))));
+}
+
+/// What scenarios work on.
+struct STATE {
+    STATE() {
+        for (const double number : {3.0, 1.0, 2.0}) {
+            array->AddObject(Record(number, kLong));
+            set->AddObject(array->Last());
+        }
+        dictionary->SetKeyValue("record", Record(7, &kLong[1]));
+        stream.Open();
+        stream.SetValue(std::string(kLong));
+        object->text = kLong;
+        object->inner = AdoptObject(new CNESTED);
+        objects.Open();
+        objects.SetObject(object);
+        Condition()->DoWriteState(xml.writer);
+    }
+    std::string Show() const {
+        std::ostringstream out;
+        const auto tell = [&out](COBJECT* thing) {
+            if (const auto* const valueObject = dynamic_cast<const CVALUEOBJECT*>(thing)) {
+                out << valueObject << ' ';
+            } else if (auto* const record = dynamic_cast<CDICTIONARY*>(thing)) {
+                out << ValueOf(record->GetKeyValue("number")) << ' ' << ValueOf(record->GetKeyValue("text")) << ' ';
+            } else {
+                out << (thing != nullptr ? thing->ClassName() : "null") << ' ';
+            }
+        };
+        for (const auto& elements :
+             {array, set->GetObjects(), dictionary->GetValues(), dictionary->GetKeys(), result}) {
+            if (elements != nullptr) {
+                std::ranges::for_each(elements, [&tell](const OBJECT& element) { tell(element); });
+            }
+            out << '\n';
+        }
+        const char* const bytes = static_cast<const char*>(stream.GetBuffer());
+        out << value << '\n'
+            << text << '\n'
+            << std::string(bytes, stream.GetSize()) << '\n'
+            << email.ToString() << '\n';
+        return out.str();
+    }
+
+    struct XML {
+        XML() { stream.Open(); }
+        CBUFFERSTREAM stream;
+        CXMLKEYWRITER writer{stream};
+    };
+
+    CSHAREOBJECTPTR<CARRAY> array = CMEMARRAY::Create(), result;
+    CSHAREOBJECTPTR<CDICTIONARY> dictionary = CMEMDICTIONARY::Create();
+    CSHAREOBJECTPTR<CSET> set = CMEMSET::Create();
+    CSHAREOBJECTPTR<CNESTED> object = AdoptObject(new CNESTED);
+    CVALUE value = kLong;
+    _variant_t variant = "a variant's text that is long as well";
+    std::string text = "before";
+    CEMAIL email = "somebody@example.org";
+    mutable CBUFFERSTREAM stream;
+    CBUFFERSTREAM objects;
+    XML xml;
+};
+
+struct TOTEXT {
+    static void Write(const std::string&, const std::string& line) { text = line; }
+    static inline std::string text;
+};
+
+struct SCENARIO {
+    const char* name;
+    void (*act)(STATE& state);
+    bool isWhole = true;  // all of it or nothing; otherwise a series of such steps
+};
+
+const SCENARIO kScenarios[] = {
+    {"append to an array", [](STATE& state) { state.array->AddObject(Record(4, kLong)); }},
+    {"insert into an array", [](STATE& state) { state.array->InsertObject(1, Record(4, kLong)); }},
+    {"a key of all elements",
+     [](STATE& state) { state.result = static_cast<CARRAY*>(state.array->GetKeyValue("text").Get()); }},
+    {"set a key of all elements",
+     [](STATE& state) { state.array->SetKeyValue("text", state.array->GetKeyValue("number")); }, false},
+    {"filter", [](STATE& state) { state.result = state.array->Filter(Condition()); }},
+    {"sort",
+     [](STATE& state) { state.result = SortArray(state.array, CSORTDESCRIPTORBUILDER::Create("+text;-number")); }},
+    {"put into a dictionary", [](STATE& state) { state.dictionary->SetKeyValue(kLong, Record(8, kLong)); }},
+    {"replace in a dictionary", [](STATE& state) { state.dictionary->SetKeyValue("record", Record(8, kLong)); }},
+    {"list the keys of a dictionary", [](STATE& state) { state.result = state.dictionary->GetKeys(); }},
+    {"set by a path", [](STATE& state) { state.dictionary->SetKeyPathValue("record.text", Value(kLong)); }},
+    {"get by a path", [](STATE& state) { state.value = ValueOf(state.dictionary->GetKeyPathValue("record.text")); }},
+    {"add to a set", [](STATE& state) { state.set->AddObject(Record(4, kLong)); }},
+    {"unite sets",
+     [](STATE& state) {
+         const auto other = CMEMSET::Create();
+         other->AddObject(Record(5, kLong));
+         other->AddObject(state.array->First());
+         state.set->Union(other);
+     }},
+    {"intersect sets",
+     [](STATE& state) {
+         const auto other = CMEMSET::Create();
+         other->AddObject(state.array->First());
+         state.set->Intersect(other);
+     }},
+    {"assign a value", [](STATE& state) { state.value = CVALUE(std::string(kLong) + kLong); }},
+    {"a value from a variant", [](STATE& state) { state.value = CVALUE(state.variant); }},
+    {"create by name",
+     [](STATE& state) {
+         state.array->AddObject(COBJECTFACTORY::GetInstance()->CreateObject("class MLCore::CMEMARRAY"));
+     }},
+    {"write a text", [](STATE& state) { state.stream.SetValue(std::string(3000, 'x')); }},
+    {"write a line through a text decorator",
+     [](STATE& state) { COSTREAMDECORATORTEXT(state.stream).SetValue(std::string(3000, 'x')); }},
+    {"write a field in quotes",
+     [](STATE& state) {
+         CCSVENCODER encoder;
+         COSTREAMDECORATORFIELD(state.stream, ';', encoder).SetValue(kLong);
+     }},
+    {"read fields",
+     [](STATE& state) {
+         CBUFFERSTREAM lines(static_cast<unsigned long>(sizeof kLong - 1), kLong);
+         lines.Open();
+         CCSVENCODER encoder;
+         CISTREAMDECORATORFIELD fields(lines, ',', encoder);
+         std::string first;
+         CSTREAMREADER reader(fields);
+         reader >> first >> state.text;
+     },
+     false},
+    {"write an object", [](STATE& state) { state.stream.SetObject(state.object); }, false},
+    {"read an object",
+     [](STATE& state) {
+         state.objects.Open();
+         const auto again = state.objects.GetObject();
+         state.text = static_cast<const CNESTED&>(*again).text;
+     }},
+    {"hand out a handle",
+     [](STATE& state) {
+         CHANDLESTREAM stream;
+         stream.Open();
+         stream.SetValue(std::string(kLong));
+         state.value = static_cast<long>(stream.GetSize());
+     }},
+    {"show a predicate",
+     [](STATE& state) {
+         state.text = CPREDICATEHELPER(Condition()).GetStrSQL() + CPREDICATEHELPER(Condition()).GetStr();
+     }},
+    {"read a predicate",
+     [](STATE& state) {
+         state.xml.stream.Open();
+         CXMLKEYREADER reader(state.xml.stream);
+         const auto read = CPREDICATE::Create(reader);
+         state.text = CPREDICATEHELPER(read).GetStrSQL();
+     }},
+    {"write a predicate",
+     [](STATE& state) {
+         STATE::XML xml;
+         Condition()->DoWriteState(xml.writer);
+         state.value = static_cast<long>(xml.stream.GetSize());
+     }},
+    {"an address",
+     [](STATE& state) { state.email = CEMAIL("a.long.name.of.somebody.else@a.long.domain.example.org"); }},
+    {"a password",
+     [](STATE& state) {
+         const auto password = CPASSWORD::Create(kLong);
+         state.value = *password == *CPASSWORD::CreateSecure(30) ? 1 : 0;
+     }},
+    {"a line of a log",
+     [](STATE& state) {
+         CLOGGERBASIC<TOTEXT> logger("faults", CLOGMANAGER::Level::ERR);
+         logger << kLong << 12345 << MLCore::endl;
+         state.text = TOTEXT::text;
+     },
+     false},
+    {"a failure with a text",
+     [](STATE& state) {
+         const FrameworkException failure(1, 2, 0, 0, kLong);
+         const FrameworkException copy(failure);
+         state.text = copy.GetText() != nullptr ? copy.GetText() : "";
+     },
+     false},
+    {"from UTF-8 and back", [](STATE& state) { state.text = Utf8FromAnsi(AnsiFromUtf8(kLong)); }},
+};
+
+/// What an armed call throws: 0 for nothing, 1 for std::bad_alloc, 2 for what must not be, else the number of the failure.
+int FailureOf(const SCENARIO& scenario, STATE& state) {
+    int failure = 0;
+    gFaults.hasFailed = false;
+    gFaults.isArmed = true;
+    try {
+        scenario.act(state);
+    } catch (const std::bad_alloc&) {
+        failure = 1;
+    } catch (const FrameworkException& told) {
+        failure = told.GetMsg();
+    } catch (...) {
+        failure = 2;
+    }
+    gFaults.isArmed = false;
+    return failure;
+}
+
+/// False when there was no such allocation.
+bool FailsCleanly(const SCENARIO& scenario, long allocation, bool isLasting, const std::string& before,
+                  const std::string& after) {
+    STATE state;
+    gFaults.allocationsToGo = allocation;
+    gFaults.isLasting = isLasting;
+    const int failure = FailureOf(scenario, state);
+    EXPECT_TRUE(failure == 0 || failure == 1 || failure == kErrNull) << failure;
+    if (failure == 0) {
+        EXPECT_TRUE(state.Show() == after || !scenario.isWhole) << state.Show();
+    } else if (scenario.isWhole) {
+        EXPECT_EQ(state.Show(), before);
+        EXPECT_NO_THROW(scenario.act(state));
+        EXPECT_EQ(state.Show(), after);
+    }
+    return gFaults.hasFailed;
+}
+
+TEST(AllocationTest, FailuresChangeAndLoseNothing) {
+    for (const SCENARIO& scenario : kScenarios) {
+        SCOPED_TRACE(scenario.name);
+        STATE unchanged, changed;
+        ASSERT_NO_THROW(scenario.act(changed));
+        const std::string before = unchanged.Show(), after = changed.Show();
+        EXPECT_NE(before, after);
+        const long live = gFaults.live;
+        for (const bool isLasting : {false, true}) {
+            long allocation = 0;
+            while (FailsCleanly(scenario, allocation, isLasting, before, after) && !HasFailure()) {
+                ++allocation;
+            }
+            EXPECT_TRUE(allocation > 0 && !HasFailure()) << "allocation " << allocation << (isLasting ? " and on" : "");
+        }
+        EXPECT_LE(gFaults.live, live + kWaitingBlocks);
+    }
+}
+
+}  // namespace
