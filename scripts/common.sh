@@ -10,9 +10,10 @@ MLCORE_WERROR=${MLCORE_WERROR:-OFF}
 
 # Debian packages: for every build, and what each further target adds.
 PACKAGES_BASE="g++ cmake ninja-build ccache pkg-config libsodium-dev googletest tzdata"
-PACKAGES_CHECKS="clang-format-14 libxml2-utils doxygen"
+PACKAGES_CHECKS="clang-format-14 libxml2-utils doxygen gdb"
 PACKAGES_CLANG="clang-14 libclang-rt-14-dev llvm-14"
 PACKAGES_WINDOWS="g++-mingw-w64-x86-64-posix wine wine64"
+PACKAGES_PACKAGE="lintian dpkg-dev file"
 PACKAGES_BENCH="libbenchmark-dev"
 PACKAGES_PEERS="libquantlib0-dev libboost-dev libboost-date-time-dev qtbase5-dev libabsl-dev libpoco-dev libsqlite3-dev libgnustep-base-dev gobjc++ libfccp-dev libcsv-dev libxml2-dev libspdlog-dev"
 PACKAGES_COVERAGE="lcov"

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Installs the library, shared and static, and has a stranger's program built and run against it in every way that the README
-# names: package.sh WORK_DIRECTORY. Prints "ok: ..." or "not ok: ..." for each. Windows is tried when its compiler is there.
+# names, and the same with the Debian packages and the ZIP: package.sh WORK_DIRECTORY. Prints "ok: ..." or "not ok: ..." for each. Windows is tried when its compiler is there.
 set -u
 [ $# -eq 1 ] || { echo "usage: package.sh WORK_DIRECTORY"; exit 2; }
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 # shellcheck source=../../scripts/common.sh
 . "$here/../../scripts/common.sh"
-rm -rf "$1/installed" "$1/users"
+rm -rf "$1/installed" "$1/users" "$1/packages"
 mkdir -p "$1"
 work=$(cd "$1" && pwd)
 status=0
@@ -20,13 +20,15 @@ attempt() {
     else
         echo "not ok: $what"
         status=1
+        return 1
     fi
 }
 
 # settings PRESET SHARED: what a preset would set, for the library and for its users.
 settings() {
     common=(-G Ninja -DCMAKE_BUILD_TYPE=Release)
-    [ "$1" = linux ] || common+=(--toolchain "$ROOT/cmake/mingw-w64.cmake")
+    # The presets' compiler, by the same name: what they compiled comes from the cache.
+    if [ "$1" = linux ]; then common+=(-DCMAKE_CXX_COMPILER=g++); else common+=(--toolchain "$ROOT/cmake/mingw-w64.cmake"); fi
     library=("${common[@]}" -DBUILD_SHARED_LIBS="$2" -DMLCORE_WERROR="$MLCORE_WERROR" -DMLCORE_TESTS=OFF -DMLCORE_EXAMPLES=OFF)
 }
 
@@ -56,14 +58,15 @@ with_cmake() {
     if [ -f "$build/stranger.exe" ]; then works "$build/stranger.exe"; else works "$build/stranger"; fi
 }
 
+# with_pkg_config [MODULE]
 with_pkg_config() {
-    local program=$work/users/$name-pkg-config flags libraries how=()
+    local module=${1:-MLCore} program=$work/users/$name-pkg-config flags libraries how=()
     [ "$shared" = ON ] || how=(--static)
     export PKG_CONFIG_PATH
     PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name MLCore.pc)")
-    flags=$(pkg-config --cflags --libs "${how[@]}" MLCore) || return 1
+    flags=$(pkg-config --cflags --libs "${how[@]}" "$module") || return 1
     echo "pkg-config: $flags"
-    libraries=$(pkg-config --variable=libdir MLCore)
+    libraries=$(pkg-config --variable=libdir "$module")
     # shellcheck disable=SC2086
     g++ -std=c++20 "$here/main.cpp" -o "$program" $flags "-Wl,-rpath,$libraries" && works "$program"
 }
@@ -81,9 +84,40 @@ holds_everything() {
     fi
 }
 
+# links_kind PROGRAM: the shared library is asked for at run time when it was linked, and only then.
+links_kind() {
+    local wanted=0
+    [ "$shared" = ON ] && wanted=1
+    [ "$(readelf -d "$1" | grep -c 'NEEDED.*\[libMLCore\.so\.1\]')" -eq $wanted ]
+}
+
 # Every header that is in the tree is installed, and nothing else.
 headers_installed() {
     diff <(cd "$ROOT" && find MLCore -name '*.h' | sort) <(cd "$prefix/include" && find MLCore -type f | sort)
+}
+
+make_debian() {
+    (
+        cd "$ROOT" &&
+            cmake --preset debian -B "$work/debian" -DMLCORE_WERROR="$MLCORE_WERROR" &&
+            cmake --build "$work/debian" --parallel "$JOBS" --target package &&
+            mkdir -p "$work/packages/debian" && mv "$work"/debian/*.deb "$work/packages"
+    ) || return 1
+    # As apt would install the pair, below a prefix of ours.
+    local package
+    for package in libmlcore1 libmlcore-dev; do
+        dpkg-deb -x "$work/packages/$package"_*.deb "$work/packages/debian" || return 1
+    done
+}
+
+make_zip() {
+    cmake --build "$work/windows-shared" --target package &&
+        mkdir -p "$work/packages/zip" &&
+        (cd "$work/packages/zip" && cmake -E tar xf "$work"/windows-shared/MLCore-*.zip && mv MLCore-*/* . && rmdir MLCore-*)
+}
+
+lint() {
+    lintian --allow-root --fail-on error "$work"/packages/*.deb
 }
 
 presets=(linux)
@@ -110,4 +144,30 @@ for preset in "${presets[@]}"; do
         [ $shared = ON ] || attempt "$name: whole with add_subdirectory" holds_everything "$work/users/$name-embedded/stranger"
     done
 done
+
+# The packages, used as installations are; debian holds both kinds.
+if command -v dpkg-deb >/dev/null; then
+    settings linux ON
+    prefix=$work/packages/debian/usr
+    if attempt "debian: packages" make_debian; then
+        attempt "debian: headers" headers_installed
+        for shared in ON OFF; do
+            name=debian-shared target=MLCore::MLCore module=MLCore
+            [ $shared = ON ] || name=debian-static target=MLCore::static module=MLCore-static
+            attempt "$name: find_package" with_cmake "$name-found" "-DCMAKE_PREFIX_PATH=$prefix" "-DMLCORE_TARGET=$target"
+            attempt "$name: links the kind asked for" links_kind "$work/users/$name-found/stranger"
+            attempt "$name: pkg-config" with_pkg_config "$module"
+            attempt "$name: pkg-config links the kind asked for" links_kind "$work/users/$name-pkg-config"
+        done
+        attempt "debian-static: whole" holds_everything "$work/users/debian-static-found/stranger"
+        command -v lintian >/dev/null && attempt "debian: lintian" lint
+    fi
+fi
+if [[ " ${presets[*]} " == *" windows "* ]]; then
+    settings windows ON
+    prefix=$work/packages/zip
+    attempt "zip: package" make_zip &&
+        attempt "zip: headers" headers_installed &&
+        attempt "zip: find_package" with_cmake zip-found "-DCMAKE_PREFIX_PATH=$prefix" "-DCMAKE_FIND_ROOT_PATH=$prefix"
+fi
 exit $status
