@@ -51,9 +51,7 @@ std::string OperatorText(CVALUEOBJECT::ComparisonType type) {
 /// rather than have Accept() go on.
 class CPREDICATEHELPER::VISITOR : public CPREDICATEVISITOR {
 public:
-    explicit VISITOR(Quoting quoting) : mIsQuoted(quoting == Quoting::Quoted) {
-        mOutline.exceptions(kFailing);
-    }
+    explicit VISITOR(Quoting quoting) : mIsQuoted(quoting == Quoting::Quoted) { mOutline.exceptions(kFailing); }
 
     [[nodiscard]] const std::string& GetQuery() const noexcept { return mQuery; }
     [[nodiscard]] std::string GetOutline() const { return mOutline.str(); }
