@@ -5,8 +5,8 @@
 
 A mutant is one change in the code of a source file of MLCore/FOLDER (datetime, values, predicates, streams, net): a
 comparison or an operator turned, a number moved by one, a condition negated, a statement left out. The sample is drawn by
-the seed. Each mutant is compiled in a copy of the tree; one that does not compile, or makes the same object code, is
-replaced by another. It is killed when a test program fails or takes ten times as long as it should. Survivors are listed
+the seed. Each mutant is compiled in a copy of the library and loaded by the test programs of build/linux, which are there
+from ./test. One that does not compile, or makes the same code, is replaced by another. It is killed when a test program fails or takes ten times as long as it should. Survivors are listed
 as FILE:LINE with the line before and after.
 """
 import argparse
@@ -17,6 +17,7 @@ import pathlib
 import queue
 import random
 import re
+import resource
 import shutil
 import subprocess
 import sys
@@ -30,6 +31,7 @@ PROGRAMS = {
     "streams": ["streams_tests", "keys_tests", "predicates_tests", "golden_tests"],
     "net": ["net_tests"],
 }
+MEMORY = 6 << 30  # bytes for a test program: some mutants ask for more and more
 # What is looked for, and what takes its place.
 SWAPS = [
     (r"(?<![<>=!\-])<(?![<=])(?= )", "<="), (r"<=(?!>)", "<"), (r"(?<![->])>(?![>=])(?= )", ">="), (r"(?<![<])>=", ">"),
@@ -75,29 +77,33 @@ def all_mutants(folders):
 
 
 class Tree:
-    """A copy of the tree, built once."""
+    """A copy of the library, built once; the tests are those of build/linux."""
 
     def __init__(self, path):
         self.path = path
         shutil.rmtree(path, ignore_errors=True)
         path.mkdir(parents=True)
-        for part in ("MLCore", "tests", "cmake", "docs", "CMakeLists.txt", "README.md"):
-            copy = shutil.copytree if (ROOT / part).is_dir() else shutil.copy2
-            copy(ROOT / part, path / part)
+        for part in ("MLCore", "cmake", "debug", "docs"):
+            shutil.copytree(ROOT / part, path / part)
+        for part in ("CMakeLists.txt", "README.md", "LICENSE", "CHANGELOG.md"):
+            shutil.copy2(ROOT / part, path / part)
         self.run("cmake", "-G", "Ninja", "-S", ".", "-B", "build", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O1",
-                 "-DMLCORE_HEADER_CHECKS=OFF", "-DMLCORE_EXAMPLES=OFF", check=True)
-        programs = {program for names in PROGRAMS.values() for program in names}
-        self.run("cmake", "--build", "build", "--target", *programs, check=True)
-        self.seconds = {}
-        for program in programs:
-            before = os.times().elapsed
-            self.run(f"build/bin/{program}", check=True)
-            self.seconds[program] = os.times().elapsed - before
+                 "-DMLCORE_TESTS=OFF", "-DMLCORE_EXAMPLES=OFF", "-DMLCORE_INSTALL=OFF", check=True)
+        self.run("cmake", "--build", "build", check=True)
         self.unchanged = self.library()
+        self.seconds = {}
+        for program in {program for names in PROGRAMS.values() for program in names}:
+            before = os.times().elapsed
+            self.test(program, check=True)
+            self.seconds[program] = os.times().elapsed - before
 
-    def run(self, *command, check=False, timeout=None):
-        return subprocess.run(command, cwd=self.path, check=check, timeout=timeout, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL).returncode
+    def run(self, *command, **options):
+        return subprocess.run(command, cwd=self.path, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              **options).returncode
+
+    def test(self, program, **options):
+        return self.run(ROOT / "build/linux/bin" / program, env=dict(os.environ, LD_LIBRARY_PATH=self.path / "build/lib"),
+                        preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY)), **options)
 
     def library(self):
         return hashlib.sha256((self.path / "build/lib/libMLCore.so").read_bytes()).digest()
@@ -105,7 +111,7 @@ class Tree:
     def is_killed(self, folder):
         for program in PROGRAMS[folder]:
             try:
-                if self.run(f"build/bin/{program}", timeout=10 + 10 * self.seconds[program]) != 0:
+                if self.test(program, timeout=10 + 10 * self.seconds[program]) != 0:
                     return True
             except subprocess.TimeoutExpired:
                 return True
