@@ -7,19 +7,31 @@
 
 FAULTS gFaults;
 
-void* operator new(std::size_t size) {
+// Every form, since a sanitizer brings its own of those that are missing.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* const memory = gFaults.Fails() ? nullptr : std::malloc(size != 0 ? size : 1);
+    gFaults.live += memory != nullptr ? 1 : 0;
+    return memory;
+}
+void* operator new(std::size_t size) {
+    void* const memory = operator new(size, std::nothrow);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
-    ++gFaults.live;
     return memory;
 }
+void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return operator new(size, std::nothrow); }
+
 void operator delete(void* memory) noexcept {
     gFaults.live -= memory != nullptr ? 1 : 0;
     std::free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { operator delete(memory); }
+void operator delete[](void* memory) noexcept { operator delete(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { operator delete(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { operator delete(memory); }
 
 #if defined(MLCORE_WRAPS_MALLOC)
 // The linker sends the library's calls here.
