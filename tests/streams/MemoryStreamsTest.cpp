@@ -4,72 +4,16 @@
 #include <MLCore/streams/CHANDLESTREAM.h>
 #include <MLCore/streams/CMEMSTREAM.h>
 #include <gtest/gtest.h>
-#include <support/Failure.h>
+#include <streams/StreamModel.h>
 
 #include <climits>
-#include <functional>
 #include <random>
 
 namespace {
 
 using namespace MLCore;
 using namespace platform;
-using support::FailureOf;
-using SIZE = unsigned long long;
-
-/// What the four streams do, in its simplest form.
-struct MODEL {
-    void Check(bool fits, short failure) const { FailOSErr(!isOpen ? short{141} : fits ? short{0} : failure); }
-    void Open() { isOpen = true, position = 0; }
-    void Close() { isOpen = false; }
-    int IsEnd() const { return !isOpen || (isCounting ? position == size : position >= size); }
-    SIZE GetPosition() const { return isOpen ? position : 0; }
-    SIZE GetSize() const { return isOpen ? size : 0; }
-    void SetPosition(SIZE to) { Check(to <= size, -110), position = to; }
-    void SetPositionFromEnd(SIZE distance) { Check(distance <= size, -110), position = size - distance; }
-    void Skip(long delta) {
-        Check(position + SIZE(delta) <= (isCounting ? 99999 : size), -110), position += SIZE(delta);
-    }
-    void SetSize(SIZE to) {
-        Check(to <= most, -111);
-        if (most > 64) bytes = bytes.substr(0, size) + std::string(99999, '\0');
-        size = to, position = std::min(position, size);
-    }
-    void SetValue(const void* data, long count) {
-        Check(position + SIZE(count) <= most, -111);
-        bytes.replace(position, SIZE(count), static_cast<const char*>(data), SIZE(count));
-        position += SIZE(count), size = count > 0 ? std::max(size, position) : size;
-    }
-    long GetValue(void* buffer, long count) {
-        Check(true, 0);
-        const SIZE come = position < size ? std::min(SIZE(count), size - position) : 0;
-        if (!isCounting) bytes.copy(static_cast<char*>(buffer), come, position);
-        position += isCounting ? SIZE(count) : come;
-        return static_cast<long>(come);
-    }
-
-    SIZE size = 0, most = ~0ULL, position = 0;
-    bool isCounting = false, isOpen = false;
-    std::string bytes = std::string(99999, '\0');  // of which the first `size` count
-};
-
-/// Does one thing and tells all that can be seen then.
-template <class STREAM>
-std::string Do(STREAM& stream, std::size_t what, unsigned number) {
-    std::string came(number, '?'), text(number / 4, static_cast<char>('a' + number % 26));
-    long count = 0;
-    const std::function<void()> kSteps[] = {
-        [&] { number < 20 ? stream.Close() : stream.Open(); },
-        [&] { stream.SetPosition(number); },
-        [&] { stream.SetPositionFromEnd(number); },
-        [&] { stream.Skip(static_cast<long>(number) - 20); },
-        [&] { stream.SetSize(number); },
-        [&] { count = stream.GetValue(static_cast<void*>(came.data()), static_cast<long>(number)); },
-        [&] { stream.SetValue(static_cast<const void*>(text.data()), static_cast<long>(text.size())); }};
-    const int failure = FailureOf(kSteps[what]);
-    const SIZE seen[] = {what, stream.GetPosition(), stream.GetSize(), static_cast<SIZE>(stream.IsEnd())};
-    return testing::PrintToString(seen) + std::to_string(failure) + " " + std::to_string(count) + came;
-}
+using namespace streammodel;
 
 template <class STREAM>
 void CheckRandomly(STREAM& stream, MODEL model) {
@@ -101,13 +45,14 @@ std::string Content(const CBUFFERSTREAM& stream) {
 
 TEST(MemoryStreamsTest, DoAsTheModel) {
     char area[64] = {};
+    const std::string zeroBytes(64, '\0');
     CBUFFERSTREAM buffer, zeros;
     CHANDLESTREAM handle(GlobalBlockAlloc(64, kGlobalZeroInit), 1);
     CMEMSTREAM memory(64, area);
     CCOUNTINGSTREAM counting;
     CheckRandomly(buffer, {});
-    CheckRandomly(handle, {.size = 64});
-    CheckRandomly(memory, {.size = 64, .most = 64});
+    CheckRandomly(handle, {.bytes = zeroBytes});
+    CheckRandomly(memory, {.most = 64, .bytes = zeroBytes});
     CheckRandomly(counting, {.isCounting = true});
     zeros.Open();
     counting.SetSize(1500);
