@@ -1,0 +1,67 @@
+#include <MLCore/platform/GlobalMemory.h>
+#include <MLCore/streams/CBUFFERSTREAM.h>
+#include <MLCore/streams/CCOUNTINGSTREAM.h>
+#include <MLCore/streams/CFILESTREAM.h>
+#include <MLCore/streams/CHANDLESTREAM.h>
+#include <MLCore/streams/CMEMSTREAM.h>
+#include <streams/StreamModel.h>
+#include <support/TempFile.h>
+
+#include "Input.h"
+
+namespace {
+
+using namespace MLCore;
+using namespace fuzz;
+using streammodel::Do;
+using streammodel::MODEL;
+
+template <class STREAM>
+void Check(STREAM& stream, MODEL model, INPUT steps) {
+    stream.Open();
+    model.Open();
+    for (int i = 0; i < 24 && !steps.IsEnd(); ++i) {
+        const unsigned what = steps.Below(7), number = steps.Below(80);
+        FUZZ_REQUIRE(Do(stream, what, number) == Do(model, what, number));
+        if constexpr (requires { stream.GetCapacity(); }) FUZZ_REQUIRE(stream.GetCapacity() == model.size);
+    }
+    // All of it, also where it was closed or left in the middle.
+    stream.Open();
+    model.Open();
+    FUZZ_REQUIRE(Do(stream, 5, 4000) == Do(model, 5, 4000));
+}
+
+/// Any operations do what they do to the model, and are refused where it refuses them, with nothing done.
+void Property(INPUT input) {
+    static const support::TEMPFILE scratch;
+    static CFILESTREAM file(scratch.path, CSTREAM::ReadWrite | CSTREAM::Create);
+    const unsigned kind = input.Below(5);
+    const std::string start = input.Text(64);
+    if (kind == 0) {
+        CBUFFERSTREAM stream(static_cast<unsigned long>(start.size()), start.data());
+        Check(stream, {.bytes = start}, input);
+    } else if (kind == 1) {
+        void* const block =
+            start.empty() ? nullptr : platform::GlobalBlockAlloc(start.size(), platform::kGlobalZeroInit);
+        CHANDLESTREAM stream(block, 1);
+        Check(stream, {.bytes = std::string(start.size(), '\0')}, input);
+    } else if (kind == 2) {
+        std::string area = start;
+        CMEMSTREAM stream(static_cast<unsigned long>(area.size()), area.data());
+        Check(stream, {.most = start.size(), .bytes = start}, input);
+        FUZZ_REQUIRE(area.size() == start.size());
+    } else if (kind == 3) {
+        CCOUNTINGSTREAM stream;
+        Check(stream, {.isCounting = true}, input);
+    } else {
+        file.Close();  // nothing is left of the input before
+        file.Open();
+        file.SetSize(0);
+        file << start;
+        Check(file, {.bytes = start}, input);
+    }
+}
+
+const TARGET kTarget("StreamOperations", Property);
+
+}  // namespace

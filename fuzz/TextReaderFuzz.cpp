@@ -1,0 +1,101 @@
+#include <MLCore/streams/CCSVENCODER.h>
+#include <MLCore/streams/CISTREAMDECORATORFIELD.h>
+
+#include <functional>
+
+#include "Input.h"
+#include "Streams.h"
+
+namespace {
+
+using namespace MLCore;
+using namespace fuzz;
+
+CCSVENCODER encoder;
+
+template <class Value>
+std::string ReadValue(CISTREAM& stream, Value value) {
+    const int failure = FailureOf([&] { stream >> value; });
+    FUZZ_REQUIRE(failure == 0 || failure == 138 || failure == -110);
+    std::string text(reinterpret_cast<const char*>(&value), sizeof(value));
+    return text + std::to_string(failure);
+}
+
+/// Does one thing and tells what came of it.
+std::string Do(CISTREAMDECORATORTEXT& stream, unsigned what, unsigned number) {
+    std::string text = "before";
+    char buffer[33] = "";
+    switch (what) {
+        case 0:
+            stream.ReadLine(text);
+            return text;
+        case 1:
+            stream.GetNextLine();
+            return "";
+        case 2:
+            stream.ClearEndOfLine();
+            return "";
+        case 3:
+            stream.GetValue(text, static_cast<long>(number));
+            return text;
+        case 4:
+            stream.GetValue(buffer, static_cast<long>(number % 32));
+            return buffer;
+        case 5:
+            text.resize(number);
+            text.resize(
+                static_cast<std::size_t>(stream.GetValue(static_cast<void*>(text.data()), static_cast<long>(number))));
+            return text;
+        case 6:
+            return ReadValue(stream, 'b');
+        case 7:
+            return ReadValue(stream, short{7});
+        case 8:
+            return ReadValue(stream, 7L);
+        case 9:
+            return ReadValue(stream, 7UL);
+        case 10:
+            return ReadValue(stream, 0.5);
+        case 11:
+            return ReadValue(stream, CDATE(7, 8, 1999));
+        case 12:
+            return ReadValue(stream, CTIME(1, 2, 3));
+        case 13:
+            return ReadValue(stream, CDATETIME(CDATE(7, 8, 1999), CTIME(1, 2, 3)));
+        case 14:
+            stream.Rewind();
+            return "";
+        default:
+            return std::to_string(FailureOf([&] { stream.Skip(static_cast<long>(number) - 5); }));
+    }
+}
+
+template <class SOURCE>
+std::string Read(INPUT steps, bool hasFields, const std::string& bytes) {
+    SOURCE source(bytes);
+    CISTREAMDECORATORTEXT lines(source.Stream());
+    CISTREAMDECORATORFIELD fields(source.Stream(), ';', encoder);
+    CISTREAMDECORATORTEXT& stream = hasFields ? fields : lines;
+    std::string all;
+    while (!steps.IsEnd()) {
+        const unsigned step = steps.Byte();
+        all += Do(stream, step % 16, step / 16 * 3);
+        all += '|' + std::to_string(source.memory.GetPosition()) + (stream.IsEnd() != 0 ? 'E' : '_') +
+               (stream.IsEndOfLine() != 0 ? 'L' : '_') + '\n';
+        FUZZ_REQUIRE(source.memory.GetPosition() <= bytes.size());
+    }
+    return all;
+}
+
+/// Whatever is read in whatever order is the same from a window, from blocks, and byte by byte.
+void Property(INPUT input) {
+    const bool hasFields = input.Below(2) != 0;
+    const std::string steps = input.Text(12), bytes = input.Rest(100);
+    const std::string expected = Read<PLAIN>(INPUT(steps), hasFields, bytes);
+    FUZZ_REQUIRE(Read<ASKED>(INPUT(steps), hasFields, bytes) == expected);
+    FUZZ_REQUIRE(Read<LENT>(INPUT(steps), hasFields, bytes) == expected);
+}
+
+const TARGET kTarget("TextReader", Property);
+
+}  // namespace
