@@ -101,9 +101,10 @@ public:
         mPosition += count;
         return taken;
     }
-    /// Where `count` bytes can be written at the position, Advance() to follow; null when there is not room for all.
+    /// Where `count` bytes can be written at the position, Advance() to follow; null when there is not room for all, and for
+    /// none: the position may lie before the area.
     [[nodiscard]] char* Room(std::size_t count) const noexcept {
-        const bool isHere = count <= RoomAhead() && (!mArea.isForAppending || mPosition == mSize);
+        const bool isHere = count - 1 < RoomAhead() && (!mArea.isForAppending || mPosition == mSize);
         return isHere && mArea.data != nullptr ? AtPosition() : nullptr;
     }
     /// Writes to memory; false, with nothing done, when there is not room for all. The bytes may come from there.

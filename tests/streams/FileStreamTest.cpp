@@ -64,6 +64,7 @@ void WalkAtRandom(unsigned int seed, MODE mode) {
         const std::size_t count = random() % kMost[random() % std::size(kMost)];
         const std::size_t place = random() % (model.size() + 1);
         const unsigned long action = random() % 16;
+        stream << "";  // changes nothing, wherever the buffer lies
         if (action < 3) {
             action == 0   ? stream.SetPosition(place)
             : action == 1 ? stream.SetPositionFromEnd(model.size() - place)
