@@ -115,7 +115,7 @@ struct STATE {
     CSHAREOBJECTPTR<CSET> set = CMEMSET::Create();
     CSHAREOBJECTPTR<CNESTED> object = AdoptObject(new CNESTED);
     CVALUE value = kLong;
-    _variant_t variant = "a variant's text that is long as well";
+    _variant_t variant = L"a variant's text that is long as well";
     std::string text = "before";
     CEMAIL email = "somebody@example.org";
     mutable CBUFFERSTREAM stream;
