@@ -280,6 +280,7 @@ bool FailsCleanly(const SCENARIO& scenario, long allocation, bool isLasting, con
 }
 
 TEST(AllocationTest, FailuresChangeAndLoseNothing) {
+    long failures = 0;
     for (const SCENARIO& scenario : kScenarios) {
         SCOPED_TRACE(scenario.name);
         STATE unchanged, changed;
@@ -292,10 +293,12 @@ TEST(AllocationTest, FailuresChangeAndLoseNothing) {
             while (FailsCleanly(scenario, allocation, isLasting, before, after) && !HasFailure()) {
                 ++allocation;
             }
-            EXPECT_TRUE(allocation > 0 && !HasFailure()) << "allocation " << allocation << (isLasting ? " and on" : "");
+            ASSERT_FALSE(HasFailure()) << "allocation " << allocation << (isLasting ? " and on" : "");
+            failures += allocation;
         }
         EXPECT_LE(gFaults.live, live + kWaitingBlocks);
     }
+    EXPECT_GT(failures, 500);
 }
 
 }  // namespace
