@@ -52,10 +52,10 @@ def std_string(value):
 
 
 def vector_items(vector):
-    item, end = vector["_M_impl"]["_M_start"], vector["_M_impl"]["_M_finish"]
-    while item != end:
-        yield item.dereference()
-        item += 1
+    begin, end = vector["_M_impl"]["_M_start"], vector["_M_impl"]["_M_finish"]
+    # Counted, so that a damaged one ends, too.
+    for index in range(max(0, int(end) - int(begin)) // begin.type.target().sizeof):
+        yield (begin + index).dereference()
 
 
 def tree_addresses(tree):

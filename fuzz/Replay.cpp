@@ -7,7 +7,7 @@
 
 int main(int argumentCount, char** arguments) {
     const std::filesystem::path folder = argumentCount > 1 ? arguments[1] : "";
-    int without = 0;
+    int without = 0, tried = 0;
     for (const fuzz::TARGET* const target : fuzz::TARGET::All()) {
         if (argumentCount > 2 && std::string_view(arguments[2]) != target->surface) {
             continue;
@@ -24,7 +24,8 @@ int main(int argumentCount, char** arguments) {
             ++count;
         }
         without += count == 0 ? 1 : 0;
+        ++tried;
         std::printf("%s: %d inputs\n", target->surface, count);
     }
-    return without;
+    return tried != 0 ? without : 1;
 }

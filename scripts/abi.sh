@@ -19,7 +19,7 @@ debug_build() {
 
 mkdir -p "$work"
 if [ ! -f "$work/$base.abi" ]; then
-    rm -rf "$work/sources" && mkdir -p "$work/sources" &&
+    rm -rf "$work/sources" "$work/base" && mkdir -p "$work/sources" &&
         git -C "$ROOT" archive "$base" | tar x -C "$work/sources" &&
         debug_build base "$work/sources" &&
         abidw --headers-dir "$work/sources/MLCore" --out-file "$work/$base.abi" "$work/base/lib/libMLCore.so" || exit 1

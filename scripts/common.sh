@@ -70,13 +70,14 @@ build() {
 }
 
 # count_results LOG: "PASSED FAILED" of a verbose ctest log. A GoogleTest program counts with each of its tests, any other
-# entry as one; a program that ends badly though no test of it failed counts as one failure.
+# entry as one; a program that ends badly though no test of it failed counts as one failure, one that was skipped not at all.
 count_results() {
     awk '
         { sub(/\r$/, "") }
         /^[0-9]+: \[       OK \] .* ms\)$/ { split($0, part, ":"); good[part[1]]++; next }
         /^[0-9]+: \[  FAILED  \] .* ms\)$/ { split($0, part, ":"); bad[part[1]]++; next }
         /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / {
+            if ($0 ~ /\*\*\*Skipped/) next
             match($0, /#[0-9]+/)
             test = substr($0, RSTART + 1, RLENGTH - 1)
             ok = $0 ~ / Passed +[0-9.]+ sec$/

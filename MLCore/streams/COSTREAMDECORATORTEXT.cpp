@@ -38,6 +38,11 @@ void COSTREAMDECORATORTEXT::WriteRun(const char* from, const char* to) {
 void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
     const char* from = static_cast<const char*>(buffer);
     const char* const end = from + std::max(count, 0L);
+    // The component's own bytes may move with the first run that is written.
+    if (count > 0 && GetLent() != nullptr && GetLent()->Holds(from)) {
+        const std::string copy(from, end);
+        return SetValue(copy.data(), count);
+    }
     do {
         const char* const to = std::find_if(from, end, [](char character) { return kRunEnds.Has(character); });
         if (to == end || *to == '\0') {

@@ -42,13 +42,12 @@ public:
     /// Ends the line here, then in the component.
     void SetNextLine() override;
 
-protected:
+private:
+    friend class COSTREAMDECORATORFIELD;
     /// Where the component lets its memory be written; null when it does not.
     [[nodiscard]] STREAMCURSOR* GetLent() const noexcept { return GetComponent().mLent; }
     /// Writes what stays as it is.
     void WriteRun(const char* from, const char* to);
-
-private:
     void WriteInteger(std::int32_t value);
 };
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <string_view>
 
 namespace MLCore {
@@ -86,6 +87,9 @@ public:
     /// What of the stream lies in memory; kept up to date by the stream.
     [[nodiscard]] const STREAMAREA& GetArea() const noexcept { return mArea; }
     void SetArea(const STREAMAREA& area) noexcept { mArea = area; }
+    [[nodiscard]] bool Holds(const char* byte) const noexcept {
+        return !std::less<>()(byte, mArea.data) && std::less<>()(byte, mArea.data + mArea.size);
+    }
     /// The bytes from the position on that lie in memory.
     [[nodiscard]] std::string_view Ahead() const noexcept {
         const std::size_t count =

@@ -10,6 +10,8 @@ namespace MLCore {
 /// How many characters of a text are looked at together. Not for clients.
 inline constexpr std::ptrdiff_t kWordSize = 8;
 
+static_assert(std::endian::native == std::endian::little, "the first character is the lowest byte");
+
 /// Marks those of the eight characters at `text` that may have a meaning in lines of fields: the controls up to CR, the double
 /// quote and the separator, an ASCII character. The mark is the highest bit of the byte; behind the first, others may have it too.
 inline std::uint64_t MarkSpecial(const char* text, char separator) noexcept {

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The shared library exports the names that docs/abi/exports.txt lists: exports.sh LIBRARY [--update]. Programs that were built
-# against an older version look for them; --update accepts the library's as they are now.
+# against an older version look for them; --update accepts those that are new, and --update-all also that some are gone.
 set -u
 [ $# -ge 1 ] || { echo "usage: exports.sh LIBRARY [--update]"; exit 2; }
 library=$(realpath "$1") || exit 2
@@ -18,14 +18,14 @@ names() {
         { print name }' | LC_ALL=C sort -u
 }
 
-if [ "${2:-}" = --update ]; then
-    names >"$accepted"
-    exit
-fi
 listed=$(mktemp) || exit 2
 trap 'rm -f "$listed"' EXIT
 names >"$listed"
 [ -s "$listed" ] || { echo "$library: no exported name"; exit 1; }
+case ${2:-} in
+    --update) LC_ALL=C sort -u "$accepted" "$listed" -o "$accepted" ;;
+    --update-all) cp "$listed" "$accepted" ;;
+esac
 difference=$(LC_ALL=C diff "$accepted" "$listed") && exit
 # A name that is gone breaks programs; one that is new is promised for as long as the first number of the version stands.
 sed -n "s|^< |$accepted:1: no longer exported: |p; s|^> |$accepted:1: newly exported: |p" <<<"$difference"

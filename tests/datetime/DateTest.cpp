@@ -103,8 +103,9 @@ TEST(DateTest, MonthsAndYears) {
         }
     }
     EXPECT_TRUE(AddMonths({15, 6, 0}, -6) == CDATE(15, 12, -1) && AddMonths({}, 0) == CDATE(0, 12, -1));
-    EXPECT_TRUE(AddMonths({40, 13, 2024}, 0) == CDATE(31, 1, 2025) &&
-                AddMonths({31, 0, 2024}, 1) == CDATE(31, 1, 2024));
+    EXPECT_TRUE(
+        AddMonths({40, 13, 2024}, 0) == CDATE(31, 1, 2025) && AddMonths({31, 0, 2024}, 1) == CDATE(31, 1, 2024) &&
+        AddMonths({31, 0, 2024}, 25) == CDATE(31, 1, 2026) && AddMonths({31, 0, 2024}, -25) == CDATE(30, 11, 2021));
     EXPECT_TRUE(AddMonths(CDATE(1, 12, 32767), 1).IsNull() && AddMonths(CDATE(1, 1, -32768), -1).IsNull());
     EXPECT_TRUE(AddYears({29, 2, 2024}, 1) == CDATE(28, 2, 2025) && AddYears({29, 2, 2024}, -4) == CDATE(29, 2, 2020));
     for (const long amount : {LONG_MAX, LONG_MIN, LONG_MAX - 1, LONG_MIN + 1}) {

@@ -57,6 +57,7 @@ TEST(PeriodsTest, WhatIsNoDate) {
         EXPECT_EQ(LastDateEchelonnement(CDATE(1, 2, 2024), type).IsNull() != 0, kind < 0 || kind > 6);
     }
     EXPECT_TRUE(FirstDateMonth({}) == CDATE(1, 0, 0) && FirstDateYear({}) == CDATE(1, 1, 0));
+    EXPECT_EQ(LastDateMonth({15, 0, 2024}), CDATE(31, 12, 2023));
     EXPECT_TRUE(LastDateYear({}) == CDATE(31, 12, 0) && LastDateMonth({31, 2, 2023}) == CDATE(28, 2, 2023));
 }
 

@@ -176,7 +176,12 @@ TEST(TimeSpanTest, SumsStayAtTheLongest) {
     EXPECT_TRUE(CTIMESPAN(-5) - least == CTIMESPAN(LLONG_MAX - 4) && least - least == CTIMESPAN());
     CTIMESPAN span;
     span.SetMinutes(90);
-    EXPECT_EQ(span.ToString(), "1:30:00");
+    span.SetSeconds(7);
+    EXPECT_EQ(span.ToString(), "1:30:07");
+    span.SetMinutes(59);
+    span.SetSeconds(8);
+    span.SetHours(5);
+    EXPECT_EQ(span.ToString(), "5:59:08");
     span.SetHours(LONG_MAX);
     span.SetMinutes(LONG_MIN);
     span.SetSeconds(LONG_MAX);

@@ -44,7 +44,7 @@ install_library() {
 works() {
     local runner=()
     [[ $1 == *.exe ]] && runner=("$ROOT/cmake/run-with-wine.sh")
-    WINEPATH="Z:$prefix/bin" "${runner[@]}" "$1" | tr -d '\r' | diff "$here/expected.txt" -
+    WINEPATH="Z:$prefix/bin" "${runner[@]}" "$1" >"$work/printed" && tr -d '\r' <"$work/printed" | diff "$here/expected.txt" -
 }
 
 # The README shows the program that is built here.

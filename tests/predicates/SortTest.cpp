@@ -84,9 +84,9 @@ TEST(SortDescriptors, AreComparedAndReversed) {
     const auto order = BUILDER::Create("a;-b");
     const auto none = CMEMARRAY::Create();
     const auto other = CMEMARRAY::Create(none);
-    EXPECT_TRUE(CmpSortDescriptors(nullptr, nullptr));
+    EXPECT_EQ(CmpSortDescriptors(nullptr, nullptr), 1);
     EXPECT_FALSE(CmpSortDescriptors(nullptr, none) || CmpSortDescriptors(none, nullptr));
-    EXPECT_TRUE(CmpSortDescriptors(order, BUILDER("+a;- b;")));
+    EXPECT_EQ(CmpSortDescriptors(order, BUILDER("+a;- b;")), 1);
     for (const char* text : {"", "a", "a;-b;c", "A;-b", "a;b", "-b;a"}) {
         EXPECT_FALSE(CmpSortDescriptors(order, BUILDER(text)) || CmpSortDescriptors(BUILDER(text), order)) << text;
     }

@@ -83,6 +83,7 @@ TEST(MemoryStreamsTest, BytesMoveWithinAStream) {
     EXPECT_EQ(Content(stream).substr((7U << 16) - 14), "aABCDEEaABCDEE");
     char area[] = "0123456";
     CMEMSTREAM memory(0x80000000, area);
+    EXPECT_EQ(memory.GetFree(), 0U);
     memory.Open();
     memory.SetValue(area + 1, long{6});
     memory.Rewind();

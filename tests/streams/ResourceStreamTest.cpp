@@ -23,6 +23,8 @@ TEST(ResourceStreamTest, ReadsFromAnotherModule) {
         CBUFFERSTREAM out;
         out.Open();
         EXPECT_EQ(FailureOf([&] { *stream >> out; }) + FailureOf([&] { stream->SetSize(1); }), 2 * 141);
+        EXPECT_EQ(FailureOf([&] { stream->SetPosition(1); }) + FailureOf([&] { stream->OffsetPosition(1); }), 2 * 141);
+        EXPECT_EQ(FailureOf([&] { stream->SetPositionFromEnd(1); }), 141);
         EXPECT_EQ(stream->GetSize() + stream->GetPosition() + static_cast<unsigned>(stream->GetOpenMode()), 0U);
         stream->Open();
         stream->SetSize(3);
@@ -32,6 +34,8 @@ TEST(ResourceStreamTest, ReadsFromAnotherModule) {
         EXPECT_EQ(FailureOf([&] { stream->Skip(-5); }) + FailureOf([&] { stream->SetPositionFromEnd(15); }), -220);
         EXPECT_EQ(stream->GetValue(out) * stream->IsEnd(), 10);
         EXPECT_EQ(std::string(static_cast<const char*>(out.GetBuffer()), 10), std::string("cat\r\n\x1A\0end", 10));
+        stream->Open();
+        EXPECT_EQ(stream->GetPosition(), 0U);
     }
     for (const char* name : {"catalog", "#124", "123", "#123", "", static_cast<const char*>(nullptr)}) {
         EXPECT_EQ(FailureOf([&] { CRESOURCESTREAM(depot, name, 10); }), -100);

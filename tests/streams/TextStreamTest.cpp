@@ -44,6 +44,19 @@ TEST(TextStreamTest, EachCrAndLfWrittenEndsALine) {
     EXPECT_EQ(TextOf(write), "-5a\r\nb\r\nc\r\n\r\n\r\nd\0e\nf\r\ngh\r\nj\r\n\r\n\r\n\r\n"sv);
 }
 
+TEST(TextStreamTest, TakesTheBytesOfItsOwnComponent) {
+    CBUFFERSTREAM buffer;
+    buffer.Open();
+    std::string expected;
+    for (int line = 0; line < 300; ++line) {
+        expected += "line\r\n";
+        buffer.SetValue(std::string("line\n"));
+    }
+    COSTREAMDECORATORTEXT(buffer).SetValue(buffer.GetBuffer(), 1500L);
+    const std::string written(static_cast<const char*>(buffer.GetBuffer()), buffer.GetSize());
+    EXPECT_EQ(written.substr(1500), expected);
+}
+
 TEST(TextStreamTest, ReadsLinesAndStandsBehindThem) {
     const std::string lengthy(100000, 'x');
     const std::pair<std::string, std::string> rows[] = {{"", ""},  // and the lines, with "|" behind each

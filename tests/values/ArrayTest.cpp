@@ -23,8 +23,25 @@ public:
     std::function<int(COBJECT*)> question;
 };
 
+/// An array of one's own, which defines only what it must.
+class CLEASTARRAY : public CARRAY {
+    MLCORE_CLASS(CLEASTARRAY, CARRAY)
+public:
+    long GetCount() const override { return static_cast<long>(mObjects.size()); }
+    OBJECT GetObjectAt(long index) const override { return mObjects.at(static_cast<std::size_t>(index)); }
+    void SetObjectAt(long index, COBJECT* object) override { mObjects.at(static_cast<std::size_t>(index)) = object; }
+    void AddObject(COBJECT* object) override { mObjects.emplace_back(object); }
+    void InsertObject(long index, COBJECT* object) override { mObjects.emplace(mObjects.begin() + index, object); }
+    void RemoveObjectAt(long index) override { mObjects.erase(mObjects.begin() + index); }
+    void RemoveAll() override { mObjects.clear(); }
+
+private:
+    std::vector<OBJECT> mObjects;
+};
+
 MLCORE_REGISTER_CLASS(CTHING)
 MLCORE_REGISTER_CLASS(CASKING)
+MLCORE_REGISTER_CLASS(CLEASTARRAY)
 
 }  // namespace values_test
 
@@ -87,9 +104,14 @@ TEST(ArrayTest, ChangesInPlace) {
     EXPECT_EQ(a->GetUseCount() + b->GetUseCount(), 1 + 4);
 }
 
-TEST(ArrayTest, MayChangeWhileItIsWalked) {
-    const OBJECT a = CTHING::Create(), b = CTHING::Create();
-    auto array = CMEMARRAY::Create({a, b, a, b});
+void ExpectWalkedWhileItChanges(CSHAREOBJECTPTR<CARRAY> array) {
+    const OBJECT a = CTHING::Create(), b = CTHING::Create(), c = CTHING::Create();
+    for (const OBJECT& object : {a, b, a, b}) {
+        array->AddObject(object);
+    }
+    EXPECT_EQ(array->GetObjectIndex(b) + 10 * array->ExistObject(b), 11);
+    EXPECT_EQ(array->GetObjectIndex(c) + 10 * array->ExistObject(c), -1);
+    EXPECT_TRUE(array->First() == a && array->Last() == b);
     int steps = 0;
     for (const OBJECT& element : array) {
         EXPECT_EQ(element, a) << "an index, whatever moves under it";
@@ -100,11 +122,16 @@ TEST(ArrayTest, MayChangeWhileItIsWalked) {
     iterator->Next();
     array->RemoveAll();
     iterator->Next();
-    EXPECT_TRUE(iterator->IsEnd() != 0 && !iterator->GetCurrent());
+    EXPECT_TRUE(iterator->IsEnd() == 1 && !iterator->GetCurrent());
     array->AddObject(a);
     array->AddObject(b);
     array = nullptr;
     EXPECT_EQ(iterator->GetCurrent(), b) << "kept alive, on its index";
+}
+
+TEST(ArrayTest, MayChangeWhileItIsWalked) {
+    ExpectWalkedWhileItChanges(CMEMARRAY::Create());
+    ExpectWalkedWhileItChanges(AdoptObject<CARRAY>(new CLEASTARRAY));
 }
 
 TEST(ArrayTest, ReleasesWhenItIsWhole) {
