@@ -54,7 +54,7 @@ def std_string(value):
 def vector_items(vector):
     begin, end = vector["_M_impl"]["_M_start"], vector["_M_impl"]["_M_finish"]
     # Counted, so that a damaged one ends, too.
-    for index in range(max(0, int(end) - int(begin)) // begin.type.target().sizeof):
+    for index in range(max(0, int(end) - int(begin)) // begin.dereference().type.sizeof):
         yield (begin + index).dereference()
 
 

@@ -86,6 +86,8 @@ TEST(DateTest, SerialDayOfNonsenseFields) {
 }
 
 TEST(DateTest, NamedAndSpecialDates) {
+    CDATE earlier(5, 3, 2024);
+    EXPECT_EQ(earlier -= 5, CDATE(29, 2, 2024));
     EXPECT_TRUE(CDATE::Null() == CDATE() && CDATE::Min() == CDATE(1, 1, 1900) && CDATE::Max() == CDATE(31, 12, 9999));
     EXPECT_TRUE(CDATE::MinDateShort() == CDATE(1, 1, 1928) && CDATE::MaxDateShort() == CDATE(31, 12, 2027));
     EXPECT_TRUE(!CDATE() && CDATE().IsNull() && !CDATE().IsDate() && CDATE().GetDayNumber() == 0);

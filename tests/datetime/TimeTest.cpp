@@ -182,6 +182,9 @@ TEST(TimeSpanTest, SumsStayAtTheLongest) {
     span.SetSeconds(8);
     span.SetHours(5);
     EXPECT_EQ(span.ToString(), "5:59:08");
+    span = CTIMESPAN();
+    span.SetMinutes(LONG_MIN / 60);
+    EXPECT_EQ(span, CTIMESPAN(static_cast<long long>(LONG_MIN / 60) * 60));
     span.SetHours(LONG_MAX);
     span.SetMinutes(LONG_MIN);
     span.SetSeconds(LONG_MAX);

@@ -50,7 +50,7 @@ STATEMENT = re.compile(r"^\s+(?!return|throw|break|continue|case|using|const|sta
 def places(line):
     """All changes of one line of code."""
     if re.match(r"\s*(#|//|\*|static_assert|template|using |class |struct |namespace |friend |MLCORE_)", line) \
-            or "operator" in line:
+            or "operator" in line or ".reserve(" in line:
         return
     code = re.sub(r'//.*$', lambda match: " " * len(match.group()), line)
     code = re.sub(r'"(\\.|[^"\\])*"|\'(\\.|[^\'\\])\'', lambda match: "\x01" * len(match.group()), code)

@@ -110,6 +110,7 @@ void ExpectWalkedWhileItChanges(CSHAREOBJECTPTR<CARRAY> array) {
         array->AddObject(object);
     }
     EXPECT_EQ(array->GetObjectIndex(b) + 10 * array->ExistObject(b), 11);
+    EXPECT_EQ(array->GetObjectIndex(a) + 10 * array->ExistObject(a), 10);
     EXPECT_EQ(array->GetObjectIndex(c) + 10 * array->ExistObject(c), -1);
     EXPECT_TRUE(array->First() == a && array->Last() == b);
     int steps = 0;
