@@ -16,7 +16,7 @@ PACKAGES_WINDOWS="g++-mingw-w64-x86-64-posix wine wine64"
 PACKAGES_PACKAGE="lintian dpkg-dev file"
 PACKAGES_BENCH="libbenchmark-dev"
 PACKAGES_PEERS="libquantlib0-dev libboost-dev libboost-date-time-dev qtbase5-dev libabsl-dev libpoco-dev libsqlite3-dev libgnustep-base-dev gobjc++ libfccp-dev libcsv-dev libxml2-dev libspdlog-dev"
-PACKAGES_COVERAGE="lcov"
+PACKAGES_COVERAGE="gcovr"
 
 say() { printf '%s\n' "$*"; }
 
