@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the library, shared and static, and has a stranger's program built and run against it in every way that the README
-# names, and the same with the Debian packages and the ZIP: package.sh WORK_DIRECTORY. Prints "ok: ..." or "not ok: ..." for each. Windows is tried when its compiler is there.
+# names, and the same with the Debian packages and the ZIP: package.sh WORK_DIRECTORY. Prints "ok: ..." or "not ok: ..." for each.
+# Windows is tried when its compiler is there.
 set -u
 [ $# -eq 1 ] || { echo "usage: package.sh WORK_DIRECTORY"; exit 2; }
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -33,7 +34,7 @@ settings() {
 }
 
 install_library() {
-    cmake -S "$ROOT" -B "$work/$name" "${library[@]}" &&
+    cmake --fresh -S "$ROOT" -B "$work/$name" "${library[@]}" &&
         cmake --build "$work/$name" --parallel "$JOBS" &&
         cmake --install "$work/$name" --prefix "$work/installed/$name" &&
         # The tree moves once, so that nothing in it may know where it was.
@@ -99,7 +100,7 @@ headers_installed() {
 make_debian() {
     (
         cd "$ROOT" &&
-            cmake --preset debian -B "$work/debian" -DMLCORE_WERROR="$MLCORE_WERROR" &&
+            cmake --fresh --preset debian -B "$work/debian" -DMLCORE_WERROR="$MLCORE_WERROR" &&
             cmake --build "$work/debian" --parallel "$JOBS" --target package &&
             mkdir -p "$work/packages/debian" && mv "$work"/debian/*.deb "$work/packages"
     ) || return 1
