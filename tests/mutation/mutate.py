@@ -91,7 +91,7 @@ class Tree:
         self.run("cmake", "-G", "Ninja", "-S", ".", "-B", "build", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O1",
                  "-DMLCORE_TESTS=OFF", "-DMLCORE_EXAMPLES=OFF", "-DMLCORE_INSTALL=OFF", check=True)
         self.run("cmake", "--build", "build", check=True)
-        self.unchanged = self.library()
+        self.unchanged = self.digest()
         self.seconds = {}
         for program in {program for names in PROGRAMS.values() for program in names}:
             before = os.times().elapsed
@@ -108,7 +108,8 @@ class Tree:
         return self.run(ROOT / "build/linux/bin" / name, env=environment,
                         preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY)), **options)
 
-    def library(self):
+    def digest(self):
+        """Of the code that was built."""
         return hashlib.sha256((self.path / "build/lib/libMLCore.so").read_bytes()).digest()
 
     def is_killed(self, folder):
@@ -129,7 +130,7 @@ class Tree:
         try:
             lines[number] = changed
             file.write_text("\n".join(lines), encoding="utf-8")
-            if self.run("cmake", "--build", "build", "--target", "MLCore") != 0 or self.library() == self.unchanged:
+            if self.run("cmake", "--build", "build", "--target", "MLCore") != 0 or self.digest() == self.unchanged:
                 return None
             return "killed" if self.is_killed(folder) else "survived"
         finally:
