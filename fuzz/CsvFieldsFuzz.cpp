@@ -1,3 +1,4 @@
+// Fields that are written are read again, and any bytes give the same fields however the stream lends them.
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CISTREAMDECORATORFIELD.h>
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>

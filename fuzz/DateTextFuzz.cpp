@@ -1,3 +1,4 @@
+// Texts of dates: what is read, against the plain rules of each form.
 #include <MLCore/datetime/CDATE.h>
 #include <support/CalendarArithmetic.h>
 

@@ -1,3 +1,4 @@
+// E-mail addresses, against an automaton.
 #include <MLCore/net/CEMAIL.h>
 
 #include "Input.h"

@@ -1,3 +1,4 @@
+// Key paths: the steps that are read, against an automaton, and built again.
 #include <MLCore/core/CKEYBUILDER.h>
 #include <MLCore/core/CKEYPARSER.h>
 

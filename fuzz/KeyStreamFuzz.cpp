@@ -1,3 +1,4 @@
+// XML of elements: refused, or read, written and read again as the same.
 #include <MLCore/keys/CXMLKEYREADER.h>
 #include <MLCore/keys/CXMLKEYWRITER.h>
 

@@ -1,3 +1,4 @@
+// Patterns with "?", against the rules taken at their word.
 #include <MLCore/text/LegacyStrings.h>
 #include <MLCore/values/LikePattern.h>
 

@@ -1,3 +1,4 @@
+// Objects made of any bytes, by whatever classes these name.
 #include <MLCore/core/COBJECTFACTORY.h>
 #include <MLCore/streams/CSERIALIZABLEOBJECT.h>
 #include <MLCore/streams/CSTREAMREADER.h>

@@ -1,3 +1,4 @@
+// Texts of sort orders, against the rules character by character.
 #include <MLCore/predicates/CSORTDESCRIPTOR.h>
 #include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
 #include <MLCore/predicates/SortDescriptors.h>

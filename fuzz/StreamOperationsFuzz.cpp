@@ -1,3 +1,4 @@
+// Random operations on each stream with a position, against the model.
 #include <MLCore/platform/GlobalMemory.h>
 #include <MLCore/streams/CBUFFERSTREAM.h>
 #include <MLCore/streams/CCOUNTINGSTREAM.h>

@@ -1,3 +1,4 @@
+// Lines, fields and values of text: the same however the stream lends its memory.
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CISTREAMDECORATORFIELD.h>
 

@@ -1,3 +1,4 @@
+// Texts of times and date-times: what is read, against the plain rules, and back.
 #include <MLCore/datetime/CDATETIME.h>
 
 #include "Input.h"

@@ -1,3 +1,4 @@
+// Typed reads and memory blocks of any bytes: the same however the stream lends its memory.
 #include <MLCore/platform/GlobalMemory.h>
 
 #include "Input.h"

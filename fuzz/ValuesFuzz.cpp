@@ -1,3 +1,4 @@
+// Values and dictionaries under random operations, against plain models.
 #include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
