@@ -92,10 +92,10 @@ void CFILESTREAM::Open() {
         mBuffer.reset(new (std::nothrow) char[kBufferSize]);
         FailNull(mBuffer.get());
         mFile = platform::FileOpen(mPath.c_str(), FileFlags(GetOpenMode()));
-        FailLastError(mFile != platform::kNoFile ? 1 : 0);
+        FailLastError(mFile != platform::kNoFile);
         const std::int64_t size = platform::FileSize(mFile);
         try {
-            FailLastError(size >= 0 ? 1 : 0);
+            FailLastError(size >= 0);
         } catch (...) {
             Release();
             throw;
@@ -117,7 +117,7 @@ void CFILESTREAM::Close() {
         Release();
         throw;
     }
-    FailLastError(Release() ? 1 : 0);
+    FailLastError(Release());
 }
 
 void CFILESTREAM::Flush() {
@@ -162,7 +162,7 @@ void CFILESTREAM::SetValue(const void* buffer, long count) {
     if (length > kBufferSize) {
         const std::size_t written = WriteFile(mCursor.GetPosition(), buffer, length);
         mCursor.Advance(static_cast<long>(written));
-        FailLastError(written == length ? 1 : 0);
+        FailLastError(written == length);
         FollowAppended();
         return;
     }
@@ -188,7 +188,7 @@ void CFILESTREAM::SetSize(unsigned long long size) {
         FailOLEErr(kAccessDenied);
     }
     // Not written before: cutting the file may be what makes room on a full disk.
-    FailLastError(platform::FileResize(mFile, size) ? 1 : 0);
+    FailLastError(platform::FileResize(mFile, size));
     Cut(size);
     mCursor.SetSize(size);
 }
@@ -220,9 +220,9 @@ std::size_t CFILESTREAM::ReadSome(char* buffer, std::size_t count) {
 }
 
 std::size_t CFILESTREAM::ReadFile(void* buffer, std::size_t count) {
-    FailLastError(platform::FileSeek(mFile, mCursor.GetPosition()) ? 1 : 0);
+    FailLastError(platform::FileSeek(mFile, mCursor.GetPosition()));
     const std::int64_t got = platform::FileRead(mFile, buffer, count);
-    FailLastError(got >= 0 ? 1 : 0);
+    FailLastError(got >= 0);
     return static_cast<std::size_t>(got);
 }
 
@@ -238,7 +238,7 @@ void CFILESTREAM::WritePending() {
     }
     mPending.begin += WriteFile(mCursor.GetArea().start + mPending.begin, mBuffer.get() + mPending.begin,
                                 mPending.end - mPending.begin);
-    FailLastError(mPending.IsEmpty() ? 1 : 0);
+    FailLastError(mPending.IsEmpty());
     FollowAppended();
 }
 
@@ -249,7 +249,7 @@ void CFILESTREAM::FollowAppended() {
     }
     const bool isAtEnd = mCursor.IsAtEnd();
     const std::int64_t size = platform::FileSize(mFile);
-    FailLastError(size >= 0 ? 1 : 0);
+    FailLastError(size >= 0);
     Forget();
     mCursor.SetSize(static_cast<unsigned long long>(size));
     if (isAtEnd) {

@@ -231,6 +231,7 @@ TEST(BusinessDaysTest, NothingOpenMakesNoWalkEndless) {
         EXPECT_EQ(AddDaysTravaille(date, 1, closed), std::max(date, max));
         EXPECT_EQ(AddDaysTravaille(date, -1, closed), std::min(date, min));
     }
+    EXPECT_EQ(PreviousDateOuvre({4, 1, 0}, OwnCalendar(0)), CDATE(3, 1, 0)) << "the first year has days too";
 }
 
 TEST(BusinessDaysTest, TheCurrentCalendarIsTheManagersAndShared) {

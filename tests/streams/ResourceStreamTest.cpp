@@ -22,6 +22,7 @@ TEST(ResourceStreamTest, ReadsFromAnotherModule) {
     for (CRESOURCESTREAM* const stream : {&named, &numbered, &informed}) {
         CBUFFERSTREAM out;
         out.Open();
+        EXPECT_EQ(FailureOf([&] { stream->GetValue(static_cast<void*>(&out), 0); }), 141);
         EXPECT_EQ(FailureOf([&] { *stream >> out; }) + FailureOf([&] { stream->SetSize(1); }), 2 * 141);
         EXPECT_EQ(FailureOf([&] { stream->SetPosition(1); }) + FailureOf([&] { stream->OffsetPosition(1); }), 2 * 141);
         EXPECT_EQ(FailureOf([&] { stream->SetPositionFromEnd(1); }), 141);
