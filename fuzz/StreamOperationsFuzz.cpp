@@ -61,7 +61,7 @@ void Property(INPUT input) {
         file.SetSize(0);
         file << start;
         // Seldom, as it takes its time: beyond the room in which a file's bytes are gathered.
-        Check(file, {.bytes = start}, input, first == 254 ? 997 : 1);
+        Check(file, {.bytes = start}, input, first == 254 ? 331 : 1);
     }
 }
 
