@@ -44,7 +44,7 @@ public:
     virtual void SetKeyPathValue(const std::string& keyPath, COBJECT* value);
     /// 1 when the class conforms to `protocol`.
     [[nodiscard]] virtual int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const;
-    /// The class's own name in upper case ("CORDER"), never null.
+    /// The class's own name as it was declared ("CORDER"), never null.
     [[nodiscard]] virtual const char* ClassName() const = 0;
 
 private:

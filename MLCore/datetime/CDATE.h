@@ -254,13 +254,13 @@ public:
     ///
     /// It is lenient, in this order, and some texts give dates that nobody meant: "05-03-24" is 24 March of the year 5,
     /// because the first form checks no lengths; "2010-13-01" fails in it and then meets a later form. That is kept for
-    /// the data there is. Take FromStringXML() where the form is known.
+    /// the data there is. Where the form is known, take its own reader.
     int FromString(const char* text) noexcept;
     /// Reads DDMMYYYY from the first 8 characters, as numbers in C read them ("1a" is 1); more is ignored.
     int FromStringLong(const char* text) noexcept;
     /// Reads DDMMYY from the first 6 characters; years 00..50 are 20xx, 51..99 19xx.
     int FromStringShort(const char* text) noexcept;
-    /// Reads YYYY-MM-DD or YYYYMMDD. With "T" and a time (CTIME::FromStringXML) behind it, the moment is taken for UTC and
+    /// Reads YYYY-MM-DD, whose lengths are not checked ("2024-3-5" is read), or YYYYMMDD. With "T" and a time (CTIME::FromStringXML) behind it, the moment is taken for UTC and
     /// the date is the local one.
     int FromStringXML(const char* text) noexcept;
 

@@ -130,11 +130,13 @@ public:
     /// Reads HH:MM:SS or HHMMSS, exactly; hours to 23, minutes and seconds to 59. "" gives 00:00:00. Returns 1, or 0 and
     /// leaves the time alone (null too).
     int FromString(const char* text) noexcept;
-    /// Reads an XML time, HH:MM:SS with an optional fraction (dropped) and zone: "Z", "+hh:mm" or "-hh:mm"; or HHMMSS
-    /// with an optional "Z". "" gives 00:00:00. Returns 1, or 0 and leaves the time alone (null too).
+    /// Reads an XML time, HH:MM:SS with an optional fraction and zone: "Z", "+hh:mm" or "-hh:mm"; or HHMMSS with an
+    /// optional "Z". Of a fraction only the first character is looked at; all of it is dropped. "" gives 00:00:00.
+    /// Returns 1, or 0 and leaves the time alone (null too).
     ///
     /// A zone offset is *applied with its own sign*: 10:00:00+02:00 gives 12:00:00. That is the reverse of turning local
-    /// time into UTC, and it is meant so. The compact form takes no numeric offset.
+    /// time into UTC, and it is meant so. It leads around midnight and leaves a date in front alone. The compact form takes
+    /// no numeric offset.
     ///
     /// After a date and "T" ("2024-03-05T23:30:00") the result is taken for UTC on that date and turned into local time.
     int FromStringXML(const char* text) noexcept;

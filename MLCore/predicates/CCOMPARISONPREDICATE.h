@@ -38,7 +38,7 @@ private:
     CVALUEOBJECT::ComparisonOption mOption;
 };
 
-/// Writes "CCOMPARISONPREDICATE(ComparisonType::Equal)"; "CCOMPARISONPREDICATE()" for null.
+/// Writes "CCOMPARISONPREDICATE(ComparisonType::Equal)"; "CCOMPARISONPREDICATE()" for null or an unknown type.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CCOMPARISONPREDICATE* predicate);
 
 }  // namespace MLCore
