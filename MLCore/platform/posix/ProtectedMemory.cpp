@@ -2,6 +2,8 @@
 #include <MLCore/platform/RandomBytes.h>
 #include <sodium.h>
 
+#include <mutex>
+
 namespace MLCore::platform {
 
 namespace {
@@ -10,24 +12,28 @@ static_assert(sizeof(MEMORYSEAL::nonce) == crypto_stream_xchacha20_NONCEBYTES);
 
 bool IsSealable(std::size_t size) noexcept { return size % kSealBlockSize == 0; }
 
-bool IsReady() noexcept {
-    static const bool isReady = sodium_init() >= 0;
-    return isReady;
+/// A refusal is not the last word: asked again, the library tries again.
+bool IsReady() noexcept { return sodium_init() >= 0; }
+
+unsigned char* MakeKey() noexcept {
+    void* const memory = IsReady() ? sodium_malloc(crypto_stream_xchacha20_KEYBYTES) : nullptr;
+    if (memory != nullptr && !RandomBytes(memory, crypto_stream_xchacha20_KEYBYTES)) {
+        sodium_free(memory);
+        return nullptr;
+    }
+    if (memory != nullptr) {
+        sodium_mprotect_readonly(memory);
+    }
+    return static_cast<unsigned char*>(memory);
 }
+
+constinit std::mutex gKeyMutex;
 
 /// The process's key, made at its first use and never freed: secrets may outlive every other static object.
 const unsigned char* ProcessKey() noexcept {
-    static const unsigned char* const key = [] {
-        void* const memory = IsReady() ? sodium_malloc(crypto_stream_xchacha20_KEYBYTES) : nullptr;
-        if (memory != nullptr && !RandomBytes(memory, crypto_stream_xchacha20_KEYBYTES)) {
-            sodium_free(memory);
-            return static_cast<unsigned char*>(nullptr);
-        }
-        if (memory != nullptr) {
-            sodium_mprotect_readonly(memory);
-        }
-        return static_cast<unsigned char*>(memory);
-    }();
+    static const unsigned char* key = nullptr;
+    const std::lock_guard guard(gKeyMutex);
+    key = key != nullptr ? key : MakeKey();
     return key;
 }
 
