@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <mutex>
 #include <new>
 #include <unordered_map>
@@ -46,10 +47,15 @@ BLOCKTABLE& Table() noexcept {
     return table;
 }
 
-/// The system promises more memory than there is and ends the process that uses it, so the library asks before.
+/// The system promises more memory than there is and ends the process that uses it, so the library asks before. A system
+/// that does not tell refuses nothing.
 std::size_t PhysicalMemory() noexcept {
-    static const std::size_t bytes =
-        static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    static const std::size_t bytes = [] {
+        const long pages = sysconf(_SC_PHYS_PAGES);
+        const long pageSize = sysconf(_SC_PAGESIZE);
+        return pages > 0 && pageSize > 0 ? static_cast<std::size_t>(pages) * static_cast<std::size_t>(pageSize)
+                                         : std::numeric_limits<std::size_t>::max();
+    }();
     return bytes;
 }
 
