@@ -1,6 +1,7 @@
 #include <MLCore/platform/File.h>
 #include <MLCore/platform/Preferences.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -64,8 +65,13 @@ std::string ContentOf(const std::string& path) {
     std::string content;
     if (size > 0 && size <= kMostBytes && FileSeek(file, 0)) {
         content.resize(static_cast<std::size_t>(size));
-        const std::int64_t got = FileRead(file, content.data(), content.size());
-        content.resize(static_cast<std::size_t>(got > 0 ? got : 0));
+        std::size_t done = 0;
+        std::int64_t got = 0;
+        do {  // a part may come first
+            got = FileRead(file, content.data() + done, content.size() - done);
+            done += static_cast<std::size_t>(std::max<std::int64_t>(got, 0));
+        } while (got > 0);
+        content.resize(got == 0 ? done : 0);
     }
     if (file != kNoFile) {
         FileClose(file);
