@@ -13,8 +13,7 @@ CRESOURCESTREAM::CRESOURCESTREAM(const CRESOURCEINFO& info)
       mResource(info.GetResource()),
       mData(platform::LockModuleResource(mResource)),
       mCursor(static_cast<unsigned long long>(info.GetSize())) {
-    FailNull(mResource);
-    FailNull(mData);
+    FailNull(mCursor.GetSize() != 0 ? mData : nullptr);
 }
 
 CRESOURCESTREAM::~CRESOURCESTREAM() = default;
