@@ -272,12 +272,7 @@ void CPASSWORD::Lock() {
     ++mDepth;
 }
 
-void CPASSWORD::Unlock() {
-    if (mDepth <= 1) {
-        FailLastError(SealBuffers());  // sealed buffers are left alone
-    }
-    mDepth -= mDepth > 0 ? 1 : 0;
-}
+void CPASSWORD::Unlock() { FailLastError(EndUse()); }
 
 CPASSWORD::operator const char*() const noexcept { return mNarrow; }
 
@@ -324,7 +319,10 @@ bool CPASSWORD::SealBuffers() noexcept {
     return SealBuffer(mNarrow, static_cast<std::size_t>(mBufferSize), mNarrowSeal) && isWideSealed;
 }
 
-bool CPASSWORD::EndUse() noexcept { return --mDepth > 0 || SealBuffers(); }
+bool CPASSWORD::EndUse() noexcept {
+    mDepth -= mDepth > 0 ? 1 : 0;
+    return mDepth > 0 || SealBuffers();  // sealed buffers are left alone
+}
 
 std::size_t CPASSWORD::WideSize() const noexcept { return static_cast<std::size_t>(mBufferSize) * sizeof(wchar_t); }
 

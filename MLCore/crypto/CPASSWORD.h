@@ -65,7 +65,8 @@ public:
 
     /// Makes the content readable until as many calls of Unlock().
     void Lock();
-    /// Seals the content when it takes back the first Lock(); on a sealed password it does nothing.
+    /// Seals the content when it takes back the first Lock(), which it does also when it fails; on a sealed password it does
+    /// nothing.
     void Unlock();
 
     /// The length of the content in bytes plus 1 for its terminating zero.
