@@ -30,7 +30,7 @@ PROGRAMS = {
                  "streams_tests"],
     "values": ["values_tests", "predicates_tests", "streams_tests", "golden_tests"],
     "predicates": ["predicates_tests", "keys_tests", "golden_tests"],
-    "streams": ["streams_tests", "keys_tests", "predicates_tests", "golden_tests"],
+    "streams": ["streams_tests", "keys_tests", "predicates_tests", "golden_tests", "SeamTest"],
     "net": ["net_tests"],
 }
 FOR_ALL = "AllocationTest"
