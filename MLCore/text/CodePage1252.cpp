@@ -1,3 +1,4 @@
+#include <MLCore/platform/AnsiCodePoints.h>
 #include <MLCore/text/CodePage1252.h>
 
 #include <algorithm>
@@ -9,14 +10,6 @@
 namespace MLCore {
 
 namespace {
-
-// The characters of the bytes 0x80..0x9F; every other byte is its own code point.
-constexpr char16_t kHighControls[] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-static_assert(std::size(kHighControls) == 32);
 
 // The leading bytes of the well-formed sequences of two and more bytes, with the range of the byte behind them; all
 // further ones are 80..BF (The Unicode Standard, table 3-7).
@@ -79,26 +72,15 @@ void AppendUtf8(std::string& utf8, char16_t character) {
     }
 }
 
-char16_t CharacterOf(char ansi) noexcept {
-    const auto byte = static_cast<std::uint8_t>(ansi);
-    return byte >= 0x80 && byte <= 0x9F ? kHighControls[byte - 0x80] : byte;
-}
-
 }  // namespace
 
-int AnsiFromCodePoint(char32_t character) noexcept {
-    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
-        return static_cast<int>(character);
-    }
-    const auto* const found = std::find(std::begin(kHighControls), std::end(kHighControls), character);
-    return found != std::end(kHighControls) ? static_cast<int>(0x80 + (found - kHighControls)) : -1;
-}
+int AnsiFromCodePoint(char32_t character) noexcept { return platform::AnsiOf(character); }
 
 std::string Utf8FromAnsi(std::string_view ansi, int* lossy) {
     std::string utf8;
     utf8.reserve(ansi.size());
     for (const char character : ansi) {
-        AppendUtf8(utf8, CharacterOf(character));
+        AppendUtf8(utf8, platform::CodePointOf(character));
     }
     if (lossy != nullptr) {
         *lossy = 0;

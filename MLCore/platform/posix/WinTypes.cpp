@@ -1,5 +1,6 @@
 #include <MLCore/platform/WinTypes.h>
 
+#include <MLCore/platform/AnsiCodePoints.h>
 #include <MLCore/platform/GlobalMemory.h>
 #include <MLCore/platform/LastError.h>
 #include <MLCore/platform/OleDate.h>
@@ -19,30 +20,11 @@ namespace {
 
 using namespace MLCore::platform;
 
-/// The characters 0x80 to 0x9F of code page 1252 in Unicode; all others stand for themselves. Source: the Unicode
-/// Consortium's best-fit table of the code page, where the five unassigned places stand for themselves too.
-constexpr int kFirstSpecial = 0x80;
-constexpr wchar_t kSpecials[] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-                                 0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-                                 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-constexpr int kAfterSpecials = 0xA0;
-static_assert(std::size(kSpecials) == kAfterSpecials - kFirstSpecial);
-
-wchar_t WideOf(char character) noexcept {
-    const unsigned char byte = static_cast<unsigned char>(character);
-    return byte >= kFirstSpecial && byte < kAfterSpecials ? kSpecials[byte - kFirstSpecial]
-                                                          : static_cast<wchar_t>(byte);
-}
+wchar_t WideOf(char character) noexcept { return static_cast<wchar_t>(CodePointOf(character)); }
 
 char NarrowOf(wchar_t character) noexcept {
-    for (std::size_t i = 0; i < std::size(kSpecials); ++i) {
-        if (kSpecials[i] == character) {
-            return static_cast<char>(kFirstSpecial + i);
-        }
-    }
-    const bool isSame =
-        (character >= 0 && character < kFirstSpecial) || (character >= kAfterSpecials && character <= 0xFF);
-    return isSame ? static_cast<char>(character) : '?';
+    const int byte = AnsiOf(static_cast<char32_t>(character));
+    return byte < 0 ? '?' : static_cast<char>(byte);
 }
 
 /// A new BSTR, or null for null.
