@@ -1,8 +1,26 @@
 #include <MLCore/platform/Preferences.h>
 
+#include <MLCore/platform/SystemSide.h>
+
 #include <charconv>
+#include <string_view>
 
 namespace MLCore::platform {
+
+namespace {
+
+/// The same texts on every system; where a key names a file, also none outside the folder.
+bool IsUsable(const char* text) noexcept {
+    const std::string_view view = text == nullptr ? "" : text;
+    return !view.empty() && view.front() != '.' && view.front() != '\\' &&
+           view.find_first_of("/\r\n") == std::string_view::npos;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadPreferenceText(const char* key, const char* name) {
+    return IsUsable(key) && IsUsable(name) ? SystemPreferenceText(key, name) : std::nullopt;
+}
 
 std::optional<std::int32_t> ReadPreferenceNumber(const char* key, const char* name) {
     const std::optional<std::string> text = ReadPreferenceText(key, name);

@@ -1,18 +1,14 @@
-#include <MLCore/platform/DebugOutput.h>
+#include <MLCore/platform/SystemSide.h>
+
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <cstring>
 
 namespace MLCore::platform {
 
-namespace {
-
-std::atomic<DEBUGSINK> gSink = nullptr;
-
 /// One write per text, past the C library's buffers: texts of several threads do not mix.
-void WriteToStandardError(const char* text) noexcept {
+void SystemDebugOutput(const char* text) noexcept {
     const int savedError = errno;
     std::size_t left = std::strlen(text);
     while (left != 0) {
@@ -27,21 +23,5 @@ void WriteToStandardError(const char* text) noexcept {
     }
     errno = savedError;
 }
-
-}  // namespace
-
-void DebugOutput(const char* text) noexcept {
-    if (text == nullptr) {
-        return;
-    }
-    const DEBUGSINK sink = gSink.load();
-    if (sink != nullptr) {
-        sink(text);
-    } else {
-        WriteToStandardError(text);
-    }
-}
-
-DEBUGSINK SetDebugSink(DEBUGSINK sink) noexcept { return gSink.exchange(sink); }
 
 }  // namespace MLCore::platform

@@ -1,11 +1,12 @@
+#include <MLCore/platform/AsciiNames.h>
 #include <MLCore/platform/ModuleResources.h>
+
 #include <dlfcn.h>
 #include <link.h>
 
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
-#include <cstring>
 #include <mutex>
 #include <string_view>
 
@@ -51,21 +52,9 @@ RESOURCENAME ParseName(const char* name) noexcept {
     return {isNumber ? number : 0, {}};
 }
 
-char Upper(char character) noexcept {
-    const bool isLower = character >= 'a' && character <= 'z';
-    return isLower ? static_cast<char>(character - 'a' + 'A') : character;
-}
-
 bool IsSame(const RESOURCENAME& left, const RESOURCENAME& right) noexcept {
-    if (left.number != right.number || left.text.size() != right.text.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < left.text.size(); ++i) {
-        if (Upper(left.text[i]) != Upper(right.text[i])) {
-            return false;
-        }
-    }
-    return left.number != 0 || !left.text.empty();
+    const bool isSomething = left.number != 0 || !left.text.empty();
+    return isSomething && left.number == right.number && IsSameName(left.text, right.text);
 }
 
 }  // namespace

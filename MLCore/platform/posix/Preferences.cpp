@@ -1,5 +1,6 @@
+#include <MLCore/platform/AsciiNames.h>
 #include <MLCore/platform/File.h>
-#include <MLCore/platform/Preferences.h>
+#include <MLCore/platform/SystemSide.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -12,13 +13,6 @@ namespace MLCore::platform {
 
 namespace {
 
-/// Also keeps a key from naming a file outside the folder.
-bool IsUsable(const char* text) noexcept {
-    const std::string_view view = text == nullptr ? "" : text;
-    return !view.empty() && view.front() != '.' && view.front() != '\\' &&
-           view.find_first_of("/\r\n") == std::string_view::npos;
-}
-
 std::string_view Trimmed(std::string_view text) noexcept {
     constexpr std::string_view kBlanks = " \t\r";
     const std::size_t first = text.find_first_not_of(kBlanks);
@@ -26,23 +20,6 @@ std::string_view Trimmed(std::string_view text) noexcept {
         return {};
     }
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-char Lower(char character) noexcept {
-    const bool isUpper = character >= 'A' && character <= 'Z';
-    return isUpper ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-bool IsSameName(std::string_view left, std::string_view right) noexcept {
-    if (left.size() != right.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (Lower(left[i]) != Lower(right[i])) {
-            return false;
-        }
-    }
-    return true;
 }
 
 /// The folder of the user's settings, empty when there is none. Relative paths are not valid there by the XDG base
@@ -81,9 +58,9 @@ std::string ContentOf(const std::string& path) {
 
 }  // namespace
 
-std::optional<std::string> ReadPreferenceText(const char* key, const char* name) {
+std::optional<std::string> SystemPreferenceText(const char* key, const char* name) {
     const std::string folder = SettingsFolder();
-    if (folder.empty() || !IsUsable(key) || !IsUsable(name)) {
+    if (folder.empty()) {
         return std::nullopt;
     }
     const std::string_view keyText = key;

@@ -1,30 +1,13 @@
-#include <MLCore/platform/DebugOutput.h>
-#include <MLCore/platform/WinTypes.h>
+#include <MLCore/platform/SystemSide.h>
 
-#include <atomic>
+#include <MLCore/platform/WinTypes.h>
 
 namespace MLCore::platform {
 
-namespace {
-
-std::atomic<DEBUGSINK> gSink = nullptr;
-
-}  // namespace
-
-void DebugOutput(const char* text) noexcept {
-    if (text == nullptr) {
-        return;
-    }
-    const DEBUGSINK sink = gSink.load();
-    if (sink != nullptr) {
-        sink(text);
-        return;
-    }
+void SystemDebugOutput(const char* text) noexcept {
     const DWORD savedError = GetLastError();
     OutputDebugStringA(text);
     SetLastError(savedError);
 }
-
-DEBUGSINK SetDebugSink(DEBUGSINK sink) noexcept { return gSink.exchange(sink); }
 
 }  // namespace MLCore::platform

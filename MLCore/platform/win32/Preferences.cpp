@@ -1,26 +1,13 @@
-#include <MLCore/platform/Preferences.h>
+#include <MLCore/platform/SystemSide.h>
+
 #include <MLCore/platform/WinTypes.h>
 
+#include <cstdint>
 #include <cstring>
-#include <string_view>
 
 namespace MLCore::platform {
 
-namespace {
-
-/// The same texts as on the other system, where a key names a file.
-bool IsUsable(const char* text) noexcept {
-    const std::string_view view = text == nullptr ? "" : text;
-    return !view.empty() && view.front() != '.' && view.front() != '\\' &&
-           view.find_first_of("/\r\n") == std::string_view::npos;
-}
-
-}  // namespace
-
-std::optional<std::string> ReadPreferenceText(const char* key, const char* name) {
-    if (!IsUsable(key) || !IsUsable(name)) {
-        return std::nullopt;
-    }
+std::optional<std::string> SystemPreferenceText(const char* key, const char* name) {
     const std::string path = std::string("Software\\") + key;
     constexpr DWORD kTypes = RRF_RT_REG_DWORD | RRF_RT_REG_SZ;
     std::string bytes(256, '\0');
