@@ -1,9 +1,10 @@
 #include <MLCore/platform/OleDate.h>
 
+#include <MLCore/platform/OleDateRange.h>
+
 #include <chrono>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
 namespace MLCore::platform {
 
@@ -16,15 +17,6 @@ using std::chrono::year_month_day;
 constexpr sys_days kEpoch = std::chrono::year{1899} / 12 / 30;
 constexpr int kSecondsPerDay = 86400;
 
-/// A DATE is valid strictly between these two; the fraction of a negative one adds to the day, hence the lower bound.
-constexpr double kBeforeFirst = -657435.0;
-constexpr double kAfterLast = 2958466.0;
-
-/// The fields are 16-bit numbers where the conversion comes from.
-constexpr bool FitsField(int value) noexcept {
-    return value >= std::numeric_limits<std::int16_t>::min() && value <= std::numeric_limits<std::int16_t>::max();
-}
-
 constexpr int FullYear(int year) noexcept {
     constexpr int kFirstYearOf1900s = 30;
     if (year > 99) {
@@ -36,8 +28,7 @@ constexpr int FullYear(int year) noexcept {
 }  // namespace
 
 bool OleDateFromCivil(const CIVILTIME& time, double& date) noexcept {
-    if (time.year < 0 || time.year > 9999 || !FitsField(time.month) || !FitsField(time.day) || !FitsField(time.hour) ||
-        !FitsField(time.minute) || !FitsField(time.second)) {
+    if (!AreOleFields(time)) {
         return false;
     }
     const auto month = std::chrono::year{FullYear(time.year)} / 1 + std::chrono::months{time.month - 1};
@@ -54,7 +45,7 @@ bool OleDateFromCivil(const CIVILTIME& time, double& date) noexcept {
     const double fraction = static_cast<double>(rest) / kSecondsPerDay;
     const double whole = static_cast<double>(wholeDays);
     const double result = wholeDays < 0 ? whole - fraction : whole + fraction;
-    if (result <= kBeforeFirst || result >= kAfterLast) {
+    if (!IsOleDate(result)) {
         return false;
     }
     date = result;
@@ -62,7 +53,7 @@ bool OleDateFromCivil(const CIVILTIME& time, double& date) noexcept {
 }
 
 bool CivilFromOleDate(double date, CIVILTIME& time) noexcept {
-    if (!(date > kBeforeFirst && date < kAfterLast)) {  // written so that a NaN fails too
+    if (!IsOleDate(date)) {
         return false;
     }
     const double whole = std::trunc(date);
