@@ -7,13 +7,14 @@
 #include <MLCore/streams/OwnClass.h>
 #include <MLCore/streams/STREAMCURSOR.h>
 #include <MLCore/streams/SpecialCharacters.h>
+#include <MLCore/text/AnsiCharacters.h>
 #include <MLCore/text/DecimalText.h>
 #include <MLCore/text/DoubleText.h>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 namespace MLCore {
 
@@ -25,7 +26,6 @@ constexpr long kBlockSize = 64;
 constexpr char kQuote = '"';
 
 std::string_view Trim(std::string_view text) {
-    constexpr const char* kBlanks = " \t\n\v\f\r";
     const std::size_t first = text.find_first_not_of(kBlanks);
     return first == std::string_view::npos ? std::string_view()
                                            : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);

@@ -1,7 +1,5 @@
 #include <MLCore/text/AnsiCharacters.h>
 
-#include <string_view>
-
 namespace MLCore {
 
 namespace {

@@ -1,3 +1,4 @@
+#include <MLCore/text/AnsiCharacters.h>
 #include <MLCore/text/DecimalText.h>
 
 #include <algorithm>
@@ -16,7 +17,7 @@ bool IsDigit(char character) noexcept { return character >= '0' && character <= 
 int IsDigits(std::string_view text) noexcept { return std::all_of(text.begin(), text.end(), IsDigit) ? 1 : 0; }
 
 int LeadingInteger(std::string_view text) noexcept {
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
     const bool isNegative = !text.empty() && text.front() == '-';
     if (isNegative || (!text.empty() && text.front() == '+')) {
         text.remove_prefix(1);
