@@ -3,11 +3,11 @@
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
+#include <MLCore/predicates/NodeText.h>
 #include <MLCore/predicates/TypedArray.h>
 
 #include <cstddef>
 #include <iterator>
-#include <ostream>
 
 namespace MLCore {
 
@@ -107,11 +107,7 @@ std::ostream& operator<<(std::ostream& out, CCOMPOUNDPREDICATE::Type type) {
 }
 
 std::ostream& operator<<(std::ostream& out, const CCOMPOUNDPREDICATE* predicate) {
-    out << "CCOMPOUNDPREDICATE(";
-    if (predicate != nullptr) {
-        out << predicate->GetType();
-    }
-    return out << ')';
+    return DumpNode(out, "CCOMPOUNDPREDICATE", predicate, &CCOMPOUNDPREDICATE::GetType);
 }
 
 }  // namespace MLCore

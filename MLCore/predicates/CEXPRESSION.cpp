@@ -10,25 +10,11 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
 #include <MLCore/predicates/ELEMENTKINDS.h>
-
-#include <ostream>
+#include <MLCore/predicates/NodeText.h>
 
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CEXPRESSION)
-
-namespace {
-
-template <class Class>
-bool DumpAs(std::ostream& out, const CEXPRESSION* expression) {
-    const auto* const own = dynamic_cast<const Class*>(expression);
-    if (own != nullptr) {
-        out << own;
-    }
-    return own != nullptr;
-}
-
-}  // namespace
 
 CEXPRESSION::CEXPRESSION(ExpressionType type) noexcept : mExpressionType(type) {}
 
@@ -51,9 +37,8 @@ CSHAREOBJECTPTR<CEXPRESSION> CEXPRESSION::Create(CKEYREADER& reader) {
 }
 
 std::ostream& operator<<(std::ostream& out, const CEXPRESSION* expression) {
-    const bool isKnown = DumpAs<CKEYEXPRESSION>(out, expression) || DumpAs<CVALUEEXPRESSION>(out, expression) ||
-                         DumpAs<CLISTEXPRESSION>(out, expression) || DumpAs<CVARIABLEEXPRESSION>(out, expression) ||
-                         DumpAs<CFUNCTIONEXPRESSION>(out, expression) || DumpAs<COBJECTEXPRESSION>(out, expression);
+    const bool isKnown = DumpAsFirstOf<CKEYEXPRESSION, CVALUEEXPRESSION, CLISTEXPRESSION, CVARIABLEEXPRESSION,
+                                       CFUNCTIONEXPRESSION, COBJECTEXPRESSION>(out, expression);
     return isKnown ? out : out << "CEXPRESSION()";
 }
 

@@ -4,7 +4,6 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
-#include <MLCore/predicates/ExpressionText.h>
 #include <MLCore/values/CMEMARRAY.h>
 
 #include <ostream>
@@ -35,7 +34,7 @@ std::ostream& operator<<(std::ostream& out, const CFUNCTIONEXPRESSION* expressio
     if (expression != nullptr) {
         text = expression->GetName() + (expression->GetParameters().GetCount() != 0 ? "(...)" : "()");
     }
-    return DumpExpression(out, "CFUNCTIONEXPRESSION", text);
+    return out << "CFUNCTIONEXPRESSION(" << text << ')';
 }
 
 }  // namespace MLCore

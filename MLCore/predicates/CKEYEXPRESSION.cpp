@@ -1,8 +1,6 @@
 #include <MLCore/predicates/CKEYEXPRESSION.h>
 
-#include <MLCore/predicates/ExpressionText.h>
-
-#include <ostream>
+#include <MLCore/predicates/NodeText.h>
 
 namespace MLCore {
 
@@ -39,7 +37,7 @@ void CKEYEXPRESSION::DoWriteState(CKEYWRITER& writer) const {
 void CKEYEXPRESSION::DoInitState(CKEYREADER& reader) { mKey = ReadAttributeElement(reader, kElement, kAttribute); }
 
 std::ostream& operator<<(std::ostream& out, const CKEYEXPRESSION* expression) {
-    return DumpExpression(out, "CKEYEXPRESSION", expression != nullptr ? expression->GetKey() : std::string());
+    return DumpNode(out, "CKEYEXPRESSION", expression, &CKEYEXPRESSION::GetKey);
 }
 
 }  // namespace MLCore

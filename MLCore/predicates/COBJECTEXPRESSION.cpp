@@ -1,8 +1,6 @@
 #include <MLCore/predicates/COBJECTEXPRESSION.h>
 
-#include <MLCore/predicates/ExpressionText.h>
-
-#include <ostream>
+#include <MLCore/predicates/NodeText.h>
 
 namespace MLCore {
 
@@ -35,7 +33,7 @@ void COBJECTEXPRESSION::DoWriteState(CKEYWRITER& writer) const {
 void COBJECTEXPRESSION::DoInitState(CKEYREADER& reader) { mName = ReadAttributeElement(reader, kElement, kAttribute); }
 
 std::ostream& operator<<(std::ostream& out, const COBJECTEXPRESSION* expression) {
-    return DumpExpression(out, "COBJECTEXPRESSION", expression != nullptr ? expression->GetName() : std::string());
+    return DumpNode(out, "COBJECTEXPRESSION", expression, &COBJECTEXPRESSION::GetName);
 }
 
 }  // namespace MLCore

@@ -10,10 +10,10 @@
 #include <MLCore/predicates/CSEARCHTEXTPREDICATE.h>
 #include <MLCore/predicates/CVALUEPREDICATE.h>
 #include <MLCore/predicates/ELEMENTKINDS.h>
+#include <MLCore/predicates/NodeText.h>
 
 #include <cstddef>
 #include <iterator>
-#include <ostream>
 
 namespace MLCore {
 
@@ -22,15 +22,6 @@ MLCORE_REGISTER_CLASS(CPREDICATE)
 namespace {
 
 constexpr const char* kTypeNames[] = {"Value", "Compound", "Comparison", "SearchText"};
-
-template <class Class>
-bool DumpAs(std::ostream& out, const CPREDICATE* predicate) {
-    const auto* const own = dynamic_cast<const Class*>(predicate);
-    if (own != nullptr) {
-        out << own;
-    }
-    return own != nullptr;
-}
 
 }  // namespace
 
@@ -75,16 +66,10 @@ std::ostream& operator<<(std::ostream& out, CPREDICATE::PredicateType type) {
 }
 
 std::ostream& operator<<(std::ostream& out, const CPREDICATE* predicate) {
-    const bool isKnown = DumpAs<CVALUEPREDICATE>(out, predicate) || DumpAs<CCOMPOUNDPREDICATE>(out, predicate) ||
-                         DumpAs<CCOMPARISONPREDICATE>(out, predicate) || DumpAs<CSEARCHTEXTPREDICATE>(out, predicate);
-    if (isKnown) {
-        return out;
-    }
-    out << "CPREDICATE(";
-    if (predicate != nullptr) {
-        out << predicate->GetPredicateType();
-    }
-    return out << ')';
+    return DumpAsFirstOf<CVALUEPREDICATE, CCOMPOUNDPREDICATE, CCOMPARISONPREDICATE, CSEARCHTEXTPREDICATE>(out,
+                                                                                                          predicate)
+               ? out
+               : DumpNode(out, "CPREDICATE", predicate, &CPREDICATE::GetPredicateType);
 }
 
 }  // namespace MLCore

@@ -3,8 +3,9 @@
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
+#include <MLCore/predicates/NodeText.h>
+#include <MLCore/text/AnsiCharacters.h>
 
-#include <ostream>
 #include <string_view>
 #include <utility>
 
@@ -16,7 +17,6 @@ namespace {
 
 constexpr const char* kElement = "searchText";
 constexpr std::size_t kMostOperands = 2;
-constexpr std::string_view kBlanks = " \t\n\v\f\r";
 
 bool IsText(const CVALUEOBJECT* object) {
     return object != nullptr && object->GetValue().GetType() == CVALUE::Type::String;
@@ -99,11 +99,7 @@ void CSEARCHTEXTPREDICATE::DoInitState(CKEYREADER& reader) {
 }
 
 std::ostream& operator<<(std::ostream& out, const CSEARCHTEXTPREDICATE* predicate) {
-    out << "CSEARCHTEXTPREDICATE(";
-    if (predicate != nullptr) {
-        out << predicate->GetPredicateType();
-    }
-    return out << ')';
+    return DumpNode(out, "CSEARCHTEXTPREDICATE", predicate, &CSEARCHTEXTPREDICATE::GetPredicateType);
 }
 
 }  // namespace MLCore

@@ -1,6 +1,5 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 
-#include <MLCore/predicates/ExpressionText.h>
 #include <MLCore/predicates/ValueElement.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/ValueText.h>
@@ -36,7 +35,7 @@ std::ostream& operator<<(std::ostream& out, const CVALUEEXPRESSION* expression) 
     if (expression != nullptr) {
         AppendValueText(text, expression->GetValue(), false);
     }
-    return DumpExpression(out, "CVALUEEXPRESSION", text);
+    return out << "CVALUEEXPRESSION(" << text << ')';
 }
 
 }  // namespace MLCore

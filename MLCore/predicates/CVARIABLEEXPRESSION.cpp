@@ -1,9 +1,7 @@
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
 
-#include <MLCore/predicates/ExpressionText.h>
+#include <MLCore/predicates/NodeText.h>
 #include <MLCore/values/CDICTIONARY.h>
-
-#include <ostream>
 
 namespace MLCore {
 
@@ -41,7 +39,7 @@ void CVARIABLEEXPRESSION::DoInitState(CKEYREADER& reader) {
 }
 
 std::ostream& operator<<(std::ostream& out, const CVARIABLEEXPRESSION* expression) {
-    return DumpExpression(out, "CVARIABLEEXPRESSION", expression != nullptr ? expression->GetName() : std::string());
+    return DumpNode(out, "CVARIABLEEXPRESSION", expression, &CVARIABLEEXPRESSION::GetName);
 }
 
 }  // namespace MLCore

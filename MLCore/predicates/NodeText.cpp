@@ -1,9 +1,7 @@
-#include <MLCore/predicates/ExpressionText.h>
+#include <MLCore/predicates/NodeText.h>
 
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
-
-#include <ostream>
 
 namespace MLCore {
 
@@ -18,10 +16,6 @@ std::string ReadAttributeElement(CKEYREADER& reader, const char* element, const 
     std::string value = reader.GetAttribute(attribute);
     reader.EndElement();
     return value;
-}
-
-std::ostream& DumpExpression(std::ostream& out, const char* className, std::string_view text) {
-    return out << className << '(' << text << ')';
 }
 
 }  // namespace MLCore
