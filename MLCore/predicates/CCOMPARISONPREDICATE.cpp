@@ -4,12 +4,12 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
+#include <MLCore/predicates/NodeText.h>
+#include <MLCore/values/TextRules.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <ostream>
-#include <string>
 
 namespace MLCore {
 
@@ -18,14 +18,13 @@ MLCORE_REGISTER_CLASS(CCOMPARISONPREDICATE)
 namespace {
 
 using OPTION = CVALUEOBJECT::ComparisonOption;
+using textrules::kOptionWords;
 
 /// By comparison type.
 constexpr const char* kElements[] = {"lesser", "lesserEq", "greater", "greaterEq", "equal",    "notEqual",
                                      "like",   "begins",   "ends",    "in",        "contains", "between"};
 
 constexpr const char* kOption = "compType";
-/// By option. The last spelling is that of all files.
-constexpr const char* kOptions[] = {"caseSensitive", "caseInsensitive", "diacriticInsentive"};
 
 }  // namespace
 
@@ -37,18 +36,19 @@ CCOMPARISONPREDICATE::~CCOMPARISONPREDICATE() = default;
 void CCOMPARISONPREDICATE::InitFromKeyReader(CKEYREADER& reader) {
     mOption = OPTION::CaseSensitive;
     if (reader.HasAttribute(kOption) != 0) {
-        const auto* const found = std::find(std::begin(kOptions), std::end(kOptions), reader.GetAttribute(kOption));
-        if (found == std::end(kOptions)) {
+        const auto* const found =
+            std::find(std::begin(kOptionWords), std::end(kOptionWords), reader.GetAttribute(kOption));
+        if (found == std::end(kOptionWords)) {
             FailOSErr(kErrValueType);
         }
-        mOption = static_cast<OPTION>(found - std::begin(kOptions));
+        mOption = static_cast<OPTION>(found - std::begin(kOptionWords));
     }
 }
 
 void CCOMPARISONPREDICATE::WriteToKeyWriter(CKEYWRITER& writer) const {
     const auto option = static_cast<std::size_t>(mOption);
-    if (option != 0 && option < std::size(kOptions)) {
-        writer.SetAttribute(kOption, kOptions[option]);
+    if (option != 0 && option < std::size(kOptionWords)) {
+        writer.SetAttribute(kOption, kOptionWords[option]);
     }
 }
 
@@ -67,11 +67,7 @@ void CCOMPARISONPREDICATE::DoInitState(CKEYREADER& reader) {
 }
 
 std::ostream& operator<<(std::ostream& out, const CCOMPARISONPREDICATE* predicate) {
-    out << "CCOMPARISONPREDICATE(";
-    if (predicate != nullptr) {
-        out << predicate->GetComparisonType();
-    }
-    return out << ')';
+    return DumpNode(out, "CCOMPARISONPREDICATE", predicate, &CCOMPARISONPREDICATE::GetComparisonType);
 }
 
 }  // namespace MLCore

@@ -3,6 +3,7 @@
 #include <MLCore/values/CARRAY.h>
 #include <MLCore/values/CSET.h>
 #include <MLCore/values/CVALUEOBJECT.h>
+#include <MLCore/values/TextRules.h>
 
 #include <cstddef>
 #include <iterator>
@@ -17,8 +18,6 @@ namespace {
 
 constexpr const char* kTypeNames[] = {"Lesser", "LesserEqual", "Greater", "GreaterEqual", "Equal",    "NotEqual",
                                       "Like",   "Begins",      "Ends",    "In",           "Contains", "Between"};
-// The last one is a spelling that files have.
-constexpr const char* kOptionNames[] = {"caseSensitive", "caseInsensitive", "diacriticInsentive"};
 
 template <class COLLECTION, class TEST>
 int AnyValueObject(const COLLECTION& collection, const TEST& test) {
@@ -106,7 +105,7 @@ std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonType type) {
 
 std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonOption option) {
     const auto index = static_cast<std::size_t>(option);
-    return index < std::size(kOptionNames) ? out << kOptionNames[index] : out;
+    return index < std::size(textrules::kOptionWords) ? out << textrules::kOptionWords[index] : out;
 }
 
 std::ostream& operator<<(std::ostream& out, const CVALUEOBJECT* object) {

@@ -1,4 +1,4 @@
-/// Looking for a text in another where a rule makes characters alike, and the choice of a rule by comparison option.
+/// Looking for a text in another where a rule makes characters alike; comparison options, and the choice of a rule by them.
 /// Not for clients: they ask the value object.
 ///
 /// Nothing is copied: characters are folded where they meet. Looking for a part costs, at worst, the product of the
@@ -15,6 +15,9 @@ namespace MLCore::textrules {
 
 /// Characters with the same image are alike; null when only the same ones are.
 using FOLD = char (*)(char) noexcept;
+
+/// The words of element streams, by option. The last spelling is that of all files.
+inline constexpr const char* kOptionWords[] = {"caseSensitive", "caseInsensitive", "diacriticInsentive"};
 
 /// The row of an option; an unknown one is exact.
 template <class ROW>
