@@ -178,8 +178,7 @@ void CFILESTREAM::SetValue(const void* buffer, long count) {
 
 void CFILESTREAM::OffsetPosition(long delta) {
     FailNotReady();
-    // A sum below 0 wraps far beyond the size.
-    mCursor.SetPosition(mCursor.GetPosition() + static_cast<unsigned long long>(delta));
+    mCursor.OffsetFar(delta);
 }
 
 void CFILESTREAM::SetSize(unsigned long long size) {

@@ -35,8 +35,7 @@ void CMEMSTREAM::SetValue(const void* buffer, long count) {
 
 void CMEMSTREAM::OffsetPosition(long delta) {
     FailNotReady();
-    // A sum below 0 wraps far beyond the size.
-    mCursor.SetPosition(mCursor.GetPosition() + static_cast<unsigned long long>(delta));
+    mCursor.OffsetFar(delta);
 }
 
 void CMEMSTREAM::SetSize(unsigned long long size) {

@@ -20,6 +20,7 @@ public:
     /// Fails with -111, and writes nothing, when the bytes do not fit the capacity.
     void SetValue(const void* buffer, long count) override;
 
+    /// Also beyond 2 GB.
     void OffsetPosition(long delta) override;
     /// Fails with -111 above the capacity. Bytes that come in are what the area holds.
     void SetSize(unsigned long long size) override;

@@ -49,13 +49,15 @@ public:
         }
         mPosition = mSize - distance;
     }
+    /// By the rule of CRANDOMSTREAM::OffsetPosition(), which ends at 2 GB.
     void Offset(long delta) {
-        const unsigned long long position = mPosition + static_cast<unsigned long long>(delta);
-        if (static_cast<std::int32_t>(position) < 0) {
+        if (static_cast<std::int32_t>(mPosition + static_cast<unsigned long long>(delta)) < 0) {
             FailOSErr(kErrStreamEnd);
         }
-        SetPosition(position);
+        OffsetFar(delta);
     }
+    /// Without that end. A sum below 0 wraps far beyond the size.
+    void OffsetFar(long delta) { SetPosition(mPosition + static_cast<unsigned long long>(delta)); }
     /// After a transfer of `count` bytes: moves on, and extends the size when that is past the end.
     void Advance(long count) noexcept {
         mPosition += static_cast<unsigned long long>(count);
