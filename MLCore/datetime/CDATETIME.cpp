@@ -10,8 +10,8 @@ namespace MLCore {
 
 namespace {
 
-constexpr long long kDay = 86400;
-constexpr long long k1904FromUnixEpoch = -serialday::kUnixEpoch * kDay;
+constexpr long long kSecondsPerDay = CTIMESPAN::NbSecondsInOneDay();
+constexpr long long k1904FromUnixEpoch = -serialday::kUnixEpoch * kSecondsPerDay;
 
 long long OffsetAt(long long secondsFrom1904) noexcept {
     return platform::LocalOffsetFromUtc(secondsFrom1904 + k1904FromUnixEpoch);
@@ -28,7 +28,7 @@ CDATETIME CDATETIME::Now() noexcept {
 }
 
 long long CDATETIME::SecondsFrom1904() const noexcept {
-    return mDate.ComputeDaysFrom1904() * kDay + mTime.GetTotalSeconds();
+    return mDate.ComputeDaysFrom1904() * kSecondsPerDay + mTime.GetTotalSeconds();
 }
 
 CDATETIME& CDATETIME::operator+=(const CTIMESPAN& span) noexcept {
@@ -36,8 +36,8 @@ CDATETIME& CDATETIME::operator+=(const CTIMESPAN& span) noexcept {
         return *this;
     }
     const long long seconds = (CTIMESPAN(SecondsFrom1904()) + span).GetTotalSeconds();
-    const long long rest = (seconds % kDay + kDay) % kDay;
-    const long long days = seconds / kDay - (seconds % kDay < 0 ? 1 : 0);
+    const long long rest = (seconds % kSecondsPerDay + kSecondsPerDay) % kSecondsPerDay;
+    const long long days = seconds / kSecondsPerDay - (seconds % kSecondsPerDay < 0 ? 1 : 0);
     if (days < serialday::kFirst || days > serialday::kLast) {
         return *this = {};
     }
@@ -85,8 +85,8 @@ void CDATETIME::ToGMZone() noexcept {
     // The offsets a day before and a day after are the ones on either side of a change. Where the first holds at the
     // moment that it leads to, that is the earlier reading; where neither does, the time was skipped.
     const long long local = SecondsFrom1904();
-    const long long before = OffsetAt(local - kDay);
-    const long long after = OffsetAt(local + kDay);
+    const long long before = OffsetAt(local - kSecondsPerDay);
+    const long long after = OffsetAt(local + kSecondsPerDay);
     const bool isAfterChange = OffsetAt(local - before) != before && OffsetAt(local - after) == after;
     *this -= CTIMESPAN(isAfterChange ? after : before);
 }

@@ -8,16 +8,53 @@
 #include <MLCore/text/DecimalText.h>
 
 #include <cmath>
+#include <cstddef>
+#include <optional>
 #include <ostream>
+#include <string_view>
 
 namespace MLCore {
 
 namespace {
 
-constexpr long kDay = 86400;
+constexpr long kSecondsPerDay = CTIMESPAN::NbSecondsInOneDay();
 
 platform::CIVILTIME OnOleDayZero(const CTIME& time) noexcept {
     return {1899, 12, 30, time.GetHours(), time.GetMinutes(), time.GetSeconds()};
+}
+
+// The zone of an XML time.
+struct ZONE {
+    int sign;                 // of the offset; 0 for "Z" and without a zone
+    std::string_view offset;  // behind the sign
+};
+
+// Cuts the zone off the text; nothing when something stands behind its "Z".
+std::optional<ZONE> TakeZone(std::string_view& text) noexcept {
+    const std::string_view all = text;
+    if (const std::size_t zulu = all.find('Z'); zulu != all.npos) {
+        text = all.substr(0, zulu);
+        return zulu + 1 == all.size() ? std::optional<ZONE>({0, {}}) : std::nullopt;
+    }
+    const std::size_t minus = all.find('-');
+    const std::size_t sign = minus != all.npos ? minus : all.find('+');
+    text = all.substr(0, sign);
+    return sign != all.npos ? ZONE{minus != all.npos ? -1 : 1, all.substr(sign + 1)} : ZONE{0, {}};
+}
+
+// What the zone adds to the time; nothing for an offset other than "hh:mm".
+std::optional<CTIMESPAN> ShiftOf(const ZONE& zone) noexcept {
+    CTIMESPAN shift;
+    if (zone.sign != 0) {
+        const std::string_view hours = zone.offset.substr(0, 2);
+        const std::string_view minutes = zone.offset.size() == 5 ? zone.offset.substr(3) : std::string_view();
+        if (minutes.empty() || zone.offset[2] != ':' || IsDigits(hours) == 0 || IsDigits(minutes) == 0) {
+            return std::nullopt;
+        }
+        shift.SetHours(zone.sign * LeadingInteger(hours));
+        shift.SetMinutes(zone.sign * LeadingInteger(minutes));
+    }
+    return shift;
 }
 
 }  // namespace
@@ -36,7 +73,9 @@ CTIME::CTIME(double oleDate) noexcept {
 
 CTIME::CTIME(const char* text) noexcept { FromString(text); }
 
-CTIME::CTIME(const CTIMESPAN& span) noexcept { FromSeconds(static_cast<long>(span.GetTotalSeconds() % kDay)); }
+CTIME::CTIME(const CTIMESPAN& span) noexcept {
+    FromSeconds(static_cast<long>(span.GetTotalSeconds() % kSecondsPerDay));
+}
 
 const CTIME& CTIME::Min() noexcept {
     static const CTIME time(0, 0, 0);
@@ -57,9 +96,9 @@ CTIME CTIME::Now() noexcept {
 }
 
 int CTIME::FromSeconds(long seconds) noexcept {
-    const long remainder = seconds % kDay;
-    mSeconds = static_cast<std::int32_t>(remainder < 0 ? remainder + kDay : remainder);
-    return seconds < kDay ? 1 : 0;
+    const long remainder = seconds % kSecondsPerDay;
+    mSeconds = static_cast<std::int32_t>(remainder < 0 ? remainder + kSecondsPerDay : remainder);
+    return seconds < kSecondsPerDay ? 1 : 0;
 }
 
 int CTIME::FromMinutes(double minutes) noexcept {
@@ -67,8 +106,8 @@ int CTIME::FromMinutes(double minutes) noexcept {
     if (!std::isfinite(seconds)) {
         return 0;
     }
-    FromSeconds(static_cast<long>(std::fmod(seconds, kDay)));
-    return seconds < kDay ? 1 : 0;
+    FromSeconds(static_cast<long>(std::fmod(seconds, kSecondsPerDay)));
+    return seconds < kSecondsPerDay ? 1 : 0;
 }
 
 int CTIME::FromHours(double hours) noexcept { return FromMinutes(hours * 60); }
@@ -76,21 +115,21 @@ int CTIME::FromHours(double hours) noexcept { return FromMinutes(hours * 60); }
 // Whole days are dropped from the amounts first: then no sum can overflow.
 
 CTIME& CTIME::operator+=(long seconds) noexcept {
-    FromSeconds(mSeconds + seconds % kDay);
+    FromSeconds(mSeconds + seconds % kSecondsPerDay);
     return *this;
 }
 
 CTIME& CTIME::operator-=(long seconds) noexcept {
-    FromSeconds(mSeconds - seconds % kDay);
+    FromSeconds(mSeconds - seconds % kSecondsPerDay);
     return *this;
 }
 
 CTIME& CTIME::operator+=(const CTIMESPAN& span) noexcept {
-    return *this += static_cast<long>(span.GetTotalSeconds() % kDay);
+    return *this += static_cast<long>(span.GetTotalSeconds() % kSecondsPerDay);
 }
 
 CTIME& CTIME::operator-=(const CTIMESPAN& span) noexcept {
-    return *this -= static_cast<long>(span.GetTotalSeconds() % kDay);
+    return *this -= static_cast<long>(span.GetTotalSeconds() % kSecondsPerDay);
 }
 
 CTIME CTIME::operator++(int) noexcept {
@@ -105,9 +144,9 @@ CTIME CTIME::operator--(int) noexcept {
     return before;
 }
 
-CTIME& CTIME::AddMinutes(long minutes) noexcept { return *this += minutes % (kDay / 60) * 60; }
+CTIME& CTIME::AddMinutes(long minutes) noexcept { return *this += minutes % (kSecondsPerDay / 60) * 60; }
 
-CTIME& CTIME::AddHours(long hours) noexcept { return *this += hours % (kDay / 3600) * 3600; }
+CTIME& CTIME::AddHours(long hours) noexcept { return *this += hours % (kSecondsPerDay / 3600) * 3600; }
 
 long CTIME::ComputeSeconds(const CTIME& other) const noexcept {
     return static_cast<long>(static_cast<long long>(mSeconds) - other.mSeconds);
@@ -197,45 +236,24 @@ int CTIME::FromXmlTimeText(std::string_view text) noexcept {
         return 1;
     }
     const bool isExtended = text.find(':') != std::string_view::npos;
-    int sign = 0;
-    std::string_view offset;
-    if (const std::size_t zulu = text.find('Z'); zulu != std::string_view::npos) {
-        if (zulu + 1 != text.size()) {
-            return 0;
-        }
-        text.remove_suffix(1);
-    } else if (std::size_t at = text.find('-'); at != std::string_view::npos) {
-        sign = -1;
-        offset = text.substr(at + 1);
-        text = text.substr(0, at);
-    } else if (at = text.find('+'); at != std::string_view::npos) {
-        sign = 1;
-        offset = text.substr(at + 1);
-        text = text.substr(0, at);
+    const std::optional<ZONE> zone = TakeZone(text);
+    if (!zone) {
+        return 0;
     }
     if (!isExtended) {
-        return sign == 0 && text.size() == 6 ? FromParts(text.substr(0, 2), text.substr(2, 2), text.substr(4, 2)) : 0;
+        return zone->sign == 0 && text.size() == 6 ? FromParts(text.substr(0, 2), text.substr(2, 2), text.substr(4, 2))
+                                                   : 0;
     }
-    CTIMESPAN shift;
-    if (sign != 0) {
-        const std::string_view hours = offset.substr(0, 2);
-        const std::string_view minutes =
-            offset.size() == 5 && offset[2] == ':' ? offset.substr(3) : std::string_view("x");
-        if (IsDigits(hours) == 0 || IsDigits(minutes) == 0) {
-            return 0;
-        }
-        shift.SetHours(sign * LeadingInteger(hours));
-        shift.SetMinutes(sign * LeadingInteger(minutes));
-    }
+    const std::optional<CTIMESPAN> shift = ShiftOf(*zone);
     const bool hasFraction = text.size() > 8;
-    if (text.size() < 8 || text[2] != ':' || text[5] != ':' || (hasFraction && text[8] != '.') ||
+    if (!shift || text.size() < 8 || text[2] != ':' || text[5] != ':' || (hasFraction && text[8] != '.') ||
         (text.size() > 9 && IsDigits(text.substr(9, 1)) == 0)) {
         return 0;
     }
     if (FromParts(text.substr(0, 2), text.substr(3, 2), text.substr(6, 2)) == 0) {
         return 0;
     }
-    *this += shift;
+    *this += *shift;
     return 1;
 }
 
