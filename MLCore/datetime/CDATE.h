@@ -56,7 +56,8 @@ public:
     explicit CDATE(const _SYSTEMTIME& time) noexcept;
     /// From a short date, see ToSDate(). 0 gives the null date.
     explicit CDATE(std::uint16_t shortDate) noexcept;
-    /// From a long date, see ToLDate() (not the number 20240305: that is a text for FromStringXML()). A `long` that does not fit 32 bits gives the null date.
+    /// From a long date, see ToLDate() (not the number 20240305: that is a text for FromStringXML()). A `long` that does not
+    /// fit 32 bits gives the null date.
     explicit CDATE(int longDate) noexcept;
     explicit CDATE(long longDate) noexcept;
     /// The day of an OLE Automation date; null for 0.0 and for what is no such date.
@@ -64,16 +65,16 @@ public:
     /// Runs FromString(); null when it fails.
     explicit CDATE(const char* text) noexcept;
 
-    static const CDATE& NullDate() noexcept;
-    static const CDATE& Null() noexcept { return NullDate(); }
-    static const CDATE& MinDate() noexcept;  ///< 1 January 1900
-    static const CDATE& Min() noexcept { return MinDate(); }
-    static const CDATE& MaxDate() noexcept;  ///< 31 December 9999
-    static const CDATE& Max() noexcept { return MaxDate(); }
-    static const CDATE& MinDateShort() noexcept;  ///< 1 January 1928
-    static const CDATE& MaxDateShort() noexcept;  ///< 31 December 2027
+    [[nodiscard]] static const CDATE& NullDate() noexcept;
+    [[nodiscard]] static const CDATE& Null() noexcept { return NullDate(); }
+    [[nodiscard]] static const CDATE& MinDate() noexcept;  ///< 1 January 1900
+    [[nodiscard]] static const CDATE& Min() noexcept { return MinDate(); }
+    [[nodiscard]] static const CDATE& MaxDate() noexcept;  ///< 31 December 9999
+    [[nodiscard]] static const CDATE& Max() noexcept { return MaxDate(); }
+    [[nodiscard]] static const CDATE& MinDateShort() noexcept;  ///< 1 January 1928
+    [[nodiscard]] static const CDATE& MaxDateShort() noexcept;  ///< 31 December 2027
     /// The local date now.
-    static CDATE Today() noexcept;
+    [[nodiscard]] static CDATE Today() noexcept;
 
     [[nodiscard]] constexpr std::int16_t GetDay() const noexcept { return mDay; }
     [[nodiscard]] constexpr std::int16_t GetMonth() const noexcept { return mMonth; }

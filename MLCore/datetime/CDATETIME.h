@@ -31,7 +31,7 @@ public:
     constexpr CDATETIME(const CDATE& date, const CTIME& time) noexcept : mDate(date), mTime(time) {}
 
     /// The local date and time now.
-    static CDATETIME Now() noexcept;
+    [[nodiscard]] static CDATETIME Now() noexcept;
 
     [[nodiscard]] constexpr const CDATE& GetDate() const noexcept { return mDate; }
     [[nodiscard]] constexpr const CTIME& GetTime() const noexcept { return mTime; }

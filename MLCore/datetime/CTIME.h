@@ -47,12 +47,12 @@ public:
     /// Runs FromString(); 00:00:00 when it fails.
     explicit CTIME(const char* text) noexcept;
 
-    static const CTIME& Min() noexcept;   ///< 00:00:00
-    static const CTIME& Max() noexcept;   ///< 23:59:59
-    static const CTIME& Null() noexcept;  ///< 00:00:00
-    static const CTIME& NullTime() noexcept { return Null(); }
+    [[nodiscard]] static const CTIME& Min() noexcept;   ///< 00:00:00
+    [[nodiscard]] static const CTIME& Max() noexcept;   ///< 23:59:59
+    [[nodiscard]] static const CTIME& Null() noexcept;  ///< 00:00:00
+    [[nodiscard]] static const CTIME& NullTime() noexcept { return Null(); }
     /// The local time now.
-    static CTIME Now() noexcept;
+    [[nodiscard]] static CTIME Now() noexcept;
 
     [[nodiscard]] constexpr std::int16_t GetHours() const noexcept {
         return static_cast<std::int16_t>(mSeconds % 86400 / 3600);

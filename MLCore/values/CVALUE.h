@@ -66,9 +66,9 @@ public:
         Guid,      ///< _GUID
     };
 
-    static const CVALUE& Null() noexcept;   ///< Unknown
-    static const CVALUE& True() noexcept;   ///< Bool 1
-    static const CVALUE& False() noexcept;  ///< Bool 0
+    [[nodiscard]] static const CVALUE& Null() noexcept;   ///< Unknown
+    [[nodiscard]] static const CVALUE& True() noexcept;   ///< Bool 1
+    [[nodiscard]] static const CVALUE& False() noexcept;  ///< Bool 0
 
     CVALUE() noexcept = default;
     // Each of the following also assigns: the value is made first, then what was held is let go.
