@@ -29,13 +29,12 @@ concept LOGNUMBER =
                        std::is_same<T, unsigned long>, std::is_same<T, long long>, std::is_same<T, unsigned long long>,
                        std::is_same<T, float>, std::is_same<T, double>>;
 
+template <class T>
+concept LOGCHARACTER = std::same_as<T, char> || std::same_as<T, signed char> || std::same_as<T, unsigned char>;
+
 /// What streams take for a text.
 template <class T>
-concept LOGTEXT =
-    std::is_pointer_v<T> && std::disjunction_v < std::is_same < std::remove_cv_t<std::remove_pointer_t<T>>,
-char >, std::is_same<std::remove_cv_t<std::remove_pointer_t<T>>, signed char>,
-    std::is_same < std::remove_cv_t<std::remove_pointer_t<T>>, unsigned char >>
-    ;
+concept LOGTEXT = std::is_pointer_v<T> && LOGCHARACTER<std::remove_cv_t<std::remove_pointer_t<T>>>;
 
 /// A logger that hands each finished line to a policy: CLOGMANAGERPOLICY, CLOGDEBUGGERPOLICY, or one of your own.
 ///
