@@ -1,5 +1,7 @@
 #include <MLCore/predicates/CNOTPREDICATE.h>
 
+#include <utility>
+
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CNOTPREDICATE)

@@ -10,6 +10,7 @@
 #include <initializer_list>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace MLCore {
 

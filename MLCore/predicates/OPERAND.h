@@ -3,7 +3,6 @@
 #include <MLCore/predicates/CEXPRESSION.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
-#include <cstddef>
 #include <typeinfo>
 
 namespace MLCore {

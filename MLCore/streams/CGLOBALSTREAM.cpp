@@ -1,6 +1,7 @@
 #include <MLCore/streams/CGLOBALSTREAM.h>
 
-#include <cstdint>
+#include <cstddef>
+#include <cstring>
 #include <functional>
 #include <limits>
 

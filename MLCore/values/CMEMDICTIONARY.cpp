@@ -3,6 +3,7 @@
 #include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
