@@ -34,10 +34,11 @@ struct MLCORE_TEMPLATE_API noautorelease {};
 ///     };
 ///     CMANAGER::GetInstance()->...
 ///
-/// To be one also when several modules use it, the instantiation belongs into one of them, both at global scope: in the
-/// header `extern template class EXPORT MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;` before the class, in the
-/// source `template class MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`. (With g++ a module that exports such
-/// an instance is only unloaded before the process ends when it is compiled with -fno-gnu-unique, as this library is.)
+/// Where several modules use the class, one of them owns the instance, by two lines at global scope: in the header, before
+/// the class, `extern template class EXPORT MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`, and in the source
+/// `template class MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`. Otherwise each module may have an instance of
+/// its own. (With g++ a module that exports such an instance is only unloaded before the process ends when it is compiled
+/// with -fno-gnu-unique, as this library is.)
 template <class T, class Policy>
 class MLCORE_TEMPLATE_API CSINGLETON {
     static_assert(std::is_same_v<Policy, autorelease> || std::is_same_v<Policy, noautorelease>);

@@ -6,7 +6,7 @@ namespace MLCore {
 
 inline constexpr short kErrNull = -100;            ///< a null pointer, or memory that could not be had
 inline constexpr short kErrStreamEnd = -110;       ///< a stream ended, or a position or length lies outside it
-inline constexpr short kErrStreamName = -111;      ///< a name too long to be written to a stream
+inline constexpr short kErrStreamName = -111;      ///< a class name, or bytes, for which a stream has no room
 inline constexpr short kErrBoolean = 1;            ///< a boolean check failed (the message is 0)
 inline constexpr short kErrBadException = 120;     ///< std::bad_exception
 inline constexpr short kErrBadCast = 121;          ///< std::bad_cast
@@ -26,6 +26,7 @@ inline constexpr short kErrOtherException = 134;   ///< any other std::exception
 inline constexpr short kErrValueType = 138;        ///< a value of another type than asked for, or text that is no value
 inline constexpr short kErrStreamClosed = 141;     ///< an operation on a closed stream
 inline constexpr short kErrUnsupported = 150;      ///< an operation that the class does not support
-inline constexpr short kErrUnknownKey = 151;       ///< a key that the class does not know, or an index out of range
+inline constexpr short kErrUnknownKey =
+    151;  ///< a key that the class does not know, a malformed path, an index out of range
 
 }  // namespace MLCore

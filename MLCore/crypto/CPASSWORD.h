@@ -17,8 +17,8 @@ namespace MLCore {
 ///     Send(static_cast<const char*>(*password));
 ///     password->Unlock();  // to here
 ///
-/// The names are that way round on purpose: Lock() opens, Unlock() seals. Against what sealing protects tells
-/// MLCore/platform/ProtectedMemory.h. Memory is wiped before it is given back, also after a failure.
+/// The names are that way round on purpose: Lock() opens, Unlock() seals. MLCore/platform/ProtectedMemory.h tells what
+/// sealing protects against. Memory is wiped before it is given back, also after a failure.
 ///
 /// Which generator: **CreateSecure** for every new password. Create and CreateStrong exist for passwords that must be made
 /// the old way: both draw with the runtime's `rand()`, seeded with 32 random bits, so neither is stronger than 32 bits
@@ -30,8 +30,10 @@ namespace MLCore {
 ///
 /// Failures are FrameworkExceptions: the system's last error when it gives no random bytes or does not protect memory, -100
 /// (null) without memory. A failed call leaves the password as it was, save that memory that the system refuses to seal stays
-/// readable until the next Unlock() seals it. One object is used by one thread at a time. Each
-/// takes whole pages of memory: it is meant for a few thousand secrets at most.
+/// readable until the next Unlock() seals it.
+///
+/// One object is used by one thread at a time. Each takes whole pages of memory: it is meant for a few thousand secrets at
+/// most.
 class MLCORE_API CPASSWORD {
 public:
     /// `length` characters, each of the first `length` ones of the alphabet: Create(8) only draws from "ABCDEFGH". Weak; see

@@ -61,7 +61,7 @@ struct CHANNEL {
 
 /// All that the lock guards.
 class LOGSTATE {
-    LOGOUTPUT mOutput;
+    LOGOUTPUT mOutput;  // made before the stream that writes to it
 
 public:
     std::mutex lock;

@@ -68,7 +68,8 @@ public:
     /// 1 when the channel is enabled, else 0. An unknown one is, unless Enable(0) was called.
     [[nodiscard]] static int IsEnable(const char* name);
 
-    /// Logs to this file from now on; a relative path is one of the current folder. Null brings back the usual one: beside the program, with ".out" for its extension.
+    /// Logs to this file from now on; a relative path is one of the current folder. Null brings back the usual one: beside
+    /// the program, with ".out" for its extension.
     static void SetLogFile(const char* path);
     /// The level INF at first.
     static void SetLevel(Level level) noexcept;

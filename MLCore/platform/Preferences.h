@@ -18,8 +18,8 @@ namespace MLCore::platform {
 ///   first name keeps its case.
 ///
 /// Such a file is made of lines: `[section]`, `name = value`, and comments that start with `;` or `#`. Blanks around
-/// names and values do not count. Of several lines for one setting the first counts; lines of another form are skipped. What is no plain file, or larger than
-/// 1 MiB, holds no settings.
+/// names and values do not count. Of several lines for one setting the first counts; lines of another form are skipped.
+/// What is no plain file, or larger than 1 MiB, holds no settings.
 
 /// The setting as a text, as it stands: on Windows in the ANSI code page, on Linux the bytes of the file.
 ///

@@ -8,9 +8,11 @@
 namespace MLCore::platform {
 
 /// Zero-terminated text between code page 1252 and the wide characters of BSTRs. Null is the empty text.
+/// \throws std::bad_alloc
 [[nodiscard]] MLCORE_API std::wstring WideText(const char* ansi);
 
-/// A character that the code page lacks becomes '?', or on Windows the one that the system finds similar.
+/// The way back. A character that the code page lacks becomes '?', or on Windows the one that the system finds similar.
+/// \throws std::bad_alloc
 [[nodiscard]] MLCORE_API std::string AnsiText(const wchar_t* wide);
 
 /// Converts `length` bytes, which may hold zeros, into at most as many wide characters at `wide` and makes no other copy:

@@ -24,8 +24,9 @@ namespace MLCore {
 ///   call and at most kBufferSize bytes long reaches the file in one piece, also between those of other processes.
 ///
 /// The system's failures come with its code (FailLastError): 2 (on Windows also 3) not found, 5 access denied, 32 in use by
-/// others, 80 exists already, 87 a mode whose flags do not go together, 112 disk full, 132 no file with
-/// positions (a pipe, a terminal), 223 too large for the system, 336 a folder. What others may do with an open file is told in MLCore/platform/File.h.
+/// others, 80 exists already, 87 a mode whose flags do not go together, 112 disk full, 132 no file with positions (a pipe,
+/// a terminal), 223 too large for the system, 336 a folder. MLCore/platform/File.h tells what others may do with an open
+/// file.
 ///
 /// The size is asked for at Open() and then counted. What others append later is not seen; where others cut the file,
 /// reading comes short and the stream ends there.

@@ -40,8 +40,8 @@ constexpr bool IsType(CVALUE::Type type) noexcept {
 template <std::size_t size>
 using SIZE = std::integral_constant<std::size_t, size>;
 
-/// Calls `operation` with the size of a type whose blocks are all as large. A constant, for which copying and comparing take no
-/// call; and bytes read as wide as they have just been written come faster.
+/// Calls `operation` with the size of a type whose blocks are all of one size, as a constant: then copying and comparing
+/// take a few instructions and no call.
 template <class OPERATION>
 void WithSize(CVALUE::Type type, const OPERATION& operation) {
     switch (type) {

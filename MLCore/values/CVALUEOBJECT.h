@@ -32,8 +32,10 @@ namespace MLCore {
 /// | Unknown    | any            | equal to Unknown only; in no order, nor is anything with Unknown  |
 ///
 /// Numbers are the integers, Float, Double, Bool, and Time by its seconds. Sides that cannot be brought together fail with
-/// 138. Comparing two values changes nothing, copies no text and takes no memory; any number of threads may compare the
-/// same objects while none sets a value. Begins, Ends and the orders are linear in the texts; Contains and Like, at worst, take
+/// 138.
+///
+/// Comparing two values changes nothing, copies no text and takes no memory; any number of threads may compare the same
+/// objects while none sets a value. Begins, Ends and the orders are linear in the texts; Contains and Like, at worst, take
 /// the product of the two lengths.
 class MLCORE_API CVALUEOBJECT : public COBJECT {
     MLCORE_CLASS(CVALUEOBJECT, COBJECT)
