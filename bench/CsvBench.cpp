@@ -4,7 +4,6 @@
 
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CFILESTREAM.h>
-#include <MLCore/streams/CISTREAMDECORATORFIELD.h>
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
 
@@ -24,6 +23,7 @@
 #include <csv.h>
 #endif
 
+#include "support/FieldLengths.h"
 #include "support/ScratchFile.h"
 #include "support/Workload.h"
 
@@ -34,7 +34,6 @@ using bench::SCRATCHFILE;
 
 constexpr std::size_t kLines = 1000000;
 constexpr int kFields = 6;
-constexpr long kLongest = 1000;
 
 struct TEXTS {
     const char* client;
@@ -75,27 +74,12 @@ std::int64_t WritePeer(const SCRATCHFILE& file, bool isQuoted) {
 }
 
 // What is read: the sum of all lengths.
-std::int64_t ReadOurs(const SCRATCHFILE& file) {
-    CFILESTREAM stream(file.GetPath());
-    stream.Open();
-    CCSVENCODER encoder;
-    CISTREAMDECORATORFIELD fields(stream, ';', encoder);
-    std::int64_t sum = 0;
-    std::string field;
-    while (fields.IsEnd() == 0) {
-        for (int i = 0; i < kFields; ++i) {
-            fields.GetValue(field, kLongest);
-            sum += static_cast<std::int64_t>(field.size());
-        }
-        fields.GetNextLine();
-    }
-    return sum;
-}
+std::int64_t ReadOurs(const SCRATCHFILE& file) { return bench::ReadFieldLengths(file.GetPath(), kFields); }
 
 std::int64_t ReadByHand(const SCRATCHFILE& file) {
     std::FILE* const in = std::fopen(file.GetPath(), "rb");
     std::int64_t sum = 0;
-    char line[kLongest];
+    char line[bench::kLongestField];
     std::string field;
     while (std::fgets(line, sizeof line, in) != nullptr) {
         const char* from = line;

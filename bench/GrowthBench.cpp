@@ -4,7 +4,6 @@
 #include <MLCore/predicates/SortArray.h>
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CFILESTREAM.h>
-#include <MLCore/streams/CISTREAMDECORATORFIELD.h>
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
 #include <MLCore/values/CMEMARRAY.h>
@@ -17,6 +16,7 @@
 #include <tuple>
 #include <unordered_set>
 
+#include "support/FieldLengths.h"
 #include "support/Orders.h"
 #include "support/ScratchFile.h"
 #include "support/Workload.h"
@@ -126,29 +126,11 @@ void WriteLines(const char* path, const ORDER* begin, const ORDER* end) {
     stream.Close();
 }
 
-// The sum of all lengths.
-std::int64_t ReadLines(const char* path) {
-    CFILESTREAM stream(path);
-    stream.Open();
-    CCSVENCODER encoder;
-    CISTREAMDECORATORFIELD fields(stream, ';', encoder);
-    std::int64_t sum = 0;
-    std::string field;
-    while (fields.IsEnd() == 0) {
-        for (int i = 0; i < 4; ++i) {
-            fields.GetValue(field, 1000);
-            sum += static_cast<std::int64_t>(field.size());
-        }
-        fields.GetNextLine();
-    }
-    return sum;
-}
-
 void RegisterCsv(const std::vector<ORDER>& orders, const bench::SCRATCHFILE& file) {
     GROWTH("write and read CSV lines", GROWTH::LAW::LINEAR)
         .Add("MLCore", ForEachPart(orders, [&file](const ORDER* begin, const ORDER* end) {
                  WriteLines(file.GetPath(), begin, end);
-                 return ReadLines(file.GetPath());
+                 return bench::ReadFieldLengths(file.GetPath(), 4);
              }));
 }
 
