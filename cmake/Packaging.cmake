@@ -1,14 +1,21 @@
 # What cpack makes in a build folder: a pair of Debian packages with the preset "debian", the programs' part and the developers';
 # elsewhere one archive of everything, a ZIP for Windows.
 
-set(docFiles "${PROJECT_SOURCE_DIR}/README.md")
+# The pages, for whom the tree is not there: links to what stays in it become plain words.
+file(REMOVE_RECURSE "${PROJECT_BINARY_DIR}/pages")
+file(GLOB_RECURSE pages CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/docs/*.md")
+foreach(page IN LISTS pages ITEMS README.md)
+    file(READ "${PROJECT_SOURCE_DIR}/${page}" text)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${page}")
+    string(REGEX REPLACE "\\[([^]]*)\\]\\([./]*(bench|examples|CONTRIBUTING|MLCore)[^)]*\\)" "\\1" text "${text}")
+    file(WRITE "${PROJECT_BINARY_DIR}/pages/${page}" "${text}")
+endforeach()
+install(DIRECTORY "${PROJECT_BINARY_DIR}/pages/" DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
     # Debian has its own form of both.
-    list(APPEND docFiles "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/CHANGELOG.md")
+    install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
 endif()
-install(FILES ${docFiles} DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development
-    FILES_MATCHING PATTERN "*.md" PATTERN abi EXCLUDE)
 
 set(CPACK_PACKAGE_NAME MLCore)
 if(NOT CPACK_PACKAGE_CONTACT)

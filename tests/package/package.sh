@@ -92,6 +92,16 @@ links_kind() {
     [ "$(readelf -d "$1" | grep -c 'NEEDED.*\[libMLCore\.so\.1\]')" -eq $wanted ]
 }
 
+# A link of an installed page leads to another one.
+pages_linked() {
+    local folder page target dead=0
+    folder=$(find "$prefix" -name README.md -printf '%h\n') && [ -n "$folder" ] || return 1
+    while IFS=: read -r page target; do
+        [ -f "$(dirname "$page")/$target" ] || { echo "$page: a dead link: $target"; dead=1; }
+    done < <(grep -roE --include='*.md' '\]\([^):#]+' "$folder" | sed 's/](//')
+    return $dead
+}
+
 # Every header that is in the tree is installed, and nothing else.
 headers_installed() {
     diff <(cd "$ROOT" && find MLCore -name '*.h' | sort) <(cd "$prefix/include" && find MLCore -type f | sort)
@@ -134,6 +144,7 @@ for preset in "${presets[@]}"; do
         prefix=$work/installed/$name-moved
         attempt "$name: install" install_library || continue
         attempt "$name: headers" headers_installed
+        attempt "$name: pages" pages_linked
         attempt "$name: find_package" with_cmake "$name-found" "-DCMAKE_PREFIX_PATH=$prefix" "-DCMAKE_FIND_ROOT_PATH=$prefix"
         [ "$preset" = linux ] || continue
         attempt "$name: pkg-config" with_pkg_config
@@ -152,6 +163,7 @@ if command -v dpkg-deb >/dev/null; then
     prefix=$work/packages/debian/usr
     if attempt "debian: packages" make_debian; then
         attempt "debian: headers" headers_installed
+        attempt "debian: pages" pages_linked
         for shared in ON OFF; do
             name=debian-shared target=MLCore::MLCore module=MLCore
             [ $shared = ON ] || name=debian-static target=MLCore::static module=MLCore-static
@@ -169,6 +181,7 @@ if [[ " ${presets[*]} " == *" windows "* ]]; then
     prefix=$work/packages/zip
     attempt "zip: package" make_zip &&
         attempt "zip: headers" headers_installed &&
+        attempt "zip: pages" pages_linked &&
         attempt "zip: find_package" with_cmake zip-found "-DCMAKE_PREFIX_PATH=$prefix" "-DCMAKE_FIND_ROOT_PATH=$prefix"
 fi
 exit $status
