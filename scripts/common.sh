@@ -15,7 +15,8 @@ PACKAGES_CLANG="clang-14 libclang-rt-14-dev llvm-14"
 PACKAGES_WINDOWS="g++-mingw-w64-x86-64-posix wine wine64"
 PACKAGES_PACKAGE="lintian dpkg-dev file"
 PACKAGES_BENCH="libbenchmark-dev"
-PACKAGES_PEERS="libquantlib0-dev libboost-dev libboost-date-time-dev qtbase5-dev libabsl-dev libpoco-dev libsqlite3-dev libgnustep-base-dev gobjc++ libfccp-dev libcsv-dev libxml2-dev libspdlog-dev"
+PACKAGES_PEERS="libquantlib0-dev libboost-dev libboost-date-time-dev qtbase5-dev libabsl-dev libpoco-dev libsqlite3-dev
+libgnustep-base-dev gobjc++ libfccp-dev libcsv-dev libxml2-dev libspdlog-dev"
 PACKAGES_COVERAGE="gcovr"
 
 say() { printf '%s\n' "$*"; }
@@ -128,7 +129,10 @@ show_failures() {
             if (line ~ /^\[ RUN      \]/) current[test] = line "\n"
             # A sanitizer may complain while the test itself is content.
             else if (line ~ /^\[       OK \]/ && current[test] !~ /Sanitizer/) current[test] = ""
-            else if (line ~ /^\[       OK \]|^\[  FAILED  \] .* ms\)$/) { shown[test] = shown[test] current[test] line "\n"; current[test] = "" }
+            else if (line ~ /^\[       OK \]|^\[  FAILED  \] .* ms\)$/) {
+                shown[test] = shown[test] current[test] line "\n"
+                current[test] = ""
+            }
             else if (line ~ /^(Test command|Working Directory|Environment variables|Test timeout)/ || line ~ /^  ?[A-Z]+=/) next
             else if (length(current[test]) < 4000) current[test] = current[test] line "\n"
             next

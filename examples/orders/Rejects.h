@@ -16,8 +16,8 @@ struct LINE {
     long number = 0;
 };
 
-/// Counts lines that are refused, tells the journal, and keeps them, byte by byte, in a file of their own. It begins with the first line of the
-/// file that they come from, so that it can be mended and read in that one's place.
+/// Counts lines that are refused, tells the journal, and keeps them, byte by byte, in a file of their own. It begins with
+/// the first line of the file that they come from, so that it can be mended and read in that one's place.
 class REJECTS {
 public:
     /// Without a path, the lines are only counted.

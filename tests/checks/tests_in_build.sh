@@ -32,5 +32,6 @@ done < <(find tests -name '*Test.cpp' | sort)
 while IFS= read -r line; do
     echo "$line: a test in a file that is not named *Test.cpp"
     status=1
-done < <(grep -rnE '^(TEST|TEST_F|TEST_P|TYPED_TEST)\(' --include='*.cpp' --include='*.h' tests | grep -vE '^[^:]*Test\.cpp:' | cut -d: -f1,2)
+done < <(grep -rnE '^(TEST|TEST_F|TEST_P|TYPED_TEST)\(' --include='*.cpp' --include='*.h' tests |
+    grep -vE '^[^:]*Test\.cpp:' | cut -d: -f1,2)
 exit $status
