@@ -1,8 +1,7 @@
 // XML of elements: refused, or read, written and read again as the same.
 #include <MLCore/keys/CXMLKEYREADER.h>
 #include <MLCore/keys/CXMLKEYWRITER.h>
-
-#include <map>
+#include <keys/ElementTree.h>
 
 #include "Input.h"
 #include "Streams.h"
@@ -12,36 +11,14 @@ namespace {
 using namespace MLCore;
 using namespace fuzz;
 
-struct ELEMENT {
-    std::string name;
-    std::map<std::string, std::string> attributes;
-    std::string text;
-    std::vector<ELEMENT> children;
-    bool operator==(const ELEMENT&) const = default;
-};
+using elementtree::TREE;
 
-void Write(CKEYWRITER& writer, const ELEMENT& element) {
-    writer.BeginElement(element.name);
-    for (const auto& [name, value] : element.attributes) writer.SetAttribute(name, value);
-    if (!element.text.empty()) writer.SetText(element.text);
-    for (const ELEMENT& child : element.children) Write(writer, child);
-    writer.EndElement();
-}
-
-ELEMENT Read(CKEYREADER& reader) {
-    ELEMENT element{reader.GetElementName(), {}, "", {}};
-    reader.BeginElement(element.name);
-    for (const char* const name : {"a", "b", "key", "type", "value"})
-        if (reader.HasAttribute(name) != 0) element.attributes[name] = reader.GetAttribute(name);
-    element.text = reader.GetText();
-    while (reader.HasElement() != 0) element.children.push_back(Read(reader));
-    reader.EndElement();
-    return element;
-}
+/// Of the attributes that are asked for.
+constexpr const char* kNames[] = {"a", "b", "key", "type", "value"};
 
 struct RESULT {
     int failure = 0;
-    ELEMENT element;
+    TREE element;
     unsigned long long position = 0;  // behind the document
     bool operator==(const RESULT&) const = default;
 };
@@ -51,7 +28,7 @@ RESULT Read(const std::string& xml) {
     SOURCE source(xml);
     CXMLKEYREADER reader(source.Stream());
     RESULT result;
-    result.failure = FailureOf([&] { result.element = Read(reader); });
+    result.failure = FailureOf([&] { result.element = elementtree::Read(reader, kNames); });
     FUZZ_REQUIRE(result.failure == 0 || result.failure == 138);
     if (result.failure == 0) {
         FUZZ_REQUIRE(reader.HasElement() == 0);

@@ -2,46 +2,24 @@
 #include <MLCore/keys/CXMLKEYWRITER.h>
 #include <MLCore/text/CodePage1252.h>
 #include <gtest/gtest.h>
+#include <keys/ElementTree.h>
 #include <streams/Bytes.h>
 #include <support/TempFile.h>
 
 #include <cstdlib>
-#include <map>
 #include <sstream>
 
 namespace {
 
 using namespace bytes;
 
-/// An element. Attributes have one of these names.
-struct TREE {
-    std::string name = "r";
-    std::map<std::string, std::string> attributes;
-    std::string text;
-    std::vector<TREE> children;
-    bool operator==(const TREE&) const = default;
-};
+using elementtree::TREE;
+
+/// Of the attributes.
 constexpr const char* kNames[] = {"a", "b", "_.-9"};
 constexpr const char* kDeclaration = "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n";
 
-void Write(CKEYWRITER& writer, const TREE& tree) {
-    writer.BeginElement(tree.name);
-    for (const auto& [name, value] : tree.attributes) writer.SetAttribute(name, value);
-    if (!tree.text.empty()) writer.SetText(tree.text);
-    for (const TREE& child : tree.children) Write(writer, child);
-    writer.EndElement();
-}
-
-TREE Read(CKEYREADER& reader) {
-    TREE tree{reader.GetElementName(), {}, "", {}};
-    reader.BeginElement(tree.name);
-    for (const char* const name : kNames)
-        if (reader.HasAttribute(name) != 0) tree.attributes[name] = reader.GetAttribute(name);
-    tree.text = reader.GetText();
-    while (reader.HasElement() != 0) tree.children.push_back(Read(reader));
-    reader.EndElement();
-    return tree;
-}
+TREE Read(CKEYREADER& reader) { return elementtree::Read(reader, kNames); }
 
 /// Reads from a stream with a position and from one without; what follows the document stays in both. Null: is refused.
 void Check(const std::string& xml, const TREE* tree, std::size_t behind = 0) {
