@@ -1,3 +1,4 @@
+// What libFuzzer calls with each input: the program holds one property.
 #include "Input.h"
 
 #include <cstdint>

@@ -4,7 +4,11 @@
 #include <MLCore/streams/CBUFFERSTREAM.h>
 #include <MLCore/streams/CISTREAMDECORATOR.h>
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
+
+#include "Input.h"
 
 namespace fuzz {
 
@@ -40,5 +44,38 @@ struct PLAIN : MLCore::CISTREAM {
     ASKED asked;
     MLCore::CBUFFERSTREAM& memory = asked.memory;
 };
+
+/// Reads over a value, and tells its bytes then and the failure: none, or one of those that may be.
+template <class Value>
+std::string ReadValue(MLCore::CISTREAM& stream, Value value, std::initializer_list<int> failures) {
+    const int failure = FailureOf([&] { stream.GetValue(value); });
+    FUZZ_REQUIRE(failure == 0 || std::find(failures.begin(), failures.end(), failure) != failures.end());
+    return std::string(reinterpret_cast<const char*>(&value), sizeof(value)) + std::to_string(failure);
+}
+
+/// A value of the type of this number, 0 to 8.
+inline std::string ReadTyped(MLCore::CISTREAM& stream, unsigned type, std::initializer_list<int> failures) {
+    using namespace MLCore;
+    switch (type) {
+        case 0:
+            return ReadValue(stream, 'b', failures);
+        case 1:
+            return ReadValue(stream, short{7}, failures);
+        case 2:
+            return ReadValue(stream, 7L, failures);
+        case 3:
+            return ReadValue(stream, 7UL, failures);
+        case 4:
+            return ReadValue(stream, 0.5, failures);
+        case 5:
+            return ReadValue(stream, CDATE(7, 8, 1999), failures);
+        case 6:
+            return ReadValue(stream, CTIME(1, 2, 3), failures);
+        case 7:
+            return ReadValue(stream, CDATETIME(CDATE(7, 8, 1999), CTIME(1, 2, 3)), failures);
+        default:
+            return ReadValue(stream, static_cast<unsigned short>(7), failures);
+    }
+}
 
 }  // namespace fuzz
