@@ -1,6 +1,7 @@
 #include <MLCore/platform/WinTypes.h>
 
 #include <MLCore/platform/AnsiCodePoints.h>
+#include <MLCore/platform/ComErrorText.h>
 #include <MLCore/platform/GlobalMemory.h>
 #include <MLCore/platform/LastError.h>
 #include <MLCore/platform/OleDate.h>
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
@@ -38,10 +38,6 @@ BSTR CopyOf(const wchar_t* text, UINT length) {
     }
     return copy;
 }
-
-/// The codes of dispatch interfaces, and the number that the first of them has.
-constexpr std::uint32_t kFirstDispatchCode = 0x80040200;
-constexpr std::uint32_t kLastDispatchCode = 0x8004FFFF;
 
 }  // namespace
 
@@ -216,22 +212,12 @@ const char* _com_error::ErrorMessage() const {
         mMessage = SystemMessage(static_cast<std::uint32_t>(mCode));
     }
     if (mMessage.empty()) {
-        char text[32] = "";
-        if (WCode() != 0) {
-            std::snprintf(text, sizeof(text), "IDispatch error #%d", static_cast<int>(WCode()));
-        } else {
-            std::snprintf(text, sizeof(text), "Unknown error 0x%0X", static_cast<std::uint32_t>(mCode));
-        }
-        mMessage = text;
+        mMessage = ComErrorText(static_cast<std::uint32_t>(mCode));
     }
     return mMessage.c_str();
 }
 
-WORD _com_error::WCode() const noexcept {
-    const std::uint32_t code = static_cast<std::uint32_t>(mCode);
-    return code >= kFirstDispatchCode && code <= kLastDispatchCode ? static_cast<WORD>(code - kFirstDispatchCode)
-                                                                   : WORD{0};
-}
+WORD _com_error::WCode() const noexcept { return DispatchCodeOf(static_cast<std::uint32_t>(mCode)); }
 
 HGLOBAL GlobalAlloc(UINT flags, SIZE_T size) noexcept {
     if ((flags & GMEM_MOVEABLE) == 0) {
