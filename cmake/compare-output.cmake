@@ -1,5 +1,5 @@
 # Runs a program and compares what it prints, its output followed by its error output, with a file:
-#   cmake -DCOMMAND=... -DEXPECTED=FILE -DSTATUS=N -DACTUAL=FILE -P compare.cmake
+#   cmake -DCOMMAND=... -DEXPECTED=FILE -DSTATUS=N -DACTUAL=FILE -P compare-output.cmake
 # COMMAND is a list. What was printed is left in ACTUAL.txt and compared with EXPECTED.txt; line ends may be those of any
 # system. An argument ACTUAL.NAME is a file that the program writes, the bytes of EXPECTED.NAME, or does not leave there when
 # there is no such file.
