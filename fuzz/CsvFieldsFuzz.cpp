@@ -42,7 +42,7 @@ std::string Write(const ROWS& rows, bool isHidden) {
         for (const std::string& field : row) fields << field;
         fields.SetNextLine();
     }
-    return std::string(static_cast<const char*>(memory.GetBuffer()), memory.GetSize());
+    return BytesOf(memory);
 }
 
 /// Fields come back, with double quotes next to each other joined; what is read of any bytes comes back as it is, and is

@@ -47,7 +47,7 @@ void Property(INPUT input) {
     out.Open();
     CXMLKEYWRITER writer(out);
     Write(writer, result.element);
-    const std::string own(static_cast<const char*>(out.GetBuffer()), out.GetSize());
+    const std::string own = BytesOf(out);
     const RESULT again = Read<LENT>(own);
     FUZZ_REQUIRE(again.element == result.element && again.failure == 0 && again.position == own.size() - 1);
     // Nothing of it belongs to what stands behind, and nothing can be missing.

@@ -61,7 +61,7 @@ std::string Read(const std::string& bytes) {
     CBUFFERSTREAM out;
     out.Open();
     out.SetObject(object);
-    const std::string written(static_cast<const char*>(out.GetBuffer()), out.GetSize());
+    const std::string written = BytesOf(out);
     FUZZ_REQUIRE(written == bytes.substr(0, source.memory.GetPosition()));
     return written;
 }

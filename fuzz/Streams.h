@@ -45,6 +45,11 @@ struct PLAIN : MLCore::CISTREAM {
     MLCore::CBUFFERSTREAM& memory = asked.memory;
 };
 
+/// What was written to a stream.
+inline std::string BytesOf(const MLCore::CBUFFERSTREAM& stream) {
+    return std::string(static_cast<const char*>(stream.GetBuffer()), stream.GetSize());
+}
+
 /// Reads over a value, and tells its bytes then and the failure: none, or one of those that may be.
 template <class Value>
 std::string ReadValue(MLCore::CISTREAM& stream, Value value, std::initializer_list<int> failures) {

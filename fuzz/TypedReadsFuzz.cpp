@@ -20,7 +20,7 @@ std::string ReadBlock(CISTREAM& stream) {
     out.Open();
     out.SetValue(block);
     FUZZ_REQUIRE(out.GetSize() == 4 + platform::GlobalBlockSize(block) && platform::GlobalBlockFree(block));
-    return std::string(static_cast<const char*>(out.GetBuffer()), out.GetSize());
+    return BytesOf(out);
 }
 
 std::string ReadText(CISTREAM& stream, long length) {
