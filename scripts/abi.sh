@@ -3,7 +3,7 @@
 # commit or a tag, the last tag unless told. Builds both with debug information in build/abi; needs abidiff (Debian:
 # abigail-tools). Ends with abidiff's status: 0 nothing changed, 4 changed, 12 changed so that programs break.
 set -u
-# shellcheck source=common.sh
+# shellcheck source=scripts/common.sh
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 base=${1:-$(git -C "$ROOT" describe --tags --abbrev=0)} || exit 1
 base=$(git -C "$ROOT" rev-parse --short "$base^{commit}") || exit 1

@@ -183,11 +183,11 @@ for compiler in g++ x86_64-w64-mingw32-g++-posix; do
             fi
         done
         # The listing does not tell overloads apart; the compiled table does.
-        want=$(overloads "$class")
+        wanted=$(overloads "$class")
         actual=$(sed -n "/^_ZTV${#listed[$class]}${listed[$class]}:/,/^[^[:space:]]/p" "$work/unit.s" | c++filt |
             sed -nE '/[GS]etValue\(/ { s/std::__cxx11::basic_string<[^&]*>/string/; s/MLCore:://g
                 s/.*[GS]etValue\((.*)\)/\1/; s/, /,/g; s/ ?([*&])/\1/g; s/ /_/g; p }' | paste -sd' ')
-        if [ -n "$want" ] && [ "$actual" != "$want" ]; then
+        if [ -n "$wanted" ] && [ "$actual" != "$wanted" ]; then
             echo "MLCore/${header[$class]}:1: $compiler: the overloads of $class are in another order: $actual"
             status=1
         fi
