@@ -261,8 +261,8 @@ public:
     int FromStringLong(const char* text) noexcept;
     /// Reads DDMMYY from the first 6 characters; years 00..50 are 20xx, 51..99 19xx.
     int FromStringShort(const char* text) noexcept;
-    /// Reads YYYY-MM-DD, whose lengths are not checked ("2024-3-5" is read), or YYYYMMDD. With "T" and a time (CTIME::FromStringXML) behind it, the moment is taken for UTC and
-    /// the date is the local one.
+    /// Reads YYYY-MM-DD, whose lengths are not checked ("2024-3-5" is read), or YYYYMMDD. With "T" and a time
+    /// (CTIME::FromStringXML) behind it, the moment is taken for UTC and the date is the local one.
     int FromStringXML(const char* text) noexcept;
 
     /// The days of the month; 0 for a month outside 1..12.
