@@ -4,7 +4,7 @@
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
 #include <MLCore/predicates/NodeText.h>
-#include <MLCore/text/AnsiCharacters.h>
+#include <MLCore/text/Blanks.h>
 
 #include <string_view>
 #include <utility>

@@ -7,7 +7,7 @@
 #include <MLCore/streams/OwnClass.h>
 #include <MLCore/streams/STREAMCURSOR.h>
 #include <MLCore/streams/SpecialCharacters.h>
-#include <MLCore/text/AnsiCharacters.h>
+#include <MLCore/text/Blanks.h>
 #include <MLCore/text/DecimalText.h>
 #include <MLCore/text/DoubleText.h>
 

@@ -1,5 +1,7 @@
 #include <MLCore/text/AnsiCharacters.h>
 
+#include <string_view>
+
 namespace MLCore {
 
 namespace {

@@ -5,12 +5,8 @@
 
 #include <array>
 #include <cstdint>
-#include <string_view>
 
 namespace MLCore {
-
-/// What separates words and surrounds values: space, tab, LF, VT, FF and CR.
-inline constexpr std::string_view kBlanks = " \t\n\v\f\r";
 
 /// What is known of a character. Small letters have the `order`, `accent` and `second` of their capitals.
 struct ANSICHARACTER {

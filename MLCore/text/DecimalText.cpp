@@ -1,4 +1,4 @@
-#include <MLCore/text/AnsiCharacters.h>
+#include <MLCore/text/Blanks.h>
 #include <MLCore/text/DecimalText.h>
 
 #include <algorithm>
