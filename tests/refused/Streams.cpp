@@ -1,5 +1,4 @@
-// Code that must not compile. Without REFUSED the file does; with it the compiler must complain about every line that ends
-// in "refused": see checks/refused.sh.
+// What streams do not take for a value, a handle or an object: see Core.cpp.
 
 #include <MLCore/streams/CBUFFERSTREAM.h>
 #include <MLCore/streams/CSTREAMREADER.h>
