@@ -22,7 +22,8 @@ public:
     explicit KEYSTEPS(std::string_view keyPath) noexcept : mRest(keyPath) {}
 
     [[nodiscard]] bool IsEnd() const noexcept { return mRest.empty(); }
-    /// The step at the front, which there must be one of. Fails with 151 when it is malformed, or what follows it is no step.
+    /// Takes the step at the front of a path that is not at its end. Fails with 151 when the step is malformed, or what follows
+    /// it is none.
     STEP Take();
 
     /// Whether `text` is a name, which is also a path of one step.

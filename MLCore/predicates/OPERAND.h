@@ -10,7 +10,7 @@ namespace MLCore {
 /// What an expression is evaluated with.
 struct SUBJECT {
     COBJECT* object;
-    CDICTIONARY* variables;  ///< null: every variable is
+    CDICTIONARY* variables;  ///< null: every variable is null
 };
 
 /// An expression as a predicate holds it: what does not depend on the object is computed once. Not for clients.

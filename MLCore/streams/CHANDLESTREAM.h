@@ -28,7 +28,7 @@ public:
     /// the block keeps its capacity.
     void Close() override;
 
-    /// The block, or null; it stays as it was owned.
+    /// The block, or null. Whoever owned it still does.
     [[nodiscard]] void* GetHandle() const;
     /// Hands the block to the caller, and leaves the stream without one. Null, and no change, while the stream is open.
     [[nodiscard]] void* Detach();

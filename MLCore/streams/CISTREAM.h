@@ -73,8 +73,8 @@ public:
     /// Back to the first byte.
     virtual void Rewind() = 0;
 
-    /// Objects that read their own objects from the state of which they are read nest; deeper than this is not read, nor
-    /// written.
+    /// How deep objects may be nested that have further objects in their own state. What is nested deeper is neither read nor
+    /// written: 138.
     static constexpr short kMaxObjectDepth = 256;
 
     CISTREAM& operator>>(char& value) { return Extract(value); }

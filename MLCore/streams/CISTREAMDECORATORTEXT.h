@@ -22,7 +22,7 @@ class CRANDOMSTREAM;
 /// A read that comes to the end of its line takes the LF and sets the end-of-line flag. From then on values are empty,
 /// until ReadLine() (which gives ""), GetNextLine() or ClearEndOfLine() clears the flag.
 ///
-/// Typed reads take the rest of the line, blanks around the value ignored. Nothing gives 0 or null. What is not wholly a
+/// Typed reads take the rest of the line, blanks around the value ignored. An empty text gives 0 or null. What is not wholly a
 /// value of the type fails with 138, with the text taken and the destination unchanged; at the end of the stream, with the
 /// flag clear, they fail with -110. Memory blocks and objects are the component's, in their binary form, and so are Skip()
 /// and Rewind(), which leave the flag alone.

@@ -107,8 +107,8 @@ public:
         mPosition += count;
         return taken;
     }
-    /// Where `count` bytes can be written at the position, Advance() to follow; null when there is not room for all, and for
-    /// none: the position may lie before the area.
+    /// Where `count` bytes can be written at the position, Advance() to follow; null when there is not room for all of them,
+    /// and when `count` is 0: the position may then lie before the area.
     [[nodiscard]] char* Room(std::size_t count) const noexcept {
         const bool isHere = count - 1 < RoomAhead() && (!mArea.isForAppending || mPosition == mSize);
         return isHere && mArea.data != nullptr ? AtPosition() : nullptr;

@@ -22,7 +22,7 @@ namespace MLCore {
 /// leads one character on, but not behind the end, and neither end is tied. So "a?b?c" matches "zaXbYcz", "?a?b" does not
 /// match "ab", and "????" wants four characters.
 ///
-/// Takes memory for nothing; at worst time in proportion to the product of the lengths.
+/// Takes no memory, and at worst time in proportion to the product of the lengths.
 [[nodiscard]] MLCORE_API int MatchesLike(std::string_view text, std::string_view pattern,
                                          CVALUEOBJECT::ComparisonOption option) noexcept;
 

@@ -1,4 +1,4 @@
-/// Memory for what small values hold: most live shortly, and the heap takes longer than the rest of their life.
+/// Memory for what small values hold. Most live only for a moment, and the heap would take longer than all they do.
 /// Not for clients.
 #pragma once
 

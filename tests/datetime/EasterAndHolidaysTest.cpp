@@ -51,7 +51,8 @@ TEST(HolidaysTest, EveryDayOfManyYears) {
             }
         }
         // A fixed day counts by its day and month, whatever the year.
-        EXPECT_TRUE(calendar->IsFerie({1, 5, -32768}) == 1 && calendar->IsFerie({1, 5, 32767}) == 1 && !calendar->IsFerie({}));
+        EXPECT_TRUE(calendar->IsFerie({1, 5, -32768}) == 1 && calendar->IsFerie({1, 5, 32767}) == 1 &&
+                    !calendar->IsFerie({}));
     }
 }
 
