@@ -72,7 +72,7 @@ inline bool COSTREAMDECORATORFIELD::IsPlain() const noexcept {
            !kLineEnds.Has(mSeparator);
 }
 
-/// The same for what those leave as it is; false, with nothing done, for what is too long.
+/// WriteField() of what the encoders leave as it is; false, with nothing done, for what is too long.
 bool COSTREAMDECORATORFIELD::WritePlain(std::string_view value) {
     const std::size_t lead = mIsLineStart != 0 ? 0 : 1;
     const std::size_t size = lead + value.size();
@@ -95,7 +95,7 @@ bool COSTREAMDECORATORFIELD::WritePlain(std::string_view value) {
     return true;
 }
 
-/// The same for what the encoder puts in quotes; false, with nothing done, for what is not only that, or too long.
+/// WriteField() of what the encoder puts in quotes; false, with nothing done, for what it changes further, or is too long.
 bool COSTREAMDECORATORFIELD::WriteQuoted(std::string_view value) {
     const bool hasLineEnds =
         std::any_of(value.begin(), value.end(), [](char character) { return kLineEnds.Has(character); });
@@ -109,7 +109,7 @@ bool COSTREAMDECORATORFIELD::WriteQuoted(std::string_view value) {
     return true;
 }
 
-/// The same for a number, which needs no look at, where it fits into the component's memory.
+/// WriteField() of a number, which needs no look at; false, with nothing done, where the component lends no room for it.
 bool COSTREAMDECORATORFIELD::WritePlain(std::int32_t value) {
     STREAMCURSOR* const lent = GetLent();
     char* const room = lent != nullptr && IsPlain() ? lent->Room(kLongestNumber + 1) : nullptr;
