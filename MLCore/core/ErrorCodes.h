@@ -26,7 +26,6 @@ inline constexpr short kErrOtherException = 134;   ///< any other std::exception
 inline constexpr short kErrValueType = 138;        ///< a value of another type than asked for, or text that is no value
 inline constexpr short kErrStreamClosed = 141;     ///< an operation on a closed stream
 inline constexpr short kErrUnsupported = 150;      ///< an operation that the class does not support
-inline constexpr short kErrUnknownKey =
-    151;  ///< a key that the class does not know, a malformed path, an index out of range
+inline constexpr short kErrUnknownKey = 151;       ///< a key that the class does not know, or an index or path at fault
 
 }  // namespace MLCore
