@@ -224,6 +224,7 @@ TEST(FileStreamTest, AppendersFollowEachOther) {
     CFILESTREAM right(file.path.c_str(), kLog);
     left.Open();
     right.Open();
+    left.Flush();  // nothing yet, from either
     left << "left ";
     right << "right ";
     right.Flush();

@@ -29,6 +29,9 @@ TEST(ResourceStreamTest, ReadsFromAnotherModule) {
         EXPECT_EQ(stream->GetSize() + stream->GetPosition() + static_cast<unsigned>(stream->GetOpenMode()), 0U);
         stream->Open();
         stream->SetSize(3);
+        stream->SetPosition(4);
+        EXPECT_EQ(stream->GetPosition(), 4U);
+        stream->Rewind();
         long number = 0;
         *stream >> number;
         EXPECT_EQ(number, -2);
