@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -171,7 +172,7 @@ const SCENARIO<STATE> kScenarios[] = {
      [](STATE& state) {
          static_cast<void>(static_cast<const wchar_t*>(*state.password));
          state.password->Lock();
-         state.text = static_cast<const wchar_t*>(*state.password) == std::wstring(L"a line") ? "wide" : "none";
+         state.text = std::wcscmp(*state.password, L"a line") == 0 ? "wide" : "none";
          state.password->Unlock();
      },
      LEAVES::Part},
@@ -218,7 +219,7 @@ TEST(SeamTest, FailuresAreToldOrNotNoticed) {
                                           {FAULTS::Kind::Memory, false},
                                           {FAULTS::Kind::Memory, true}});
     }
-    EXPECT_GT(failures, 300);
+    EXPECT_GT(failures, 250);
     fs::current_path(before);
     fs::remove_all(folder);
 }
