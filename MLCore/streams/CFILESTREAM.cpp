@@ -127,6 +127,7 @@ void CFILESTREAM::Flush() {
 
 long CFILESTREAM::GetValue(void* buffer, long count) {
     FailNotReady();
+    FailNullBuffer(buffer, count);
     const long wanted = mCursor.Available(count);
     long done = 0;
     while (done < wanted) {
@@ -144,6 +145,7 @@ long CFILESTREAM::GetValue(void* buffer, long count) {
 
 void CFILESTREAM::SetValue(const void* buffer, long count) {
     FailNotReady();
+    FailNullBuffer(buffer, count);
     if (count <= 0 || mCursor.Put(buffer, static_cast<std::size_t>(count))) {
         return;
     }

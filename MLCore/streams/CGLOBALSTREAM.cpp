@@ -23,11 +23,13 @@ void CGLOBALSTREAM::Open() {
 
 long CGLOBALSTREAM::GetValue(void* buffer, long count) {
     FailNotReady();
+    FailNullBuffer(buffer, count);
     return mCursor.ReadFrom(mBlock.GetData(), buffer, count);
 }
 
 void CGLOBALSTREAM::SetValue(const void* buffer, long count) {
     FailNotReady();
+    FailNullBuffer(buffer, count);
     if (count <= 0) {
         return;
     }

@@ -35,8 +35,8 @@ public:
     [[nodiscard]] virtual int IsEnd() const = 0;
     /// Copies the rest of this stream to `out`, in reads of 1024 bytes, and returns the number of bytes.
     virtual long GetValue(COSTREAM& out);
-    /// The raw read: up to `count` bytes into `buffer`. Returns how many came, fewer only at the end; 0 when `count` is
-    /// not positive.
+    /// The raw read: up to `count` bytes into `buffer` (null: -100). Returns how many came, fewer only at the end; 0 when
+    /// `count` is not positive.
     virtual long GetValue(void* buffer, long count) = 0;
     /// Reads a memory block. The caller owns the handle (GlobalFree; MLCore/platform/GlobalMemory.h); null for a block
     /// of no bytes. A size above 2^31-1, or beyond the end of a stream that knows its size, fails with -110 before memory

@@ -19,11 +19,13 @@ void CMEMSTREAM::Open() {
 
 long CMEMSTREAM::GetValue(void* buffer, long count) {
     FailNotReady();
+    FailNullBuffer(buffer, count);
     return mCursor.ReadFrom(mData, buffer, count);
 }
 
 void CMEMSTREAM::SetValue(const void* buffer, long count) {
     FailNotReady();
+    FailNullBuffer(buffer, count);
     if (count <= 0) {
         return;
     }

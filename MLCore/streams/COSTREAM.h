@@ -29,7 +29,7 @@ class MLCORE_API COSTREAM : public virtual CSTREAM {
 public:
     ~COSTREAM() override;
 
-    /// The raw write: all `count` bytes at `buffer`, or a failure. Nothing when `count` is not positive.
+    /// The raw write: all `count` bytes at `buffer`, or a failure; -100 for null. Nothing when `count` is not positive.
     virtual void SetValue(const void* buffer, long count) = 0;
     /// Writes a memory block (a handle, MLCore/platform/GlobalMemory.h; it stays the caller's): its size, then its bytes.
     /// Null is a block of no bytes, and what is no handle counts as one. Above 2^31-1 bytes: 126.
@@ -49,8 +49,8 @@ public:
     virtual void SetValue(char value);
     virtual void SetValueBOOL(int value);  ///< 4 bytes
     /// Writes the identifier of the object's class with its length, then the object's state. Null, and an object whose
-    /// class has no identifier or an empty one, is written as a null object. Fails with -111 for an identifier above 32767 characters, with
-    /// 138 beyond CISTREAM::kMaxObjectDepth.
+    /// class has no identifier or an empty one, is written as a null object. Fails with -111 for an identifier above 32767
+    /// characters, with 138 beyond CISTREAM::kMaxObjectDepth.
     virtual void SetObject(const CSERIALIZABLEOBJECT* object);
     /// Lines exist in text only (COSTREAMDECORATORTEXT): here both do nothing.
     virtual void WriteLine(const std::string& line);

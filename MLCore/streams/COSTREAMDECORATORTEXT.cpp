@@ -36,6 +36,7 @@ void COSTREAMDECORATORTEXT::WriteRun(const char* from, const char* to) {
 }
 
 void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
+    FailNullBuffer(buffer, count);
     const char* from = static_cast<const char*>(buffer);
     const char* const end = from + std::max(count, 0L);
     // The component's own bytes may move with the first run that is written.

@@ -32,6 +32,7 @@ long CRESOURCESTREAM::GetValue(COSTREAM& out) {
 
 long CRESOURCESTREAM::GetValue(void* buffer, long count) {
     FailClosed(*this);
+    FailNullBuffer(buffer, count);
     return mCursor.ReadFrom(mData, buffer, count);
 }
 

@@ -20,6 +20,13 @@ struct STREAMAREA {
     bool isForAppending = false;  ///< what lies there already is not to be overwritten
 };
 
+/// Only of no bytes there is no buffer.
+inline void FailNullBuffer(const void* buffer, long count) {
+    if (buffer == nullptr && count > 0) {
+        FailNull(buffer);
+    }
+}
+
 /// The size and the position of a stream of random access, and the rules about them that such streams share.
 class STREAMCURSOR {
 public:

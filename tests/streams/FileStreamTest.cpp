@@ -225,6 +225,7 @@ TEST(FileStreamTest, AppendersFollowEachOther) {
     left.Open();
     right.Open();
     left.Flush();  // nothing yet, from either
+    EXPECT_EQ(FailureOf([&] { left.SetValue(static_cast<const void*>(nullptr), 4); }), -100);
     left << "left ";
     right << "right ";
     right.Flush();

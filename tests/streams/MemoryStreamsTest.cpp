@@ -8,6 +8,7 @@
 
 #include <climits>
 #include <random>
+#include <typeinfo>
 
 namespace {
 
@@ -35,6 +36,11 @@ void CheckRandomly(STREAM& stream, MODEL model) {
     EXPECT_EQ(FailureOf([&] { stream.SetValue("", -1); }) + FailureOf([&] { stream.Rewind(); }), 282);
     EXPECT_EQ(FailureOf([&] { stream << ""; }) + FailureOf([&] { stream << static_cast<char*>(nullptr); }), 282);
     stream.Open();
+    if (typeid(stream) != typeid(CCOUNTINGSTREAM)) {
+        void* const none = nullptr;
+        EXPECT_EQ(FailureOf([&] { stream.GetValue(none, 1); }) + stream.GetValue(none, 0), -100);
+        EXPECT_EQ(FailureOf([&] { stream.SetValue(static_cast<const void*>(none), 4); }), -100);
+    }
     stream.SetValue("", LONG_MIN);
     EXPECT_EQ(stream.GetValue(static_cast<void*>(text.data()), -1) + static_cast<long>(stream.GetPosition()), 0);
 }
