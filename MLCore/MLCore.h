@@ -1,4 +1,4 @@
-/// The whole library. Programs that care for their compile time include the headers of the classes they use.
+/// The whole library, save the services of the system (MLCore/platform/), which are included by themselves. Programs that care for their compile time include the headers of the classes they use.
 #pragma once
 
 #include <MLCore/core/CCLASSTYPEINFO.h>
