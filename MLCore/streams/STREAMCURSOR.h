@@ -20,7 +20,7 @@ struct STREAMAREA {
     bool isForAppending = false;  ///< what lies there already is not to be overwritten
 };
 
-/// Only of no bytes there is no buffer.
+/// Fails with -100 for a null buffer, unless no byte is to be moved.
 inline void FailNullBuffer(const void* buffer, long count) {
     if (buffer == nullptr && count > 0) {
         FailNull(buffer);
