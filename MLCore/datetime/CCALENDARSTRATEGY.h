@@ -52,7 +52,8 @@ public:
     [[nodiscard]] virtual int IsTravaille(const CDATE& date) const;
 
     /// Easter Sunday of the year in the Gregorian calendar, by the anonymous computus that Meeus, Jones and Butcher
-    /// published (J. Meeus, "Astronomical Algorithms", chapter 8).
+    /// published (J. Meeus, "Astronomical Algorithms", chapter 8). Years below 0 give what its formula gives, and no calendar
+    /// here has movable holidays in them.
     [[nodiscard]] static CDATE GetPaquesDate(short year) noexcept;
 
 protected:

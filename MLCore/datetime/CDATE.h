@@ -19,7 +19,8 @@ class CCALENDARSTRATEGY;
 struct CDATEFORMAT;
 
 /// A calendar date: day, month and year of the proleptic Gregorian calendar, or null. A value type of 6 bytes, copied
-/// freely. No operation fails; only texts take memory, and what an application's own strategy throws passes through.
+/// freely. No operation fails; only texts and the first question to the current calendar take memory, and what an
+/// application's own strategy throws passes through.
 ///
 ///     CDATE date(31, 1, 2024);
 ///     date.AddMonths(1);               // 29/2/2024: the day is clamped to the month

@@ -80,7 +80,8 @@ public:
     /// Sets the time to `seconds` modulo a day. Returns 1 when `seconds` is below 86400 and 0 otherwise; a negative
     /// number wraps and still returns 1, which is intended.
     int FromSeconds(long seconds) noexcept;
-    /// FromSeconds() of the whole seconds in `minutes`, rounded down. NaN and infinities return 0 and change nothing.
+    /// FromSeconds() of the whole seconds in `minutes`, rounded down. NaN and what is infinite, as it is or in seconds,
+    /// returns 0 and changes nothing.
     int FromMinutes(double minutes) noexcept;
     int FromHours(double hours) noexcept;
 
@@ -131,8 +132,8 @@ public:
     /// leaves the time alone (null too).
     int FromString(const char* text) noexcept;
     /// Reads an XML time, HH:MM:SS with an optional fraction and zone: "Z", "+hh:mm" or "-hh:mm"; or HHMMSS with an
-    /// optional "Z". Of a fraction only the first character is looked at; all of it is dropped. "" gives 00:00:00.
-    /// Returns 1, or 0 and leaves the time alone (null too).
+    /// optional "Z". Of a fraction, which ends at the zone, only the first character is looked at; all of it is dropped.
+    /// "" gives 00:00:00. Returns 1, or 0 and leaves the time alone (null too).
     ///
     /// A zone offset is *applied with its own sign*: 10:00:00+02:00 gives 12:00:00. That is the reverse of turning local
     /// time into UTC, and it is meant so. It leads around midnight and leaves a date in front alone. The compact form takes

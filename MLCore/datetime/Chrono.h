@@ -31,10 +31,10 @@ namespace MLCore {
 }
 
 [[nodiscard]] constexpr CDATE FromSysDays(std::chrono::sys_days day) noexcept {
-    const auto serial = static_cast<long long>(day.time_since_epoch().count()) + serialday::kUnixEpoch;
+    const long long count = day.time_since_epoch().count();
     CDATE date;
-    if (serial >= serialday::kFirst && serial <= serialday::kLast) {
-        date.From1904(static_cast<long>(serial));
+    if (count >= serialday::kFirst - serialday::kUnixEpoch && count <= serialday::kLast - serialday::kUnixEpoch) {
+        date.From1904(static_cast<long>(count + serialday::kUnixEpoch));
     }
     return date;
 }

@@ -11,14 +11,6 @@ CDATE FirstOf(int month, int year) noexcept {
     return {1, static_cast<std::int16_t>(month), static_cast<std::int16_t>(year)};
 }
 
-// The day of the date's week, 0 for the first.
-CDATE DayOfWeek(const CDATE& date, CCALENDARSTRATEGY* strategy, int day) {
-    const int firstDayOfWeek = CCALENDARMANAGER::Resolve(strategy).GetFirstDayOfWeek();
-    CDATE result;
-    result.From1904(businessdays::WeekStart(date.ComputeDaysFrom1904(), firstDayOfWeek) + day);
-    return result;
-}
-
 CDATETIME Start(const CDATE& date) noexcept { return {date, CTIME::Null()}; }
 
 CDATETIME End(const CDATE& date) noexcept { return {date, CTIME::Max()}; }
@@ -53,9 +45,15 @@ const PERIOD* FindPeriod(const CDATE& date, CDATE::eTypeEchelonnement type) noex
 
 }  // namespace
 
-CDATE FirstDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) { return DayOfWeek(date, strategy, 0); }
+CDATE FirstDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) {
+    const int firstDayOfWeek = CCALENDARMANAGER::Resolve(strategy).GetFirstDayOfWeek();
+    const std::int32_t serial = date.ComputeDaysFrom1904();
+    const std::int32_t start = businessdays::WeekStart(serial, firstDayOfWeek);
+    // Fields that are no date stay what they are on the week's first day.
+    return start == serial ? date : date - (serial - start);
+}
 
-CDATE LastDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) { return DayOfWeek(date, strategy, 6); }
+CDATE LastDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) { return FirstDateWeek(date, strategy) + 6; }
 
 CDATE FirstDateMonth(const CDATE& date) { return FirstOf(date.GetMonth(), date.GetYear()); }
 

@@ -69,6 +69,10 @@ TEST(WeekNumberTest, WorkedDates) {
         EXPECT_EQ(year * 100 + number, kWeeks[i]) << kDates[i / 3] << i;
     }
     EXPECT_EQ(FirstDateWeek(CDATE(6, 3, 2024)), CDATE(4, 3, 2024));
+    // What is no date, 31 February for 2 March, stays as it is on the first day of its week.
+    EXPECT_EQ(FirstDateWeek({31, 2, 2024}, Calendar(CDATE::Saturday, 0)), CDATE(31, 2, 2024));
+    EXPECT_EQ(LastDateWeek({31, 2, 2024}, Calendar(CDATE::Saturday, 0)), CDATE(8, 3, 2024));
+    EXPECT_EQ(FirstDateWeek({31, 2, 2024}, Calendar(CDATE::Sunday, 0)), CDATE(25, 2, 2024));
 }
 
 TEST(WeekNumberTest, UnknownRulesInvalidDatesAndNullArguments) {
