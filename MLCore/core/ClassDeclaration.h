@@ -30,6 +30,7 @@
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 
+#include <concepts>
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
@@ -67,6 +68,8 @@ private:
 template <class Class, class Base, class... Protocols>
 class CLASSDESCRIPTION final : public CCLASSTYPEINFO {
 public:
+    using BASE = Base;
+
     explicit CLASSDESCRIPTION(const char* name) : CCLASSTYPEINFO(name, InfoOf<Base>(), OffsetOf<Base>()) {
         (AddProtocol(InfoOf<Protocols>(), &std::get<PROTOCOLADAPTER<Protocols>>(mAdapters), OffsetOf<Protocols>()),
          ...);
@@ -100,6 +103,11 @@ private:
     std::tuple<PROTOCOLADAPTER<Protocols>...> mAdapters;
 };
 
+/// Whether a result is a holder of `Class` or of a class derived from it; never defined.
+template <class Class, class U>
+requires std::convertible_to<U*, Class*>
+void TakeHolderOf(const CSHAREOBJECTPTR<U>& holder);
+
 /// The sub-object of `object` that implements the protocol P, or null when its class does not conform (or `object` is
 /// null). Borrowed: valid while the object is referenced.
 template <class P>
@@ -112,36 +120,40 @@ template <class P>
 
 /// In the class body, first: MLCORE_CLASS(CNAME, CBASE, protocols...) declares what COBJECT asks of a class. CNAME derives
 /// from CBASE and from the protocols that it adds. What comes after it is private.
-#define MLCORE_CLASS(CNAME, ...)                                                                           \
-public:                                                                                                    \
-    static const ::MLCore::CCLASSTYPEINFO& ClassInfoStatic();                                              \
-    static const char* _ClassIdentifier();                                                                 \
-    const ::MLCore::CCLASSTYPEINFO& ClassInfo() const override;                                            \
-    ::MLCore::PROTOCOL* GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) override;            \
-    const char* ClassName() const override;                                                                \
-                                                                                                           \
-protected:                                                                                                 \
-    static const ::MLCore::CCLASSTYPEINFO* _ClassInfo();                                                   \
-                                                                                                           \
-private:                                                                                                   \
-    using CLASSDESCRIPTION_ = ::MLCore::CLASSDESCRIPTION<CNAME, __VA_ARGS__>;                              \
-    const char* ClassIdentifier() const override;                                                          \
-    static ::MLCore::CLASSREGISTRAR gRegistrar_;                                                           \
-    template <class CLASS_>                                                                                \
-    static constexpr ::MLCore::CLASSREGISTRAR::CREATOR Creator_() {                                        \
-        using HOLDER = ::MLCore::CSHAREOBJECTPTR<::MLCore::COBJECT>;                                       \
-        if constexpr (requires(::MLCore::CSHAREOBJECTPTR<CLASS_> holder) { holder = CLASS_::Create(); }) { \
-            return [] { return HOLDER(CLASS_::Create()); };                                                \
-        } else if constexpr (requires { new CLASS_(); }) {                                                 \
-            return [] { return HOLDER(::MLCore::AdoptObject(new CLASS_())); };                             \
-        } else {                                                                                           \
-            return nullptr;                                                                                \
-        }                                                                                                  \
+#define MLCORE_CLASS(CNAME, ...)                                                                             \
+public:                                                                                                      \
+    static const ::MLCore::CCLASSTYPEINFO& ClassInfoStatic();                                                \
+    static const char* _ClassIdentifier();                                                                   \
+    const ::MLCore::CCLASSTYPEINFO& ClassInfo() const override;                                              \
+    ::MLCore::PROTOCOL* GetProtocolInstance(const ::MLCore::CCLASSTYPEINFO* protocol) override;              \
+    const char* ClassName() const override;                                                                  \
+                                                                                                             \
+protected:                                                                                                   \
+    static const ::MLCore::CCLASSTYPEINFO* _ClassInfo();                                                     \
+                                                                                                             \
+private:                                                                                                     \
+    using CLASSDESCRIPTION_ = ::MLCore::CLASSDESCRIPTION<CNAME, __VA_ARGS__>;                                \
+    const char* ClassIdentifier() const override;                                                            \
+    static ::MLCore::CLASSREGISTRAR gRegistrar_;                                                             \
+    template <class CLASS_, class BASE_>                                                                     \
+    static constexpr ::MLCore::CLASSREGISTRAR::CREATOR Creator_() {                                          \
+        using HOLDER = ::MLCore::CSHAREOBJECTPTR<::MLCore::COBJECT>;                                         \
+        constexpr bool kIsTyped = requires { ::MLCore::TakeHolderOf<CLASS_>(CLASS_::Create()); };            \
+        constexpr bool kIsPlain = requires { ::MLCore::TakeHolderOf<::MLCore::COBJECT>(CLASS_::Create()); }; \
+        constexpr bool kIsInherited = requires { BASE_::Create(); };                                         \
+        if constexpr (kIsTyped || (kIsPlain && !kIsInherited)) {                                             \
+            return [] { return HOLDER(CLASS_::Create()); };                                                  \
+        } else if constexpr (requires { new CLASS_(); }) {                                                   \
+            return [] { return HOLDER(::MLCore::AdoptObject(new CLASS_())); };                               \
+        } else {                                                                                             \
+            return nullptr;                                                                                  \
+        }                                                                                                    \
     }
 
 /// In the source of the class, inside its namespace: defines what MLCORE_CLASS declared, and registers the class with the
 /// object factory while its module is loaded, when it can be created: by its own `Create()` without arguments, or else,
-/// when it is not abstract, by its default constructor of any access. Its identifier is its name, or the literal that
+/// when it is not abstract, by its default constructor of any access. Create() returns a CSHAREOBJECTPTR of the class, or
+/// of a base of it when the base class has no Create() itself. The identifier is the class's name, or the literal that
 /// follows; a class that cannot be created has none.
 #define MLCORE_REGISTER_CLASS(CNAME, ...)                                                             \
     const ::MLCore::CCLASSTYPEINFO* CNAME::_ClassInfo() {                                             \
@@ -158,7 +170,7 @@ private:                                                                        
     const char* CNAME::_ClassIdentifier() {                                                           \
         constexpr const char* kOwn = "" __VA_ARGS__;                                                  \
         constexpr const char* kIdentifier = kOwn[0] != '\0' ? kOwn : #CNAME;                          \
-        return Creator_<CNAME>() != nullptr ? kIdentifier : nullptr;                                  \
+        return Creator_<CNAME, CLASSDESCRIPTION_::BASE>() != nullptr ? kIdentifier : nullptr;         \
     }                                                                                                 \
     ::MLCore::CLASSREGISTRAR CNAME::gRegistrar_(::MLCore::FactoryNameOf<CNAME>(), _ClassIdentifier(), \
-                                                Creator_<CNAME>());
+                                                Creator_<CNAME, CLASSDESCRIPTION_::BASE>());

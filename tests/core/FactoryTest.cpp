@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace factorytest {
@@ -24,6 +25,24 @@ private:
     explicit CNUMBERED(int its) : number(its) {}
 };
 
+/// Makes an object of its own, told as one of any class; the class below inherits that.
+class CPLAIN : public MLCore::COBJECT {
+    MLCORE_CLASS(CPLAIN, MLCore::COBJECT)
+public:
+    static MLCore::CSHAREOBJECTPTR<MLCore::COBJECT> Create() { return MLCore::AdoptObject(new CPLAIN(7)); }
+    const int number;
+
+protected:
+    explicit CPLAIN(int its) : number(its) {}
+};
+class CHEIR : public CPLAIN {
+    MLCORE_CLASS(CHEIR, CPLAIN)
+public:
+    CHEIR() : CPLAIN(8) {}
+};
+
+MLCORE_REGISTER_CLASS(CPLAIN)
+MLCORE_REGISTER_CLASS(CHEIR)
 MLCORE_REGISTER_CLASS(CLOADED)
 MLCORE_REGISTER_CLASS(CNUMBERED)
 
@@ -127,6 +146,10 @@ TEST_F(FactoryTest, WhatTheCreatorDoesPassesThrough) {
     EXPECT_EQ(Made({"a"}, {}), "0");
     const CSHAREOBJECTPTR<COBJECT> object = factory.CreateObjectFromIdentifier("CNUMBERED");
     EXPECT_EQ(dynamic_cast<factorytest::CNUMBERED&>(*object).number, 7) << "the class says how it is created";
+    for (const auto& [identifier, number] : {std::pair("CPLAIN", 7), std::pair("CHEIR", 8)}) {
+        const CSHAREOBJECTPTR<COBJECT> made = factory.CreateObjectFromIdentifier(identifier);
+        EXPECT_EQ(dynamic_cast<factorytest::CPLAIN&>(*made).number, number) << identifier;
+    }
     EXPECT_EQ(object->GetUseCount(), 1);
 }
 
