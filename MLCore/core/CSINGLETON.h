@@ -109,8 +109,12 @@ void CSINGLETON<T, Policy>::Free() {
 template <class T, class Policy>
 CSINGLETON<T, Policy>::CSINGLETON() {
     if constexpr (std::is_same_v<Policy, autorelease>) {
-        // Once, however often an instance is created: one call at the end frees the last of them.
-        [[maybe_unused]] static const int registered = std::atexit([] { Free(); });
+        // Once for all that are created until the end; whoever creates another one then has that freed in its turn.
+        static bool isRegistered = false;
+        isRegistered = isRegistered || std::atexit([] {
+                                           isRegistered = false;
+                                           Free();
+                                       }) == 0;
     }
 }
 
