@@ -43,7 +43,7 @@ CISTREAM::CISTREAM(OpenMode mode) { mOpenMode = mode; }
 CISTREAM::~CISTREAM() = default;
 
 long CISTREAM::GetValue(COSTREAM& out) {
-    char buffer[kCopyStep];
+    char buffer[kCopyStep] = {};  // a read may leave it as it is
     unsigned long long total = 0;
     while (IsEnd() == 0) {
         const long count = GetValue(static_cast<void*>(buffer), kCopyStep);
@@ -134,7 +134,7 @@ void CISTREAM::GetValue(std::string& value, long length) {
         return;
     }
     if (length <= kShortText) {
-        char buffer[kShortText + 1];
+        char buffer[kShortText + 1] = {};  // a read may leave it as it is
         GetValue(buffer, length);
         value.assign(buffer, static_cast<std::size_t>(length));
         return;

@@ -72,7 +72,9 @@ void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit,
         char block[kBlockSize] = {};
         std::string_view bytes = BytesAhead();
         const bool isLent = !bytes.empty();
+        unsigned long long start = 0;
         if (!isLent) {
+            start = mRandom != nullptr ? mRandom->GetPosition() : 0;
             const long size = mRandom != nullptr ? GetComponent().GetValue(static_cast<void*>(block), kBlockSize)
                                                  : GetValue(static_cast<void*>(block), 1L);
             bytes = std::string_view(block, static_cast<std::size_t>(size));
@@ -102,8 +104,8 @@ void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit,
         keep(at);
         if (isLent) {
             GetComponent().mLent->MoveOn(static_cast<long>(at));
-        } else if (at != bytes.size()) {
-            mRandom->SetPosition(mRandom->GetPosition() - (bytes.size() - at));
+        } else if (mRandom != nullptr && mRandom->GetPosition() != start + at) {
+            mRandom->SetPosition(start + at);
         }
         isComplete = isComplete || bytes.empty();
     }
