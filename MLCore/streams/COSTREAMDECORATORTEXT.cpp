@@ -21,6 +21,10 @@ constexpr char kLineEnd[] = {'\r', '\n'};
 /// What is not written as it stands.
 constexpr CHARACTERSET kRunEnds(std::string_view("\r\n\0", 3));
 
+const char* FindRunEnd(const char* from, const char* end) {
+    return std::find_if(from, end, [](char character) { return kRunEnds.Has(character); });
+}
+
 }  // namespace
 
 COSTREAMDECORATORTEXT::COSTREAMDECORATORTEXT(COSTREAM& component)
@@ -38,14 +42,16 @@ void COSTREAMDECORATORTEXT::WriteRun(const char* from, const char* to) {
 void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
     FailNullBuffer(buffer, count);
     const char* from = static_cast<const char*>(buffer);
-    const char* const end = from + std::max(count, 0L);
-    // The component's own bytes may move with the first run that is written.
-    if (count > 0 && GetLent() != nullptr && GetLent()->Holds(from)) {
-        const std::string copy(from, end);
-        return SetValue(copy.data(), count);
+    const char* end = from + std::max(count, 0L);
+    // The component's own bytes may move with the first run that is written; not all components tell which are theirs.
+    std::string copy;
+    if (from != end && (GetLent() != nullptr ? GetLent()->Holds(from) : FindRunEnd(from, end) != end)) {
+        copy.assign(from, end);
+        from = copy.data();
+        end = from + copy.size();
     }
     do {
-        const char* const to = std::find_if(from, end, [](char character) { return kRunEnds.Has(character); });
+        const char* const to = FindRunEnd(from, end);
         if (to == end || *to == '\0') {
             WriteRun(from, end);
             return;

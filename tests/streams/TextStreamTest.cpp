@@ -1,3 +1,4 @@
+#include <MLCore/streams/CCOUNTINGSTREAM.h>
 #include <MLCore/streams/CISTREAMDECORATORTEXT.h>
 #include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 #include <streams/Bytes.h>
@@ -45,16 +46,35 @@ TEST(TextStreamTest, EachCrAndLfWrittenEndsALine) {
 }
 
 TEST(TextStreamTest, TakesTheBytesOfItsOwnComponent) {
-    CBUFFERSTREAM buffer;
-    buffer.Open();
-    std::string expected;
-    for (int line = 0; line < 300; ++line) {
-        expected += "line\r\n";
-        buffer.SetValue(std::string("line\n"));
+    class CDERIVED : public CBUFFERSTREAM {};  // does not lend its memory, and moves it all the same
+    CBUFFERSTREAM own;
+    CDERIVED derived;
+    for (CBUFFERSTREAM* const buffer : {&own, static_cast<CBUFFERSTREAM*>(&derived)}) {
+        buffer->Open();
+        std::string expected;
+        for (int line = 0; line < 30000; ++line) {
+            expected += "line\r\n";
+            buffer->SetValue(std::string("line\n"));
+        }
+        COSTREAMDECORATORTEXT(*buffer).SetValue(buffer->GetBuffer(), 150000L);
+        const std::string written(static_cast<const char*>(buffer->GetBuffer()), buffer->GetSize());
+        EXPECT_EQ(written.substr(150000), expected);
     }
-    COSTREAMDECORATORTEXT(buffer).SetValue(buffer.GetBuffer(), 1500L);
-    const std::string written(static_cast<const char*>(buffer.GetBuffer()), buffer.GetSize());
-    EXPECT_EQ(written.substr(1500), expected);
+}
+
+TEST(TextStreamTest, EndsWithAStreamThatReadsPastItsEnd) {
+    CCOUNTINGSTREAM counting;
+    counting.Open();
+    counting.SetSize(100);
+    CISTREAMDECORATORTEXT text(counting);
+    std::string line(9, 'x');
+    text.GetValue(line, 9);
+    EXPECT_EQ(line, std::string(9, '\0')) << "what is not read is zero, and not of the stack";
+    text.ReadLine(line);
+    EXPECT_TRUE(line == std::string(91, '\0') && text.IsEnd() != 0 && counting.GetPosition() == 100) << line.size();
+    counting.Rewind();
+    counting.GetValue(line, 50);
+    EXPECT_EQ(line, std::string(50, '\0'));
 }
 
 TEST(TextStreamTest, ReadsLinesAndStandsBehindThem) {
