@@ -26,6 +26,14 @@ constexpr const char* kElements[] = {"lesser", "lesserEq", "greater", "greaterEq
 
 constexpr const char* kOption = "compType";
 
+const char* ElementOf(CVALUEOBJECT::ComparisonType type) {
+    const auto index = static_cast<std::size_t>(type);
+    if (index >= std::size(kElements)) {
+        FailOSErr(kErrValueType);
+    }
+    return kElements[index];
+}
+
 }  // namespace
 
 CCOMPARISONPREDICATE::CCOMPARISONPREDICATE(CVALUEOBJECT::ComparisonType type, CVALUEOBJECT::ComparisonOption option)
@@ -53,14 +61,14 @@ void CCOMPARISONPREDICATE::WriteToKeyWriter(CKEYWRITER& writer) const {
 }
 
 void CCOMPARISONPREDICATE::DoWriteState(CKEYWRITER& writer) const {
-    writer.BeginElement(kElements[static_cast<std::size_t>(mType)]);
+    writer.BeginElement(ElementOf(mType));
     WriteToKeyWriter(writer);
     WriteOperands(writer);
     writer.EndElement();
 }
 
 void CCOMPARISONPREDICATE::DoInitState(CKEYREADER& reader) {
-    reader.BeginElement(kElements[static_cast<std::size_t>(mType)]);
+    reader.BeginElement(ElementOf(mType));
     InitFromKeyReader(reader);
     ReadOperands(reader);
     reader.EndElement();

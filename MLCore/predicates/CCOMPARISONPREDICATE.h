@@ -19,7 +19,7 @@ public:
     /// Writes the option as the attribute of the element just begun; option 0 writes none.
     virtual void WriteToKeyWriter(CKEYWRITER& writer) const;
 
-    /// The comparison's element, with the operands' in order.
+    /// The comparison's element, with the operands' in order. An unknown type fails with 138.
     void DoWriteState(CKEYWRITER& writer) const override;
     void DoInitState(CKEYREADER& reader) override;
 

@@ -1,5 +1,7 @@
 #include <MLCore/predicates/CCOMPOUNDPREDICATE.h>
 
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
@@ -19,6 +21,14 @@ constexpr struct {
     const char* name;
     const char* element;
 } kTypes[] = {{"COMPOUNDTYPE_AND", "and"}, {"COMPOUNDTYPE_OR", "or"}, {"COMPOUNDTYPE_NOT", "not"}};
+
+const char* ElementOf(CCOMPOUNDPREDICATE::Type type) {
+    const auto index = static_cast<std::size_t>(type);
+    if (index >= std::size(kTypes)) {
+        FailOSErr(kErrValueType);
+    }
+    return kTypes[index].element;
+}
 
 }  // namespace
 
@@ -85,13 +95,13 @@ void CCOMPOUNDPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
 }
 
 void CCOMPOUNDPREDICATE::DoWriteState(CKEYWRITER& writer) const {
-    writer.BeginElement(kTypes[static_cast<std::size_t>(mType)].element);
+    writer.BeginElement(ElementOf(mType));
     ForEachOf<CPREDICATE>(GetPredicates(), [&](const CPREDICATE& member) { member.DoWriteState(writer); });
     writer.EndElement();
 }
 
 void CCOMPOUNDPREDICATE::DoInitState(CKEYREADER& reader) {
-    reader.BeginElement(kTypes[static_cast<std::size_t>(mType)].element);
+    reader.BeginElement(ElementOf(mType));
     while (reader.HasElement() != 0) {
         AddPredicate(CPREDICATE::Create(reader));
     }

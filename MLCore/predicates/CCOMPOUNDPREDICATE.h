@@ -24,7 +24,7 @@ public:
     [[nodiscard]] int Evaluate(COBJECT* object) const override;
     void Accept(CPREDICATEVISITOR& visitor) const override;
 
-    /// The element "and", "or" or "not" with each member's.
+    /// The element "and", "or" or "not" with each member's. An unknown type fails with 138.
     void DoWriteState(CKEYWRITER& writer) const override;
     void DoInitState(CKEYREADER& reader) override;
 

@@ -73,13 +73,17 @@ private:
         AddOutlineLine(mDepth, &node);
         ++mDepth;
         if (!(WriteAs<Classes>(node) || ...)) {
-            std::ostringstream dump;
-            dump.exceptions(kFailing);
-            dump << &node;
-            mQuery += dump.str();
+            WriteDump(&node);
         }
         --mDepth;
         return 0;
+    }
+    template <class Node>
+    void WriteDump(const Node* node) {
+        std::ostringstream dump;
+        dump.exceptions(kFailing);
+        dump << node;
+        mQuery += dump.str();
     }
     template <class Class, class Node>
     bool WriteAs(const Node& node) {
@@ -151,7 +155,12 @@ private:
 };
 
 void CPREDICATEHELPER::VISITOR::Write(const CCOMPOUNDPREDICATE& compound) {
-    const auto& text = kCompounds[static_cast<std::size_t>(compound.GetType())];
+    const auto index = static_cast<std::size_t>(compound.GetType());
+    if (index >= std::size(kCompounds)) {
+        WriteDump(&compound);
+        return;
+    }
+    const auto& text = kCompounds[index];
     const int level = mDepth - 1;  // the compound's own
     const char* between = "";
     AddOutlineLine(level, '(');

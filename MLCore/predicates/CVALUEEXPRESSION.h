@@ -24,7 +24,7 @@ public:
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object, CDICTIONARY& variables) override;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object) override;
 
-    /// Fails with 138 for a Guid, an Object, a date that is none, and a text with control characters.
+    /// Fails with 138 for a Guid, an Object, a date or time that is none, and a text that the writer cannot write.
     void DoWriteState(CKEYWRITER& writer) const override;
     void DoInitState(CKEYREADER& reader) override;
 

@@ -1,4 +1,6 @@
+#include <MLCore/keys/CXMLKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEHELPER.h>
+#include <MLCore/streams/CBUFFERSTREAM.h>
 #include <predicates/Trees.h>
 
 namespace predicates_test {
@@ -17,6 +19,12 @@ public:
     explicit CSOUNDSLIKE(int type)
         : CCOMPARISONBINARYPREDICATE(CVALUEOBJECT::ComparisonType{type}, Key("a"), Key("b"), {}) {}
 };
+/// A compound that the library does not know.
+class CMOSTOF : public CCOMPOUNDPREDICATE {
+    MLCORE_CLASS(CMOSTOF, CCOMPOUNDPREDICATE)
+public:
+    CMOSTOF() : CCOMPOUNDPREDICATE(Type{3}) {}
+};
 /// A predicate of a kind of its own; it shows another in its place if it has one.
 class CSECRET : public CPREDICATE {
     MLCORE_CLASS(CSECRET, CPREDICATE)
@@ -31,6 +39,7 @@ public:
 };
 MLCORE_REGISTER_CLASS(CNEAR)
 MLCORE_REGISTER_CLASS(CSOUNDSLIKE)
+MLCORE_REGISTER_CLASS(CMOSTOF)
 MLCORE_REGISTER_CLASS(CSECRET)
 
 }  // namespace predicates_test
@@ -58,6 +67,7 @@ TEST(PredicateHelper, WritesEachKindAsQueryText) {
         {Comparison("a contains $v"), "a CONTAINS v"},
         {AdoptObject<CPREDICATE>(new CSOUNDSLIKE(11)), "a 11 b"},
         {AdoptObject<CPREDICATE>(new CSOUNDSLIKE(-1)), "a -1 b"},
+        {AdoptObject<CPREDICATE>(new CMOSTOF), "CCOMPOUNDPREDICATE()"},
         {Comparison("a in (1,2)"), "a IN [1 , 2 ,  ]"},
         {Comparison("a in b"), "a IN [b ]"},
         {CCOMPARISONINPREDICATE::Create(Key("a"), nested), "a IN ['x' , 1 , c ,  ,  ,  ]"},
@@ -71,6 +81,14 @@ TEST(PredicateHelper, WritesEachKindAsQueryText) {
         {nullptr, {}}};
     for (const auto& [predicate, text] : cases) {
         EXPECT_EQ(CPREDICATEHELPER(predicate).GetStrSQL(), text);
+    }
+    CBUFFERSTREAM out;
+    out.Open();
+    CXMLKEYWRITER writer(out);
+    for (CPREDICATE* const unknown :
+         {static_cast<CPREDICATE*>(new CSOUNDSLIKE(12)), static_cast<CPREDICATE*>(new CMOSTOF)}) {
+        const PREDICATE held = AdoptObject(unknown);
+        EXPECT_EQ(FailureOf([&] { held->DoWriteState(writer); }), 138);
     }
 }
 
