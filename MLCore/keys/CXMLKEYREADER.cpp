@@ -103,13 +103,21 @@ void CXMLKEYREADER::LookAhead() {
     if (mAhead == AHEAD::Unknown && !std::exchange(mIsBegun, true)) {
         ReadProlog();
     }
+    int brackets = 0;  // as they stand, in a row: "]]>" is no text
     while (mAhead == AHEAD::Unknown) {
         if (Skip('<')) {
             ReadMarkup();
+            brackets = 0;
         } else if (mElements.empty()) {
             RequireXml(IsBlank(Take()));
+        } else if (PeekByte() == '&') {
+            AppendText(mText, ReadReference());
+            brackets = 0;
         } else {
-            AppendText(mText, PeekByte() == '&' ? ReadReference() : Take());
+            const char character = Take();
+            RequireXml(character != '>' || brackets < 2);
+            brackets = character == ']' ? brackets + 1 : 0;
+            AppendText(mText, character);
         }
     }
 }
