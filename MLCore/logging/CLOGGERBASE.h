@@ -3,6 +3,8 @@
 #include <MLCore/logging/CLOGMANAGER.h>
 #include <MLCore/platform/Export.h>
 
+#include <cstddef>
+#include <limits>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -24,7 +26,7 @@ public:
     [[nodiscard]] CLOGMANAGER::Level GetLevel() const noexcept { return mLevel; }
     /// A number that the manager gave: unlike that of any other logger but a copy.
     [[nodiscard]] long GetId() const noexcept { return mId; }
-    /// How many lines were passed on.
+    /// How many lines were passed on; the largest long is not exceeded.
     [[nodiscard]] long GetMsgNumber() const noexcept { return mMsgNumber; }
 
     /// 1 when the channel is enabled and the level is not above the manager's, else 0: then lines are dropped.
@@ -52,12 +54,17 @@ protected:
 
     /// True when nothing has been written to the current line.
     [[nodiscard]] bool IsStartLine() const;
-    void NextMsg() noexcept { ++mMsgNumber; }
+    void NextMsg() noexcept { mMsgNumber += mMsgNumber != std::numeric_limits<long>::max() ? 1 : 0; }
     /// Empties the line, and has the stream work again if something failed to be written.
     void ResetStr();
-    /// The line, which is empty afterwards as after ResetStr(). Giving the text back spares the next line its memory.
+    /// The line, which is empty afterwards as after ResetStr(). Giving the text back spares the next line its memory,
+    /// unless that is much.
     [[nodiscard]] std::string TakeStr();
-    void GiveBack(std::string&& text) noexcept { mSpare = std::move(text); }
+    void GiveBack(std::string&& text) noexcept {
+        if (text.capacity() <= kMaxSpare) {
+            mSpare = std::move(text);
+        }
+    }
 
     /// Inserts what the stream would, in a fraction of the time; false, and nothing is inserted, when the stream does not
     /// work or has been told of another form or locale.
@@ -68,6 +75,8 @@ protected:
 private:
     template <class... FORM>
     bool InsertNumber(FORM... form);
+
+    static constexpr std::size_t kMaxSpare = std::size_t{1} << 17;
 
     std::string mName;
     CLOGMANAGER::Level mLevel;

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -18,6 +19,7 @@
 #include <mutex>
 #include <optional>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 namespace MLCore {
@@ -89,7 +91,8 @@ public:
         }
         const std::string path = mPath ? *mPath : LogFileName(platform::ExecutablePath());
         // As it was given, too: the whole path may lead through folders that the program may not see.
-        mHasFailed = !mOutput.Open(path.c_str()) && (!mGivenPath || !mOutput.Open(mGivenPath->c_str()));
+        const bool isGivenSame = mGivenPath && platform::AbsolutePath(mGivenPath->c_str()) == path;
+        mHasFailed = !mOutput.Open(path.c_str()) && (!isGivenSame || !mOutput.Open(mGivenPath->c_str()));
         FailLastError(mHasFailed ? 0 : 1);
     }
     void Close() noexcept { mOutput.Close(); }
@@ -126,11 +129,16 @@ LOGSTATE& State() {
     return *state;
 }
 
-/// At the end of the program no line waits any more. The lock is only tried: Windows ends other threads wherever they are.
+/// At the end of the program no line waits any more. A thread may log just then; but the lock is not waited for without
+/// end: Windows has ended other threads by now, wherever they were.
 struct LASTFLUSH {
     LASTFLUSH() { State(); }
     ~LASTFLUSH() {
-        const std::unique_lock guard(State().lock, std::try_to_lock);
+        std::unique_lock guard(State().lock, std::try_to_lock);
+        for (int attempts = 1000; !guard && attempts != 0; --attempts) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            guard.try_lock();
+        }
         if (guard) {
             State().isAutoFlush = true;
             State().Close();
@@ -140,7 +148,7 @@ struct LASTFLUSH {
 const LASTFLUSH kLastFlush;
 
 std::atomic<CLOGMANAGER::Level> gLevel = CLOGMANAGER::Level::INF;
-std::atomic<long> gLastLoggerId = 0;
+std::atomic<long> gNextLoggerId = 1;
 
 std::optional<std::size_t> IndexOf(LogEventType type) noexcept {
     const auto index = static_cast<std::size_t>(type);
@@ -281,7 +289,7 @@ std::ostream& CLOGMANAGER::GetStream() {
     return state.stream;
 }
 
-long CLOGMANAGER::GetLoggerId() noexcept { return gLastLoggerId.fetch_add(1, std::memory_order_relaxed) + 1; }
+long CLOGMANAGER::GetLoggerId() noexcept { return gNextLoggerId.fetch_add(1, std::memory_order_relaxed); }
 
 void CLOGMANAGER::WriteLine(const std::string& name, const std::string& text) {
     LOGSTATE& state = State();

@@ -24,14 +24,14 @@ namespace MLCore {
 ///
 /// A file that cannot be opened fails once, in the function that wants it open, with the system's code; from then on
 /// lines are dropped without a word, until SetLogFile() or Enable(int) has it tried again.
-/// What cannot be written (a full disk) is dropped. A file that is removed or renamed while it is open is written to
+/// What cannot be written (a full disk, a file at its limit) is dropped. A file that is removed or renamed while it is open is written to
 /// until it is closed.
 ///
 /// After a fork() of a program with several threads, the child must not log, as with most locks; lines that wait then are
 /// written by both. Flush() first.
 ///
 /// Threads may use everything here at once, except for the stream of GetStream(). Each function may throw
-/// std::bad_alloc, with nothing changed.
+/// std::bad_alloc, with nothing changed but that the file may be open by then.
 class MLCORE_API CLOGMANAGER {
 public:
     /// How much is told: a logger speaks when its level is not above the manager's.

@@ -171,6 +171,16 @@ TEST(LogManager, FindsItsFileFromAnotherFolder) {
     std::filesystem::current_path(folder);
     CLOGMANAGERPOLICY::Write("there", "1");
     EXPECT_EQ(file.GetLines(), Lines{"[there] 1"});
+    // and no other when that folder is gone
+    const std::filesystem::path gone = path.parent_path() / "gone";
+    std::filesystem::create_directory(gone);
+    std::filesystem::current_path(gone);
+    CLOGMANAGER::SetLogFile("sub.log");
+    std::filesystem::current_path(path.parent_path());
+    std::filesystem::remove(gone);
+    EXPECT_NE(FailureOf([] { CLOGMANAGERPOLICY::Write("gone", "2"); }), 0);
+    EXPECT_FALSE(std::filesystem::exists("sub.log"));
+    std::filesystem::current_path(folder);
 }
 
 #if !defined(_WIN32)
@@ -196,12 +206,10 @@ TEST(LogManager, KeepsLinesWholeWhenTheDiskIsFullForAWhile) {
     CLOGMANAGERPOLICY::Write("p", "one");
     rlimit limit = {};
     getrlimit(RLIMIT_FSIZE, &limit);
-    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit tight = {40, limit.rlim_max};
     setrlimit(RLIMIT_FSIZE, &tight);
     CLOGMANAGERPOLICY::Write("p", "two");
     setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, ignored);
     CLOGMANAGERPOLICY::Write("p", "three");
     const Lines lines = file.GetLines();
     ASSERT_EQ(lines.size(), 3U) << file.GetText();

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#if !defined(_WIN32)
+#include <unistd.h>
+#endif
 
 namespace {
 
@@ -49,6 +52,16 @@ TEST(DebugOutputTest, GoesToStandardErrorOtherwise) {
     testing::internal::CaptureStderr();
     DebugOutput("to standard error\n");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "to standard error\n");
+    // Nobody reads it any more, and the program goes on.
+    int ends[2] = {};
+    ASSERT_EQ(pipe(ends), 0);
+    const int before = dup(STDERR_FILENO);
+    dup2(ends[1], STDERR_FILENO);
+    close(ends[0]);
+    close(ends[1]);
+    DebugOutput("lost");
+    dup2(before, STDERR_FILENO);
+    close(before);
 }
 
 #endif

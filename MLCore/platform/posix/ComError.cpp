@@ -8,7 +8,12 @@ COMERRORPARTS ReadComError(const _com_error& error) {
     COMERRORPARTS parts;
     parts.code = static_cast<unsigned int>(error.Error());
     const _bstr_t description = error.Description();
-    parts.text = description.length() != 0 ? static_cast<const char*>(description) : error.ErrorMessage();
+    if (const char* const text = description; text != nullptr) {
+        parts.text = text;
+    }
+    if (parts.text.empty()) {
+        parts.text = error.ErrorMessage();
+    }
     parts.errorInfo = error.ErrorInfo();  // last: nothing can fail after the reference is taken
     return parts;
 }

@@ -1,3 +1,4 @@
+#include <MLCore/platform/File.h>
 #include <MLCore/platform/SystemSide.h>
 
 #include <unistd.h>
@@ -10,17 +11,7 @@ namespace MLCore::platform {
 /// One write per text, past the C library's buffers: texts of several threads do not mix.
 void SystemDebugOutput(const char* text) noexcept {
     const int savedError = errno;
-    std::size_t left = std::strlen(text);
-    while (left != 0) {
-        const ssize_t written = write(STDERR_FILENO, text, left);
-        if (written == 0 || (written < 0 && errno != EINTR)) {
-            break;
-        }
-        if (written > 0) {
-            text += written;
-            left -= static_cast<std::size_t>(written);
-        }
-    }
+    static_cast<void>(FileAppend(STDERR_FILENO, text, std::strlen(text)));
     errno = savedError;
 }
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <initializer_list>
 #include <memory>
 
 namespace MLCore::platform {
@@ -68,29 +69,40 @@ bool Settle(int descriptor) noexcept {
     return flags != -1 && fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) != -1;
 }
 
-/// Keeps this thread's SIGPIPE back, and takes away what came meanwhile.
-class PIPESIGNALGUARD {
+/// Keeps back from this thread the signals that tell of a failing write, and takes away the one that came.
+class WRITESIGNALGUARD {
 public:
-    PIPESIGNALGUARD() noexcept {
-        sigemptyset(&mPipe);
-        sigaddset(&mPipe, SIGPIPE);
-        pthread_sigmask(SIG_BLOCK, &mPipe, &mBefore);
+    WRITESIGNALGUARD() noexcept {
+        const sigset_t held = SetOf({SIGPIPE, SIGXFSZ});
+        pthread_sigmask(SIG_BLOCK, &held, &mBefore);
     }
-    ~PIPESIGNALGUARD() {
+    ~WRITESIGNALGUARD() {
         const int errorNumber = errno;
-        const bool wasBlocked = sigismember(&mBefore, SIGPIPE) == 1;
-        if (!wasBlocked && errorNumber == EPIPE) {
-            constexpr timespec kNoTime = {};
-            Uninterrupted([&] { return sigtimedwait(&mPipe, nullptr, &kNoTime); });
-        }
+        Take(errorNumber == EPIPE ? SIGPIPE : errorNumber == EFBIG ? SIGXFSZ : 0);
         pthread_sigmask(SIG_SETMASK, &mBefore, nullptr);
         errno = errorNumber;
     }
-    PIPESIGNALGUARD(const PIPESIGNALGUARD&) = delete;
-    PIPESIGNALGUARD& operator=(const PIPESIGNALGUARD&) = delete;
+    WRITESIGNALGUARD(const WRITESIGNALGUARD&) = delete;
+    WRITESIGNALGUARD& operator=(const WRITESIGNALGUARD&) = delete;
 
 private:
-    sigset_t mPipe = {};
+    static sigset_t SetOf(std::initializer_list<int> signals) noexcept {
+        sigset_t set = {};
+        sigemptyset(&set);
+        for (const int each : signals) {
+            sigaddset(&set, each);
+        }
+        return set;
+    }
+    /// One that was held back before is not ours to take.
+    void Take(int raised) noexcept {
+        if (raised != 0 && sigismember(&mBefore, raised) == 0) {
+            const sigset_t set = SetOf({raised});
+            constexpr timespec kNoTime = {};
+            Uninterrupted([&] { return sigtimedwait(&set, nullptr, &kNoTime); });
+        }
+    }
+
     sigset_t mBefore = {};
 };
 
@@ -144,9 +156,9 @@ std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) no
 }
 
 std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
-    // O_APPEND: each write finds the end and writes there in one step. A pipe that nobody reads any more is a failure as
-    // others, and must not end the process.
-    const PIPESIGNALGUARD guard;
+    // O_APPEND: each write finds the end and writes there in one step. A pipe that nobody reads any more and a file that has
+    // reached its limit are failures as others, and must not end the process.
+    const WRITESIGNALGUARD guard;
     return FileWrite(file, buffer, count);
 }
 
