@@ -39,8 +39,8 @@ public:
     /// The value at the end of `keyPath` (CKEYPARSER tells the form). A null on the way gives null. Fails with 151 when
     /// the path is malformed, a key unknown, an index out of range, or the object at an index step has no elements.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyPathValue(const std::string& keyPath);
-    /// Sets what is at the end of `keyPath`: a property, or an element of an array. Fails as GetKeyPathValue() does, and
-    /// with 151 for a null on the way.
+    /// Sets what is at the end of `keyPath`: a property, or an element of an array. Fails as GetKeyPathValue() does,
+    /// with 151 for a null on the way, and as SetKeyValue() of the object that is reached does.
     virtual void SetKeyPathValue(const std::string& keyPath, COBJECT* value);
     /// 1 when the class conforms to `protocol`.
     [[nodiscard]] virtual int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const;

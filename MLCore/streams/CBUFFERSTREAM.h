@@ -17,13 +17,13 @@ public:
     CBUFFERSTREAM();
     /// Empty, with memory taken for `capacity` bytes.
     explicit CBUFFERSTREAM(unsigned long capacity);
-    /// Holds a copy of the `size` bytes at `data`.
+    /// Holds a copy of the `size` bytes at `data`; null fails with -100 unless `size` is 0.
     CBUFFERSTREAM(unsigned long size, const void* data);
     ~CBUFFERSTREAM() override;
 
     void Open() override;
 
-    /// The first byte; null when nothing was ever written. Valid until the stream grows, or its size is set. Fails with 141
+    /// The first byte; null while no memory is taken. Valid until the stream grows, or its size is set. Fails with 141
     /// when the stream is closed.
     [[nodiscard]] const void* GetBuffer() const;
     /// The size; 0 when closed.

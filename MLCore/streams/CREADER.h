@@ -75,7 +75,8 @@ MLCORE_API CREADER& operator>>(CREADER& reader, char* value);
 MLCORE_API CREADER& endl(CREADER& reader);
 MLCORE_API CREADER& operator>>(CREADER& reader, CREADER& (*manipulator)(CREADER&));
 
-/// Copies the characters of the reader until its end.
+/// Copies the characters of the reader until its end. Fails as GetValue(char&) does: with -110 after a CR that is the last
+/// byte below a text decorator.
 MLCORE_API std::ostream& operator<<(std::ostream& out, CREADER& reader);
 
 }  // namespace MLCore

@@ -20,7 +20,8 @@ namespace MLCore {
 /// \return 1 when read; 0, with `value` unchanged, for any other text and for a number beyond `long long`.
 [[nodiscard]] MLCORE_API int ParseInteger(std::string_view text, long long& value) noexcept;
 
-/// Appends `value` with at least `digits` digits, filled up with zeros behind the sign: as printf's "%.*lld".
+/// Appends `value` with at least `digits` digits, filled up with zeros behind the sign: as printf's "%.*lld", but 0 is
+/// never left out.
 MLCORE_API void AppendPadded(std::string& text, long long value, int digits);
 
 }  // namespace MLCore

@@ -18,7 +18,8 @@ namespace MLCore {
 /// An iterator keeps its collection alive, and the collection may change meanwhile. In an array the iterator stands on an
 /// index, whatever object is there now: inserting or removing in front of it shifts the elements under it. In dictionaries
 /// and sets it stands on its element, and when that is removed, on the one that follows; Next() then goes to that one. No
-/// remaining element is left out, nor one that is added behind: who adds one at each step never comes to an end.
+/// remaining element is left out, nor one that is added behind before the end is reached: who adds one at each step never
+/// comes to an end.
 class MLCORE_API COBJECTITERATOR : public CITERATOR {
 public:
     ~COBJECTITERATOR() override;

@@ -184,9 +184,10 @@ public:
     }
     /// The span from midnight to a Time.
     [[nodiscard]] CTIMESPAN ToTimeSpan() const { return CTIMESPAN(ToTime().GetTotalSeconds()); }
-    /// The variant that the constructor turns back, except that Date and Time become VT_DATE as DateTime does: a date at
-    /// midnight, a time on day 0. Unknown makes VT_EMPTY, null dates the variant date 0. Fails with kErrValueType for Guid,
-    /// Object and dates that no variant can hold.
+    /// The variant that the constructor turns back, except that a Bool becomes 0 or 1, and that Date and Time become VT_DATE
+    /// as DateTime does: a date at midnight, a time on day 0. Unknown makes VT_EMPTY, null dates (whatever the time) the
+    /// variant date 0, which 30 December 1899 at midnight is too. Fails with kErrValueType for Guid, Object and dates that no
+    /// variant can hold.
     [[nodiscard]] _variant_t ToVariant() const;
 
     /// `if (value)` and `bool b = value` would read the text and fail for all other types: ask IsNull() or ToBool().

@@ -50,7 +50,7 @@ ELEMENTS ElementsOf(const CSET& set) {
     return elements;
 }
 
-CSHAREOBJECTPTR<COBJECT> MappedKeyValue(ELEMENTS elements, const std::string& key) {
+CSHAREOBJECTPTR<COBJECT> MappedKeyValue(ELEMENTS elements, std::string key) {
     const LEVEL level;
     for (CSHAREOBJECTPTR<COBJECT>& element : elements) {
         if (!!element) {
@@ -60,7 +60,7 @@ CSHAREOBJECTPTR<COBJECT> MappedKeyValue(ELEMENTS elements, const std::string& ke
     return CMEMARRAY::Create(std::move(elements));
 }
 
-void SetMappedKeyValue(const ELEMENTS& elements, const std::string& key, COBJECT* value) {
+void SetMappedKeyValue(const ELEMENTS& elements, std::string key, COBJECT* value) {
     const LEVEL level;
     const CARRAY* const array = dynamic_cast<CARRAY*>(value);
     FailNull(array);

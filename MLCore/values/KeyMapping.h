@@ -18,8 +18,8 @@ using ELEMENTS = std::vector<CSHAREOBJECTPTR<COBJECT>>;
 [[nodiscard]] ELEMENTS ElementsOf(const CARRAY& array);
 [[nodiscard]] ELEMENTS ElementsOf(const CSET& set);
 
-/// What GetKeyValue and SetKeyValue of CARRAY say, for these elements.
-[[nodiscard]] CSHAREOBJECTPTR<COBJECT> MappedKeyValue(ELEMENTS elements, const std::string& key);
-void SetMappedKeyValue(const ELEMENTS& elements, const std::string& key, COBJECT* value);
+/// What GetKeyValue and SetKeyValue of CARRAY say, for these elements. The key is a copy: an element may change the caller's.
+[[nodiscard]] CSHAREOBJECTPTR<COBJECT> MappedKeyValue(ELEMENTS elements, std::string key);
+void SetMappedKeyValue(const ELEMENTS& elements, std::string key, COBJECT* value);
 
 }  // namespace MLCore
