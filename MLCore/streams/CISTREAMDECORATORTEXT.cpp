@@ -3,7 +3,6 @@
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/streams/CISTREAMDECORATORFIELD.h>
-#include <MLCore/streams/CRANDOMSTREAM.h>
 #include <MLCore/streams/OwnClass.h>
 #include <MLCore/streams/STREAMCURSOR.h>
 #include <MLCore/streams/SpecialCharacters.h>
@@ -21,8 +20,6 @@ namespace MLCore {
 namespace {
 
 constexpr long kLongestToken = 32767;
-/// What is read ahead: some fields long, so that little is copied in vain.
-constexpr long kBlockSize = 64;
 constexpr char kQuote = '"';
 
 std::string_view Trim(std::string_view text) {
@@ -34,13 +31,12 @@ std::string_view Trim(std::string_view text) {
 }  // namespace
 
 CISTREAMDECORATORTEXT::CISTREAMDECORATORTEXT(CISTREAM& component)
-    : CSTREAM(component.GetOpenMode()),
-      CISTREAMDECORATOR(component),
-      mRandom(dynamic_cast<CRANDOMSTREAM*>(&component)) {}
+    : CSTREAM(component.GetOpenMode()), CISTREAMDECORATOR(component) {}
 
 CISTREAMDECORATORTEXT::~CISTREAMDECORATORTEXT() = default;
 
 long CISTREAMDECORATORTEXT::GetValue(void* buffer, long count) {
+    FailNullBuffer(buffer, count);
     char* const text = static_cast<char*>(buffer);
     long total = 0;
     long read = 0;
@@ -57,7 +53,7 @@ inline std::string_view CISTREAMDECORATORTEXT::BytesAhead() const noexcept {
     // A derived class may say where lines and the text end, and is asked often.
     const bool isOwn = IsOfClass<CISTREAMDECORATORTEXT, CISTREAMDECORATORFIELD>(*this);
     const STREAMCURSOR* const lent = isOwn ? GetComponent().mLent : nullptr;
-    return lent != nullptr ? lent->Ahead() : std::string_view();
+    return lent != nullptr ? lent->Ahead().substr(0, std::numeric_limits<long>::max()) : std::string_view();
 }
 
 void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit, const char* separator) {
@@ -69,15 +65,11 @@ void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit,
     bool isQuoted = false;
     bool isComplete = limit == 0;
     while (!isComplete && IsEnd() == 0 && IsEndOfLine() == 0) {
-        char block[kBlockSize] = {};
+        char one = '\0';
         std::string_view bytes = BytesAhead();
         const bool isLent = !bytes.empty();
-        unsigned long long start = 0;
         if (!isLent) {
-            start = mRandom != nullptr ? mRandom->GetPosition() : 0;
-            const long size = mRandom != nullptr ? GetComponent().GetValue(static_cast<void*>(block), kBlockSize)
-                                                 : GetValue(static_cast<void*>(block), 1L);
-            bytes = std::string_view(block, static_cast<std::size_t>(size));
+            bytes = std::string_view(&one, GetValue(static_cast<void*>(&one), 1L) > 0 ? 1 : 0);
         }
         std::size_t at = 0;
         std::size_t run = 0;  // where what is kept begins
@@ -104,8 +96,6 @@ void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit,
         keep(at);
         if (isLent) {
             GetComponent().mLent->MoveOn(static_cast<long>(at));
-        } else if (mRandom != nullptr && mRandom->GetPosition() != start + at) {
-            mRandom->SetPosition(start + at);
         }
         isComplete = isComplete || bytes.empty();
     }
@@ -214,6 +204,7 @@ void CISTREAMDECORATORTEXT::GetValue(std::string& value, long length) {
 }
 
 void CISTREAMDECORATORTEXT::GetValue(char* buffer, long length) {
+    FailNull(buffer);
     std::string text;
     GetValue(text, length);
     // Decoding may have made it longer than what was read.

@@ -9,8 +9,6 @@
 
 namespace MLCore {
 
-class CRANDOMSTREAM;
-
 /// Reads lines, and values that stand in lines of their own, as COSTREAMDECORATORTEXT writes them
 /// (docs/formats/streams.md). Lines end with LF, and every CR is dropped.
 ///
@@ -20,15 +18,15 @@ class CRANDOMSTREAM;
 ///     }
 ///
 /// A read that comes to the end of its line takes the LF and sets the end-of-line flag. From then on values are empty,
-/// until ReadLine() (which gives ""), GetNextLine() or ClearEndOfLine() clears the flag.
+/// until ReadLine() (which gives ""), GetNextLine(), ClearEndOfLine() or GetValue(char&), which reads on, clears the flag.
 ///
-/// Typed reads take the rest of the line, blanks around the value ignored. An empty text gives 0 or null. What is not wholly a
+/// Typed reads take the rest of the line (32767 characters at most), blanks around the value ignored. An empty text gives 0 or null. What is not wholly a
 /// value of the type fails with 138, with the text taken and the destination unchanged; at the end of the stream, with the
 /// flag clear, they fail with -110. Memory blocks and objects are the component's, in their binary form, and so are Skip()
 /// and Rewind(), which leave the flag alone.
 ///
-/// Lines are read ahead within a component that is a CRANDOMSTREAM, and its position is put where the read ended: raw
-/// reads that a derived class overrides are not asked.
+/// Each character is read by itself, unless nobody can tell: in the memory of the library's own streams lines are looked for
+/// at once, as long as this is no derived class.
 class MLCORE_API CISTREAMDECORATORTEXT : public CISTREAMDECORATOR {
 public:
     explicit CISTREAMDECORATORTEXT(CISTREAM& component);
@@ -57,7 +55,7 @@ public:
     void GetValue(short& value) override;
     /// The rest of the line, `length` characters at most, none at the end. Fails with -110 for a negative length.
     void GetValue(std::string& value, long length) override;
-    /// The same, terminated: `buffer` has room for `length` + 1.
+    /// The same, terminated: `buffer` has room for `length` + 1. Null fails with -100.
     void GetValue(char* buffer, long length) override;
     /// One character, the LF too. Fails with -110 when there is none, as at the end and after a CR that is the last byte.
     void GetValue(char& value) override;
@@ -89,7 +87,6 @@ private:
     template <class Value>
     void ReadFromString(Value& value);
 
-    CRANDOMSTREAM* mRandom;  // the component, if its position can be set
     std::int32_t mIsEndOfLine = 0;
 };
 

@@ -62,6 +62,35 @@ TEST(TextStreamTest, TakesTheBytesOfItsOwnComponent) {
     }
 }
 
+TEST(TextStreamTest, AsksADerivedClassBeforeEachCharacter) {
+    class CSHORT : public CISTREAMDECORATORTEXT {
+    public:
+        CSHORT(CBUFFERSTREAM& stream) : CSTREAM(ReadWrite), CISTREAMDECORATORTEXT(stream), mStream(stream) {}
+        int IsEnd() const override { return mStream.GetPosition() >= 7 ? 1 : 0; }
+        CBUFFERSTREAM& mStream;
+    };
+    class CDERIVED : public CBUFFERSTREAM {
+        using CBUFFERSTREAM::CBUFFERSTREAM;
+        int IsEndOfLine() const override { return GetPosition() == 2 ? 1 : 0; }
+    };
+    CBUFFERSTREAM plain(11, "abc\ndefGHI\n");
+    CDERIVED derived(11, "abc\ndefGHI\n");
+    for (CBUFFERSTREAM* const stream : {&plain, static_cast<CBUFFERSTREAM*>(&derived)}) {
+        stream->Open();
+        CSHORT text(*stream);
+        std::string first, second;
+        text.ReadLine(first);
+        stream->SetPosition(4);
+        text.ReadLine(second);
+        EXPECT_EQ(first + second, stream == &plain ? "abcdef" : "abdef");
+        EXPECT_EQ(stream->GetPosition(), 7U);
+    }
+    CISTREAMDECORATORTEXT text(plain);
+    EXPECT_EQ(FailureOf([&] { text.GetValue(static_cast<char*>(nullptr), 3); }), -100);
+    EXPECT_EQ(FailureOf([&] { text.GetValue(static_cast<void*>(nullptr), 3L); }), -100);
+    EXPECT_EQ(FailureOf([&] { plain.GetValue(static_cast<char*>(nullptr), 0); }), -100);
+}
+
 TEST(TextStreamTest, EndsWithAStreamThatReadsPastItsEnd) {
     CCOUNTINGSTREAM counting;
     counting.Open();
