@@ -1,5 +1,8 @@
 #include <MLCore/streams/CCOUNTINGSTREAM.h>
 
+#include <algorithm>
+#include <limits>
+
 namespace MLCore {
 
 CCOUNTINGSTREAM::CCOUNTINGSTREAM() : CSTREAM(ReadWrite), CURSORSTREAM(ReadWrite) {}
@@ -17,7 +20,7 @@ long CCOUNTINGSTREAM::GetValue(COSTREAM& out) {
         mCursor.MoveOn(step);
         out.SetValue(static_cast<const void*>(kZeros), step);
     }
-    return static_cast<long>(total);
+    return static_cast<long>(std::min<unsigned long long>(total, std::numeric_limits<long>::max()));
 }
 
 long CCOUNTINGSTREAM::GetValue(void*, long count) {

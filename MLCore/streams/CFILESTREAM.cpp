@@ -229,7 +229,10 @@ std::size_t CFILESTREAM::ReadFile(void* buffer, std::size_t count) {
 
 /// Returns how much was written; less than `count` with the last error set.
 std::size_t CFILESTREAM::WriteFile(unsigned long long position, const void* buffer, std::size_t count) {
-    return platform::FileSeek(mFile, position) ? platform::FileWrite(mFile, buffer, count) : 0;
+    if (!platform::FileSeek(mFile, position)) {
+        return 0;
+    }
+    return Has(Append) ? platform::FileAppend(mFile, buffer, count) : platform::FileWrite(mFile, buffer, count);
 }
 
 void CFILESTREAM::WritePending() {

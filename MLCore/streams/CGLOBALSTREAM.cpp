@@ -1,11 +1,18 @@
 #include <MLCore/streams/CGLOBALSTREAM.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <functional>
 #include <limits>
 
 namespace MLCore {
+
+/// The block may move, also when it then keeps its size because there is no memory.
+struct CGLOBALSTREAM::AREAUPDATE {
+    const CGLOBALSTREAM& stream;
+    ~AREAUPDATE() { stream.SetArea(); }
+};
 
 CGLOBALSTREAM::CGLOBALSTREAM() : CURSORSTREAM(ReadWrite) {}
 
@@ -16,6 +23,9 @@ CGLOBALSTREAM::CGLOBALSTREAM(void* handle, bool owns) : CURSORSTREAM(ReadWrite),
 CGLOBALSTREAM::~CGLOBALSTREAM() { static_cast<void>(Block()); }
 
 void CGLOBALSTREAM::Open() {
+    if (mBlock.GetData() == nullptr) {
+        mCursor.SetSize(std::min<unsigned long long>(mCursor.GetSize(), mBlock.Refresh()));
+    }
     Block().Lock();
     SetArea();
     CURSORSTREAM::Open();
@@ -71,17 +81,14 @@ void CGLOBALSTREAM::SetCapacity(unsigned long long capacity) {
         FailNull(nullptr);
     }
     if (capacity != GetCapacity()) {
-        mCursor.SetArea({});  // the block may move, also when it then keeps its size
+        const AREAUPDATE update{*this};
         Block().SetSize(static_cast<std::size_t>(capacity));
-        SetArea();
     }
 }
 
 void* CGLOBALSTREAM::GetBlockHandle() const {
-    mCursor.SetArea({});
-    void* const handle = Block().GetHandle();
-    SetArea();
-    return handle;
+    const AREAUPDATE update{*this};
+    return Block().GetHandle();
 }
 
 void CGLOBALSTREAM::SetArea() const noexcept {

@@ -41,6 +41,8 @@ protected:
     [[nodiscard]] void* GetBlockHandle() const;
 
 private:
+    struct AREAUPDATE;
+
     void SetCapacity(unsigned long long capacity);
     void SetArea() const noexcept;
 

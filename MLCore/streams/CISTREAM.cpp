@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 namespace MLCore {
@@ -50,7 +51,7 @@ long CISTREAM::GetValue(COSTREAM& out) {
         total += static_cast<unsigned long long>(count);
         out.SetValue(static_cast<const void*>(buffer), count);
     }
-    return static_cast<long>(total);
+    return static_cast<long>(std::min<unsigned long long>(total, std::numeric_limits<long>::max()));
 }
 
 void CISTREAM::ReadExactly(void* buffer, long count) {
@@ -153,6 +154,7 @@ void CISTREAM::GetValue(char* buffer, long length) {
     if (length < 0) {
         return FailOSErr(kErrStreamEnd);
     }
+    FailNull(buffer);
     ReadExactly(buffer, length);
     buffer[length] = '\0';
 }

@@ -33,7 +33,8 @@ public:
 
     /// 1 once no more bytes can be read.
     [[nodiscard]] virtual int IsEnd() const = 0;
-    /// Copies the rest of this stream to `out`, in reads of 1024 bytes, and returns the number of bytes.
+    /// Copies the rest of this stream to `out`, in reads of 1024 bytes, and returns the number of bytes, or the largest
+    /// long when there are more.
     virtual long GetValue(COSTREAM& out);
     /// The raw read: up to `count` bytes into `buffer` (null: -100). Returns how many came, fewer only at the end; 0 when
     /// `count` is not positive.
@@ -56,7 +57,7 @@ public:
     /// `value` is then unchanged.
     virtual void GetValue(std::string& value, long length);
     /// Reads exactly `length` bytes and terminates them: `buffer` has room for `length` + 1. A negative length fails
-    /// with -110.
+    /// with -110, null with -100.
     virtual void GetValue(char* buffer, long length);
     virtual void GetValue(char& value);
     virtual void GetValueBOOL(int& value);  ///< 4 bytes
@@ -91,7 +92,7 @@ public:
     CISTREAM& operator>>(COSTREAM& out) { return Extract(out); }
 
 #ifdef _WIN32
-    // What a call becomes in a client that includes <windows.h> after this header.
+    // What a call becomes in a client that includes <windows.h> after this header. Who overrides it takes the macro away first.
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectA() { return GetObject(); }
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectW() { return GetObject(); }
 #endif

@@ -32,7 +32,8 @@ public:
     /// The raw write: all `count` bytes at `buffer`, or a failure; -100 for null. Nothing when `count` is not positive.
     virtual void SetValue(const void* buffer, long count) = 0;
     /// Writes a memory block (a handle, MLCore/platform/GlobalMemory.h; it stays the caller's): its size, then its bytes.
-    /// Null is a block of no bytes, and what is no handle counts as one. Above 2^31-1 bytes: 126.
+    /// Null is a block of no bytes, and what is no handle counts as one. Above 2^31-1 bytes: 126. Not the block
+    /// that a stream of memory keeps its own bytes in.
     virtual void SetValue(void* handle);
     /// Has `object` write its state to this stream.
     virtual void SetValue(const CSERIALIZABLE& object);

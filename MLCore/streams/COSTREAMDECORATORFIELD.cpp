@@ -124,8 +124,9 @@ bool COSTREAMDECORATORFIELD::WritePlain(std::int32_t value) {
 }
 
 void COSTREAMDECORATORFIELD::SetNextLine() {
-    COSTREAMDECORATORTEXT::SetNextLine();
+    WriteLineEnd();
     mIsLineStart = 1;
+    GetComponent().SetNextLine();
 }
 
 }  // namespace MLCore

@@ -45,7 +45,7 @@ void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
     const char* end = from + std::max(count, 0L);
     // The component's own bytes may move with the first run that is written; not all components tell which are theirs.
     std::string copy;
-    if (from != end && (GetLent() != nullptr ? GetLent()->Holds(from) : FindRunEnd(from, end) != end)) {
+    if (from != end && (GetLent() != nullptr ? GetLent()->Holds(from, end) : FindRunEnd(from, end) != end)) {
         copy.assign(from, end);
         from = copy.data();
         end = from + copy.size();
@@ -108,11 +108,15 @@ void COSTREAMDECORATORTEXT::WriteLine(const std::string& line) {
     SetNextLine();
 }
 
-void COSTREAMDECORATORTEXT::SetNextLine() {
+void COSTREAMDECORATORTEXT::WriteLineEnd() {
     const bool isOwn = IsOfClass<COSTREAMDECORATORTEXT, COSTREAMDECORATORFIELD>(*this);
     if (!isOwn || GetLent() == nullptr || !GetLent()->Put(kLineEnd, sizeof(kLineEnd))) {
         SetValue(static_cast<const void*>("\n"), 1L);
     }
+}
+
+void COSTREAMDECORATORTEXT::SetNextLine() {
+    WriteLineEnd();
     GetComponent().SetNextLine();
 }
 

@@ -49,6 +49,7 @@ private:
     /// Writes what stays as it is.
     void WriteRun(const char* from, const char* to);
     void WriteInteger(std::int32_t value);
+    void WriteLineEnd();
 };
 
 }  // namespace MLCore

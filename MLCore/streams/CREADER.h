@@ -49,7 +49,7 @@ public:
     virtual void GetNextLine();
 
 #ifdef _WIN32
-    // What a call becomes in a client that includes <windows.h> after this header.
+    // What a call becomes in a client that includes <windows.h> after this header. Who overrides it takes the macro away first.
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectA() { return GetObject(); }
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectW() { return GetObject(); }
 #endif

@@ -57,6 +57,12 @@ bool GLOBALBLOCK::Resize(std::size_t room) noexcept {
     return true;
 }
 
+std::size_t GLOBALBLOCK::Refresh() noexcept {
+    mRoom = std::min(mRoom, mHandle != nullptr ? platform::GlobalBlockSize(mHandle) : 0);
+    mSize = std::min(mSize, mRoom);
+    return mSize;
+}
+
 void GLOBALBLOCK::Lock() {
     if (mData == nullptr && mRoom != 0) {
         mData = platform::GlobalBlockLock(mHandle);

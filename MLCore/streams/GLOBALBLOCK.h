@@ -39,6 +39,8 @@ public:
             Reallocate(size);
         }
     }
+    /// Looks how large the block is now: whose it is may have cut it while it was not locked. Tells the size.
+    std::size_t Refresh() noexcept;
     /// Locks the block unless it is. Fails with -100 when the system refuses.
     void Lock();
     /// Unlocks the block and gives it exactly `size` bytes; when the system refuses, as it does for 0, the size stays.

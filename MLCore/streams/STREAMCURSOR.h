@@ -29,6 +29,7 @@ inline void FailNullBuffer(const void* buffer, long count) {
 
 /// The size and the position of a stream of random access, and the rules about them that such streams share.
 class STREAMCURSOR {
+    // Names in brackets: <windows.h> makes macros of them.
 public:
     STREAMCURSOR() noexcept = default;
     explicit STREAMCURSOR(unsigned long long size) noexcept : mSize(size) {}
@@ -40,7 +41,7 @@ public:
     [[nodiscard]] long Available(long count) const noexcept {
         return IsAtEnd() || count <= 0
                    ? 0L
-                   : static_cast<long>(std::min(static_cast<unsigned long long>(count), mSize - mPosition));
+                   : static_cast<long>((std::min)(static_cast<unsigned long long>(count), mSize - mPosition));
     }
 
     void Rewind() noexcept { mPosition = 0; }
@@ -68,13 +69,13 @@ public:
     /// After a transfer of `count` bytes: moves on, and extends the size when that is past the end.
     void Advance(long count) noexcept {
         mPosition += static_cast<unsigned long long>(count);
-        mSize = std::max(mSize, mPosition);
+        mSize = (std::max)(mSize, mPosition);
     }
     /// Moves on without a look at the size.
     void MoveOn(long count) noexcept { mPosition += static_cast<unsigned long long>(count); }
     void SetSize(unsigned long long size) noexcept {
         mSize = size;
-        mPosition = std::min(mPosition, size);
+        mPosition = (std::min)(mPosition, size);
     }
 
     /// Reads from `data`, where the stream lies in memory: up to `count` bytes; returns how many. `buffer` may lie in `data`
@@ -96,13 +97,14 @@ public:
     /// What of the stream lies in memory; kept up to date by the stream.
     [[nodiscard]] const STREAMAREA& GetArea() const noexcept { return mArea; }
     void SetArea(const STREAMAREA& area) noexcept { mArea = area; }
-    [[nodiscard]] bool Holds(const char* byte) const noexcept {
-        return !std::less<>()(byte, mArea.data) && std::less<>()(byte, mArea.data + mArea.size);
+    /// Whether some of the bytes are the stream's.
+    [[nodiscard]] bool Holds(const char* from, const char* end) const noexcept {
+        return std::less<>()(from, mArea.data + mArea.size) && std::less<>()(mArea.data, end);
     }
     /// The bytes from the position on that lie in memory.
     [[nodiscard]] std::string_view Ahead() const noexcept {
         const std::size_t count =
-            static_cast<std::size_t>(std::min<unsigned long long>(RoomAhead(), mSize - mPosition));
+            static_cast<std::size_t>((std::min<unsigned long long>)(RoomAhead(), mSize - mPosition));
         return count != 0 ? std::string_view(AtPosition(), count) : std::string_view();
     }
     /// Moves on over `count` bytes and returns them; null, and stays, when they do not all lie in memory.
@@ -128,7 +130,7 @@ public:
         }
         Copy(room, bytes, count);
         mPosition += count;
-        mSize = std::max(mSize, mPosition);
+        mSize = (std::max)(mSize, mPosition);
         return true;
     }
 

@@ -3,9 +3,11 @@
 #include <MLCore/streams/CCOUNTINGSTREAM.h>
 #include <MLCore/streams/CHANDLESTREAM.h>
 #include <MLCore/streams/CMEMSTREAM.h>
+#include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 #include <gtest/gtest.h>
 #include <streams/StreamModel.h>
 
+#include <array>
 #include <climits>
 #include <random>
 #include <typeinfo>
@@ -142,6 +144,29 @@ TEST(MemoryStreamsTest, HandlesAreOwnedOrBorrowed) {
 }
 
 // The block moves, or loses its spare room, when its handle is asked for.
+TEST(MemoryStreamsTest, ABlockThatItsOwnerCutsIsReadToItsEnd) {
+    void* const block = GlobalBlockAlloc(1000, kGlobalZeroInit);
+    CHANDLESTREAM owner(block, 1), other(block, 0);
+    owner.Open();
+    owner.SetSize(10);
+    owner.Close();
+    other.Open();
+    std::array<char, 1000> bytes = {};
+    EXPECT_EQ(other.GetValue(static_cast<void*>(bytes.data()), 1000L), 10);
+    EXPECT_EQ(other.GetSize(), 10U);
+}
+
+TEST(MemoryStreamsTest, AFailedGrowthLeavesTheStreamsMemoryKnown) {
+    CBUFFERSTREAM stream;
+    stream.Open();
+    const std::string lines(60000, '\n');
+    stream.SetValue(lines);
+    EXPECT_EQ(FailureOf([&] { stream.SetSize(1ULL << 60); }), -100);
+    COSTREAMDECORATORTEXT(stream).SetValue(stream.GetBuffer(), 60000L);  // moves while it is written
+    EXPECT_EQ(stream.GetSize(), 180000U);
+    EXPECT_EQ(Content(stream).substr(179996), "\r\n\r\n");
+}
+
 TEST(MemoryStreamsTest, AnOpenStreamGivesItsHandleAndGoesOn) {
     CHANDLESTREAM stream;
     stream.Open();
