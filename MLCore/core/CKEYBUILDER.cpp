@@ -12,10 +12,8 @@ void CKEYBUILDER::AddKey(const std::string& name) {
     if (!KEYSTEPS::IsName(name)) {
         FailOSErr(kErrUnknownKey);
     }
-    if (!mPath.empty()) {
-        mPath += '.';
-    }
-    mPath += name;
+    // The name may be a part of the path.
+    mPath = mPath.empty() ? name : mPath + '.' + name;
 }
 
 void CKEYBUILDER::AddIndex(long index) {

@@ -90,6 +90,7 @@ CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyPathValue(const std::string& keyPath) {
 
 void COBJECT::SetKeyPathValue(const std::string& keyPath, COBJECT* value) {
     const std::string path = keyPath;
+    const CSHAREOBJECTPTR<COBJECT> held(value);
     STEP last;
     const CSHAREOBJECTPTR<COBJECT> target = WalkToLast(this, path, last);
     if (!target) {

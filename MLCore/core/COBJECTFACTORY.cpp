@@ -13,7 +13,7 @@
 
 namespace MLCore {
 
-MLCORE_DEFINE_SINGLETON(COBJECTFACTORY, noautorelease)
+MLCORE_DEFINE_INSTANCE(CSINGLETON<COBJECTFACTORY, noautorelease>)
 
 namespace {
 

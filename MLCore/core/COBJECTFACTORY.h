@@ -18,7 +18,7 @@
 namespace MLCore {
 
 class COBJECTFACTORY;
-MLCORE_DECLARE_SINGLETON(COBJECTFACTORY, noautorelease)
+MLCORE_DECLARE_INSTANCE(CSINGLETON<COBJECTFACTORY, noautorelease>)
 
 /// Creates objects by the name of their class, for readers of streams and key streams. One per process, reached through
 /// GetInstance(), and not released by itself: the application may call Free() at its end.

@@ -9,16 +9,6 @@
 #include <new>
 #include <type_traits>
 
-// The library's own singletons: declared before their class, defined in its source. Compilers differ in which of the two
-// exports the instantiation.
-#if defined(_MSC_VER) && defined(MLCORE_BUILDING)
-#define MLCORE_DECLARE_SINGLETON(T, POLICY)
-#define MLCORE_DEFINE_SINGLETON(T, POLICY) template class MLCORE_API CSINGLETON<T, POLICY>;
-#else
-#define MLCORE_DECLARE_SINGLETON(T, POLICY) extern template class MLCORE_API CSINGLETON<T, POLICY>;
-#define MLCORE_DEFINE_SINGLETON(T, POLICY) template class CSINGLETON<T, POLICY>;
-#endif
-
 namespace MLCore {
 
 /// The singleton is freed when its module is unloaded.
@@ -51,7 +41,7 @@ public:
     /// through, and the next call tries again. T's constructor must not call it.
     static T* GetInstance();
     /// Deletes the instance, if there is one; a later GetInstance() creates a fresh one. Not to be called while another
-    /// thread uses the instance or asks for it.
+    /// thread uses the instance or asks for it, nor by T's destructor.
     static void Free();
 
 protected:

@@ -54,7 +54,7 @@ public:
 
     [[nodiscard]] short GetClass() const noexcept { return mClass; }
     [[nodiscard]] short GetMsg() const noexcept { return mMsg; }
-    /// The field number of a field coherence error, else 0.
+    /// The field number, which is 0 but in field coherence errors and where a constructor was told otherwise.
     [[nodiscard]] short GetField() const noexcept { return static_cast<short>(mField); }
     /// The raw Win32 code or HRESULT, 0 when there is none.
     [[nodiscard]] unsigned int GetCode() const noexcept { return mCode; }

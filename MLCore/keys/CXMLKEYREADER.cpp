@@ -291,7 +291,8 @@ int CXMLKEYREADER::PeekByte() {
     if (mAt == mSize) {
         // One by one from a stream that cannot take back what stands behind the document.
         const long wanted = mRandom != nullptr ? static_cast<long>(mBytes.size()) : 1L;
-        mSize = static_cast<std::size_t>(std::max(0L, mStream.GetValue(static_cast<void*>(mBytes.data()), wanted)));
+        mSize = static_cast<std::size_t>(
+            std::clamp(mStream.GetValue(static_cast<void*>(mBytes.data()), wanted), 0L, wanted));
         mAt = 0;
         if (mSize == 0) {
             return kNone;

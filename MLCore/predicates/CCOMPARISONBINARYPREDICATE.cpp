@@ -8,7 +8,7 @@ namespace {
 
 using TYPE = CVALUEOBJECT::ComparisonType;
 
-bool IsOrder(TYPE type) noexcept { return type <= TYPE::GreaterEqual; }
+bool IsOrder(TYPE type) noexcept { return type >= TYPE::Lesser && type <= TYPE::GreaterEqual; }
 
 // 0 to 3, 1 to 2 and back: the numbers are part of the rule.
 TYPE Mirror(TYPE type) noexcept {

@@ -11,7 +11,8 @@ namespace MLCore {
 /// is one of the four orders, the key's value is compared with the left one by the mirrored order, which is taken from 3 and
 /// so *reverses strictness*: `5 < key` is evaluated as `key >= 5`, `5 > key` as `key <= 5`. That is meant so.
 ///
-/// A null on either side, and a left value that is no value object, make it false.
+/// A null pointer on either side, and a left value that is no value object, make it false; null values compare as CVALUEOBJECT
+/// tells.
 class MLCORE_API CCOMPARISONBINARYPREDICATE : public CCOMPARISONPREDICATE {
     MLCORE_CLASS(CCOMPARISONBINARYPREDICATE, CCOMPARISONPREDICATE)
 

@@ -6,7 +6,7 @@
 namespace MLCore {
 
 /// The value is an element of a collection, usually of a CLISTEXPRESSION: Equal to one under the option. False when the value
-/// is null or no value object, or the other side no collection.
+/// is a null pointer or no value object, or the other side no collection.
 class MLCORE_API CCOMPARISONINPREDICATE : public CCOMPARISONPREDICATE {
     MLCORE_CLASS(CCOMPARISONINPREDICATE, CCOMPARISONPREDICATE)
 

@@ -94,7 +94,14 @@ void CCOMPOUNDPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
     visitor.LeavePredicate(*this);
 }
 
+void CCOMPOUNDPREDICATE::FailMemberCount() const {
+    if (mType == Type::NOT && GetPredicates().GetCount() != 1) {
+        FailOSErr(kErrValueType);
+    }
+}
+
 void CCOMPOUNDPREDICATE::DoWriteState(CKEYWRITER& writer) const {
+    FailMemberCount();
     writer.BeginElement(ElementOf(mType));
     ForEachOf<CPREDICATE>(GetPredicates(), [&](const CPREDICATE& member) { member.DoWriteState(writer); });
     writer.EndElement();
@@ -106,9 +113,7 @@ void CCOMPOUNDPREDICATE::DoInitState(CKEYREADER& reader) {
         AddPredicate(CPREDICATE::Create(reader));
     }
     reader.EndElement();
-    if (mType == Type::NOT && GetPredicates().GetCount() != 1) {
-        FailOSErr(kErrValueType);
-    }
+    FailMemberCount();
 }
 
 std::ostream& operator<<(std::ostream& out, CCOMPOUNDPREDICATE::Type type) {

@@ -24,7 +24,8 @@ public:
     [[nodiscard]] int Evaluate(COBJECT* object) const override;
     void Accept(CPREDICATEVISITOR& visitor) const override;
 
-    /// The element "and", "or" or "not" with each member's. An unknown type fails with 138.
+    /// The element "and", "or" or "not" with each member's. An unknown type fails with 138, and so does a NOT of
+    /// another number of members than one.
     void DoWriteState(CKEYWRITER& writer) const override;
     void DoInitState(CKEYREADER& reader) override;
 
@@ -43,6 +44,7 @@ protected:
 private:
     template <class Evaluation>
     [[nodiscard]] int Decide(const Evaluation& evaluate) const;
+    void FailMemberCount() const;
 
     struct MEMBERS {
         CSHAREOBJECTPTR<CARRAY> array;

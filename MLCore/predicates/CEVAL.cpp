@@ -14,7 +14,8 @@ int CEVAL::Evaluate(const CPREDICATE* predicate, COBJECT* object) const {
     if (predicate == nullptr) {
         return 1;
     }
-    return !mVariables ? predicate->Evaluate(object) : predicate->Evaluate(object, *mVariables);
+    const CSHAREOBJECTPTR<CDICTIONARY> variables = mVariables;  // a property that is asked may assign to this
+    return !variables ? predicate->Evaluate(object) : predicate->Evaluate(object, *variables);
 }
 
 }  // namespace MLCore

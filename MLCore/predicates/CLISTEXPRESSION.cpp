@@ -25,7 +25,7 @@ CSHAREOBJECTPTR<COBJECT> EvaluateEach(const CARRAY& expressions, const Evaluatio
 CLISTEXPRESSION::CLISTEXPRESSION() : CLISTEXPRESSION(CMEMARRAY::Create()) {}
 
 CLISTEXPRESSION::CLISTEXPRESSION(CSHAREOBJECTPTR<CARRAY> expressions)
-    : CEXPRESSION(ExpressionType::List), mExpressions(std::move(expressions)) {}
+    : CEXPRESSION(ExpressionType::List), mExpressions((FailNull(expressions), CopyOf<CEXPRESSION>(*expressions))) {}
 
 CLISTEXPRESSION::~CLISTEXPRESSION() = default;
 

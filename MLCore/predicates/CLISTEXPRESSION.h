@@ -36,6 +36,7 @@ public:
     static constexpr const char* kElement = "list";
 
 protected:
+    /// As Create(); a null array fails with -100.
     explicit CLISTEXPRESSION(CSHAREOBJECTPTR<CARRAY> expressions);
     ~CLISTEXPRESSION() override;
 

@@ -27,7 +27,11 @@ bool IsText(const CVALUEOBJECT* object) {
 CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE() : CSEARCHTEXTPREDICATE(std::vector<OPERAND>(1)) {}
 
 CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE(std::vector<OPERAND> operands)
-    : CPREDICATE(PredicateType::SearchText), mOperands(std::move(operands)) {}
+    : CPREDICATE(PredicateType::SearchText), mOperands(std::move(operands)) {
+    if (mOperands.empty() || mOperands.size() > kMostOperands) {
+        FailOSErr(kErrValueType);
+    }
+}
 
 CSEARCHTEXTPREDICATE::~CSEARCHTEXTPREDICATE() = default;
 

@@ -34,6 +34,7 @@ public:
 
 protected:
     CSEARCHTEXTPREDICATE();
+    /// The field, if there is one, then the text. Fails with 138 for another number of operands.
     explicit CSEARCHTEXTPREDICATE(std::vector<OPERAND> operands);
     ~CSEARCHTEXTPREDICATE() override;
 

@@ -27,6 +27,9 @@ public:
     [[nodiscard]] virtual const SortOrderType& GetSortOrderType() const noexcept;
     [[nodiscard]] virtual const std::string& GetKey() const noexcept;
 
+    CSORTDESCRIPTOR(const CSORTDESCRIPTOR&) = default;
+    CSORTDESCRIPTOR& operator=(const CSORTDESCRIPTOR&) = delete;
+
 protected:
     ~CSORTDESCRIPTOR() override;
 

@@ -12,15 +12,12 @@ namespace MLCore {
 
 namespace {
 
-// A class derived from these may evaluate otherwise.
-bool IsExactly(const CEXPRESSION& expression, const CCLASSTYPEINFO& info) {
-    return expression.ClassInfo().IsSame(info) != 0;
-}
+// A class derived from these may evaluate otherwise, and need not say that it is another one.
 
-bool IsConstant(const CEXPRESSION& expression) { return IsExactly(expression, CVALUEEXPRESSION::ClassInfoStatic()); }
+bool IsConstant(const CEXPRESSION& expression) { return typeid(expression) == typeid(CVALUEEXPRESSION); }
 
 bool IsConstantList(const CEXPRESSION& expression) {
-    bool isConstant = IsExactly(expression, CLISTEXPRESSION::ClassInfoStatic());
+    bool isConstant = typeid(expression) == typeid(CLISTEXPRESSION);
     if (isConstant) {
         ForEachOf<CEXPRESSION>(static_cast<const CLISTEXPRESSION&>(expression).GetExpressions(),
                                [&](const CEXPRESSION& each) { isConstant = isConstant && IsConstant(each); });

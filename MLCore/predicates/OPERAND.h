@@ -41,9 +41,8 @@ private:
 
 /// The value object that `object` is, or null.
 [[nodiscard]] inline CVALUEOBJECT* ValueObject(COBJECT* object) noexcept {
-    const bool isOne = object != nullptr && (typeid(*object) == typeid(CVALUEOBJECT) ||
-                                             object->ClassInfo().IsKind(CVALUEOBJECT::ClassInfoStatic()) != 0);
-    return isOne ? static_cast<CVALUEOBJECT*>(object) : nullptr;
+    const bool isUsual = object != nullptr && typeid(*object) == typeid(CVALUEOBJECT);
+    return isUsual ? static_cast<CVALUEOBJECT*>(object) : dynamic_cast<CVALUEOBJECT*>(object);
 }
 
 /// What `value` says of `other`, which may be a collection or null.

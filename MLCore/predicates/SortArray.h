@@ -21,6 +21,8 @@ namespace MLCore {
 /// values of one key are of more than one kind (numbers, dates with date-times, texts, GUIDs), whether or not they would
 /// decide, or of none: objects other than value objects, and the type Object. Failures of the keys (151) pass through.
 ///
+/// Texts that a class derived from CVALUEOBJECT compares (CmpString) must compare the same each time they are asked.
+///
 /// Each element is asked once for each key, in the order of `order`; then about n log n comparisons, none of which takes memory.
 [[nodiscard]] MLCORE_API CSHAREOBJECTPTR<CARRAY> SortArray(
     CARRAY* array, CARRAY* order,

@@ -32,8 +32,8 @@ CSHAREOBJECTPTR<CARRAY> ReverseSortDescriptors(CARRAY* order) {
     for (CSHAREOBJECTPTR<COBJECT>& element : elements) {
         const auto* const descriptor = dynamic_cast<const CSORTDESCRIPTOR*>(element.Get());
         FailOSErr(descriptor != nullptr ? short{0} : kErrBadCast);
-        const bool isAscending = descriptor->GetSortOrderType() == TYPE::Ascending;
-        element = CSORTDESCRIPTOR::Create(descriptor->GetKey(), isAscending ? TYPE::Descending : TYPE::Ascending);
+        const bool isDescending = descriptor->GetSortOrderType() == TYPE::Descending;
+        element = CSORTDESCRIPTOR::Create(descriptor->GetKey(), isDescending ? TYPE::Ascending : TYPE::Descending);
     }
     return CMEMARRAY::Create(std::move(elements));
 }

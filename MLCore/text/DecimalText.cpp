@@ -54,7 +54,7 @@ void AppendPadded(std::string& text, long long value, int digits) {
     if (value < 0) {
         text += '-';
     }
-    text.append(static_cast<std::size_t>(std::max(digits - length, 0)), '0');
+    text.append(static_cast<std::size_t>(digits > length ? digits - length : 0), '0');
     text.append(buffer, static_cast<std::size_t>(length));
 }
 

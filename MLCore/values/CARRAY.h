@@ -68,6 +68,8 @@ public:
 
 protected:
     CARRAY() = default;
+    CARRAY(const CARRAY&) = default;
+    CARRAY& operator=(const CARRAY&) = delete;
     ~CARRAY() override;
 };
 

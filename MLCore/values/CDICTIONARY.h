@@ -48,6 +48,8 @@ public:
 
 protected:
     CDICTIONARY() = default;
+    CDICTIONARY(const CDICTIONARY&) = default;
+    CDICTIONARY& operator=(const CDICTIONARY&) = delete;
     ~CDICTIONARY() override;
 };
 

@@ -56,6 +56,8 @@ public:
 
 protected:
     CSET() = default;
+    CSET(const CSET&) = default;
+    CSET& operator=(const CSET&) = delete;
     ~CSET() override;
 };
 

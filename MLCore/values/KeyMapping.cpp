@@ -34,7 +34,7 @@ public:
 ELEMENTS ElementsOf(const CARRAY& array) {
     ELEMENTS elements;
     const long count = array.GetCount();
-    elements.reserve(static_cast<std::size_t>(count));
+    elements.reserve(static_cast<std::size_t>(std::max(count, 0L)));
     for (long index = 0; index < count; ++index) {
         elements.push_back(array.GetObjectAt(index));
     }
@@ -43,7 +43,7 @@ ELEMENTS ElementsOf(const CARRAY& array) {
 
 ELEMENTS ElementsOf(const CSET& set) {
     ELEMENTS elements;
-    elements.reserve(static_cast<std::size_t>(set.GetCount()));
+    elements.reserve(static_cast<std::size_t>(std::max(set.GetCount(), 0L)));
     for (CSHAREOBJECTPTR<COBJECT> element : set) {
         elements.push_back(std::move(element));
     }

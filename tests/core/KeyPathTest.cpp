@@ -135,6 +135,10 @@ TEST(KeyPathTest, WhatIsBuiltIsReadBack) {
 TEST(KeyPathTest, BuildsTheToldForm) {
     CKEYBUILDER builder;
     EXPECT_EQ(builder.GetPath(), "");
+    builder.AddKey("n");
+    builder.AddKey(builder.GetPath());
+    EXPECT_EQ(builder.GetPath(), "n.n");
+    builder = {};
     builder.AddKey("orders");
     builder.AddIndex(2);
     builder.AddIndex(2147483647);

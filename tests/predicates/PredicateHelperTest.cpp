@@ -1,3 +1,4 @@
+#include <MLCore/core/COBJECTFACTORY.h>
 #include <MLCore/keys/CXMLKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEHELPER.h>
 #include <MLCore/streams/CBUFFERSTREAM.h>
@@ -85,6 +86,8 @@ TEST(PredicateHelper, WritesEachKindAsQueryText) {
     CBUFFERSTREAM out;
     out.Open();
     CXMLKEYWRITER writer(out);
+    const OBJECT unread = COBJECTFACTORY::GetInstance()->CreateObject("class MLCore::CNOTPREDICATE");
+    EXPECT_EQ(FailureOf([&] { dynamic_cast<CPREDICATE&>(*unread).DoWriteState(writer); }), 138) << "NOT of nothing";
     for (CPREDICATE* const unknown :
          {static_cast<CPREDICATE*>(new CSOUNDSLIKE(12)), static_cast<CPREDICATE*>(new CMOSTOF)}) {
         const PREDICATE held = AdoptObject(unknown);

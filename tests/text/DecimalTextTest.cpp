@@ -48,7 +48,7 @@ TEST(DecimalTextTest, LeadingIntegerIsThatOfTheCLibraryButStopsAtTheRange) {
 
 TEST(DecimalTextTest, AppendPaddedIsThatOfTheCLibrary) {
     for (const long long value : {0LL, 5LL, -5LL, 99LL, 100LL, -100LL, 2024LL, LLONG_MAX, LLONG_MIN, LLONG_MIN + 1}) {
-        for (const int digits : {-3, 1, 2, 4, 19, 20, 40}) {
+        for (const int digits : {INT_MIN, -3, 1, 2, 4, 19, 20, 40}) {
             char expected[64];
             std::snprintf(expected, sizeof expected, "%.*lld", digits, value);
             std::string text = "before ";
