@@ -5,7 +5,7 @@
 # <target>  an executable, a shared library or a module that links MLCore. A linker may drop those of a
 #           static library.
 # <name>    letters, digits, "_", "-" and ".", starting with a letter or "_", whose case does not count; or "#" and a
-#           number.
+#           number from 1 to 65535.
 # <file>    relative to the current source folder. The target is built again when the file changes. An empty file
 #           is not found at run time.
 # <number>  the type, 1 to 65535; 10 is plain data. From 1 to 24, Windows expects its own formats in the others.
@@ -34,7 +34,8 @@ function(mlcore_add_resources target)
             message(FATAL_ERROR
                 "mlcore_add_resources: expected NAME, FILE and TYPE, got: ${nameWord}, ${fileWord}, ${typeWord}")
         endif()
-        if(NOT name MATCHES "^(#[0-9]+|[A-Za-z_][A-Za-z0-9_.-]*)$")
+        string(REGEX REPLACE "^#" "" number "${name}")
+        if(NOT name MATCHES "^(#[1-9][0-9]*|[A-Za-z_][A-Za-z0-9_.-]*)$" OR number GREATER 65535)
             message(FATAL_ERROR "mlcore_add_resources: not a resource name: ${name}")
         endif()
         if(NOT type MATCHES "^[1-9][0-9]*$" OR type GREATER 65535)
@@ -46,9 +47,11 @@ function(mlcore_add_resources target)
         endif()
         list(APPEND files "${file}")
 
-        # The system looks texts up in upper case.
-        string(TOUPPER "${name}" scriptName)
-        string(REGEX REPLACE "^#" "" scriptName "${scriptName}")
+        # The system looks texts up in upper case. In quotes, windres takes words of its own language too.
+        string(TOUPPER "${number}" scriptName)
+        if(MINGW AND NOT name MATCHES "^#")
+            set(scriptName "\"${scriptName}\"")
+        endif()
         string(APPEND script "${scriptName} ${type} \"${file}\"\n")
 
         set(symbol "mlcore_resource_${prefix}_${count}")

@@ -8,7 +8,7 @@
 namespace MLCore {
 
 class CCALENDARMANAGER;
-MLCORE_DECLARE_SINGLETON(CCALENDARMANAGER, autorelease)
+MLCORE_DECLARE_INSTANCE(CSINGLETON<CCALENDARMANAGER, autorelease>)
 
 /// Holds the current calendar of the process, which dates ask when they are given none: a CCALENDARFRENCHSTRATEGY at
 /// first. Reached through GetInstance(); freed when the library is unloaded.

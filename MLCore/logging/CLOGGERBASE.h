@@ -54,7 +54,7 @@ protected:
 
     /// True when nothing has been written to the current line.
     [[nodiscard]] bool IsStartLine() const;
-    void NextMsg() noexcept { mMsgNumber += mMsgNumber != std::numeric_limits<long>::max() ? 1 : 0; }
+    void NextMsg() noexcept { mMsgNumber += mMsgNumber != (std::numeric_limits<long>::max)() ? 1 : 0; }
     /// Empties the line, and has the stream work again if something failed to be written.
     void ResetStr();
     /// The line, which is empty afterwards as after ResetStr(). Giving the text back spares the next line its memory,

@@ -81,8 +81,8 @@ public:
     /// Hands what waits to the system.
     static void Flush();
 
-    /// The stream that writes to the log file, which is opened for it; what is inserted while the output is off or the
-    /// file cannot be opened goes nowhere. It lives as long as the process. It is written when it is flushed, and before
+    /// The stream that writes to the log file, which is opened for it; what is inserted while no file is open
+    /// goes nowhere, until GetStream() or the next line of a logger opens it again. It lives as long as the process. It is written when it is flushed, and before
     /// the next line of a logger, which begins a line of its own. Threads must not use it while others log.
     ///
     /// \throws FrameworkException  the file cannot be opened, once.

@@ -23,3 +23,13 @@
 #else
 #define MLCORE_TEMPLATE_API __attribute__((visibility("default")))
 #endif
+
+// An instance of a class template that the library exports: declared in a header, defined in one source. Compilers differ in
+// which of the two exports it.
+#if defined(_MSC_VER) && defined(MLCORE_BUILDING)
+#define MLCORE_DECLARE_INSTANCE(...)
+#define MLCORE_DEFINE_INSTANCE(...) template class MLCORE_API __VA_ARGS__;
+#else
+#define MLCORE_DECLARE_INSTANCE(...) extern template class MLCORE_API __VA_ARGS__;
+#define MLCORE_DEFINE_INSTANCE(...) template class __VA_ARGS__;
+#endif

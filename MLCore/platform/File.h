@@ -16,7 +16,8 @@ namespace MLCore::platform {
 ///
 /// All functions may be called from any thread; a file's offset is one for all of its users.
 
-/// The path made absolute by the current folder, or as it stands when it is empty or the system does not tell the folder.
+/// The path made absolute by the current folder, or as it stands when it is empty, the system does not tell the folder, or on
+/// Windows the ANSI code page lacks a letter of it.
 /// \throws std::bad_alloc
 [[nodiscard]] MLCORE_API std::string AbsolutePath(const char* path);
 
@@ -67,12 +68,13 @@ MLCORE_API bool FileClose(FILEHANDLE file) noexcept;
 
 /// Writes `count` bytes at the offset, or at the end of a file opened with kFileAppend, and moves the offset behind them.
 ///
-/// Up to a GiB goes to the system in one piece.
+/// Up to a GiB goes to the system in one piece. A pipe that nobody reads any more and a file at its limit are failures, not
+/// signals.
 /// \return the number of bytes written: `count`, or less after a failure.
 [[nodiscard]] MLCORE_API std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
 
-/// FileWrite for a file opened with kFileAppend: what several processes append by it does not mix, up to a GiB a piece. A
-/// pipe that nobody reads any more is a failure, not a signal.
+/// FileWrite for a file opened with kFileAppend: what several processes append by it does not mix, up to a GiB a piece. One
+/// thread at a time for a file: it may wait for a lock.
 [[nodiscard]] MLCORE_API std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
 
 /// Moves the offset, counted from the file's begin; it may lie beyond the end.

@@ -40,6 +40,7 @@ inline constexpr unsigned int kGlobalZeroInit = 0x0040;
 [[nodiscard]] MLCORE_API void* GlobalBlockReAlloc(void* block, std::size_t size, unsigned int flags = 0) noexcept;
 
 /// Locks a block once more and returns its first byte, which stays in place until the last lock is taken off.
+/// Windows counts 255 locks.
 ///
 /// \return null when `block` is no handle or has no bytes; it is not locked then.
 [[nodiscard]] MLCORE_API void* GlobalBlockLock(void* block) noexcept;

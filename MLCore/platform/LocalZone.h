@@ -11,7 +11,8 @@ namespace MLCore::platform {
 ///
 /// \param unixSeconds  the instant, in seconds since 1 January 1970 00:00:00 UTC; any value.
 ///
-/// The zone is the process's: the environment variable `TZ`, if set when the process starts, else the system's setting.
+/// The zone is the process's: on Windows the system's setting, elsewhere that of the environment variable `TZ`, if set when
+/// the process starts, else the system's.
 /// An instant whose year the system does not convert gets the offset of the same day and time in the nearest year that
 /// it does convert. Never fails.
 [[nodiscard]] MLCORE_API std::int32_t LocalOffsetFromUtc(std::int64_t unixSeconds) noexcept;

@@ -26,13 +26,14 @@ namespace MLCore::platform {
 /// Finds a resource; null when the module has none of that name and type, or `name` is null.
 [[nodiscard]] MLCORE_API HRSRC FindModuleResource(HINSTANCE module, const char* name, unsigned short type) noexcept;
 
-/// Loads a resource: a handle for LockModuleResource; null for a null or unknown resource.
+/// Loads a resource: a handle for LockModuleResource; null for a null resource. The resource is one of
+/// this module's, here as below.
 [[nodiscard]] MLCORE_API void* LoadModuleResource(HINSTANCE module, HRSRC resource) noexcept;
 
 /// The first byte of a loaded resource; null for null. The bytes are read-only.
 [[nodiscard]] MLCORE_API const void* LockModuleResource(void* loadedResource) noexcept;
 
-/// The size of a resource in bytes; 0 for a null or unknown resource.
+/// The size of a resource in bytes; 0 for a null resource.
 [[nodiscard]] MLCORE_API std::size_t ModuleResourceSize(HINSTANCE module, HRSRC resource) noexcept;
 
 #if !defined(_WIN32)

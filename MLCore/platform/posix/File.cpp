@@ -141,6 +141,9 @@ std::int64_t FileRead(FILEHANDLE file, void* buffer, std::size_t count) noexcept
 }
 
 std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
+    // A pipe that nobody reads any more and a file that has reached its limit are failures as others, and must not end the
+    // process.
+    const WRITESIGNALGUARD guard;
     const char* const bytes = static_cast<const char*>(buffer);
     std::size_t done = 0;
     while (done < count) {
@@ -156,10 +159,7 @@ std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) no
 }
 
 std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
-    // O_APPEND: each write finds the end and writes there in one step. A pipe that nobody reads any more and a file that has
-    // reached its limit are failures as others, and must not end the process.
-    const WRITESIGNALGUARD guard;
-    return FileWrite(file, buffer, count);
+    return FileWrite(file, buffer, count);  // O_APPEND: each write finds the end and writes there in one step
 }
 
 bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept {
@@ -169,6 +169,7 @@ bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept {
 std::int64_t FileSize(FILEHANDLE file) noexcept { return lseek(Descriptor(file), 0, SEEK_END); }
 
 bool FileResize(FILEHANDLE file, std::uint64_t size) noexcept {
+    const WRITESIGNALGUARD guard;
     return Uninterrupted([&] { return ftruncate(Descriptor(file), static_cast<off_t>(size)); }) == 0;
 }
 

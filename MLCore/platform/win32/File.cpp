@@ -1,5 +1,6 @@
 #include <MLCore/platform/File.h>
 #include <MLCore/platform/WinTypes.h>
+#include <MLCore/platform/win32/AnsiPath.h>
 
 #include <algorithm>
 
@@ -19,6 +20,9 @@ bool Fail(DWORD code) noexcept {
 }
 
 HANDLE Handle(FILEHANDLE file) noexcept { return reinterpret_cast<HANDLE>(file); }
+
+/// Has a size, and offsets.
+bool IsPlainFile(HANDLE file) noexcept { return GetFileType(file) == FILE_TYPE_DISK; }
 
 DWORD Access(unsigned int flags) noexcept {
     // Who cannot read cannot lock.
@@ -49,13 +53,14 @@ void TellFolder(const char* path) noexcept {
 }  // namespace
 
 std::string AbsolutePath(const char* path) {
-    std::string absolute(GetFullPathNameA(path, 0, nullptr, nullptr), '\0');
-    const DWORD length = GetFullPathNameA(path, static_cast<DWORD>(absolute.size()), absolute.data(), nullptr);
-    if (length == 0 || length >= absolute.size()) {
+    const std::wstring given = WidePath(path);
+    std::wstring absolute(GetFullPathNameW(given.c_str(), 0, nullptr, nullptr), L'\0');
+    const DWORD length = GetFullPathNameW(given.c_str(), static_cast<DWORD>(absolute.size()), absolute.data(), nullptr);
+    if (length >= absolute.size()) {
         return path;
     }
-    absolute.resize(length);
-    return absolute;
+    const std::string told = AnsiPath(std::wstring_view(absolute).substr(0, length));
+    return told.empty() ? path : told;
 }
 
 FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept {
@@ -71,7 +76,7 @@ FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept {
     }
     const FILEHANDLE file = reinterpret_cast<FILEHANDLE>(handle);
     // The system's own way to empty a file would change its attributes, and refuses hidden files.
-    if ((flags & kFileTruncate) != 0 && !FileResize(file, 0)) {
+    if ((flags & kFileTruncate) != 0 && IsPlainFile(handle) && !FileResize(file, 0)) {
         const DWORD code = GetLastError();
         CloseHandle(handle);
         SetLastError(code);
@@ -128,6 +133,9 @@ bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept {
     if (offset > INT64_MAX) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
+    if (!IsPlainFile(Handle(file))) {
+        return Fail(ERROR_SEEK_ON_DEVICE);
+    }
     LARGE_INTEGER distance = {};
     distance.QuadPart = static_cast<LONGLONG>(offset);
     return SetFilePointerEx(Handle(file), distance, nullptr, FILE_BEGIN) != 0;
@@ -135,7 +143,7 @@ bool FileSeek(FILEHANDLE file, std::uint64_t offset) noexcept {
 
 std::int64_t FileSize(FILEHANDLE file) noexcept {
     LARGE_INTEGER size = {};
-    if (GetFileType(Handle(file)) != FILE_TYPE_DISK) {
+    if (!IsPlainFile(Handle(file))) {
         SetLastError(ERROR_SEEK_ON_DEVICE);
         return -1;
     }
@@ -152,7 +160,14 @@ bool FileResize(FILEHANDLE file, std::uint64_t size) noexcept {
 }
 
 bool FileRemove(const char* path) noexcept {
-    return path == nullptr ? Fail(ERROR_INVALID_PARAMETER) : DeleteFileA(path) != 0;
+    if (path == nullptr) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    const bool isRemoved = DeleteFileA(path) != 0;
+    if (!isRemoved) {
+        TellFolder(path);
+    }
+    return isRemoved;
 }
 
 }  // namespace MLCore::platform

@@ -6,7 +6,9 @@ namespace MLCore::platform {
 HINSTANCE ModuleOf(const void* address) noexcept {
     constexpr DWORD kFlags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     HMODULE module = nullptr;
-    return GetModuleHandleExA(kFlags, static_cast<const char*>(address), &module) ? module : nullptr;
+    // Asked for null, the system gives the program.
+    const bool isFound = address != nullptr && GetModuleHandleExA(kFlags, static_cast<const char*>(address), &module);
+    return isFound ? module : nullptr;
 }
 
 HRSRC FindModuleResource(HINSTANCE module, const char* name, unsigned short type) noexcept {

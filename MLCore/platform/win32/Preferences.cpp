@@ -9,7 +9,7 @@ namespace MLCore::platform {
 
 std::optional<std::string> SystemPreferenceText(const char* key, const char* name) {
     const std::string path = std::string("Software\\") + key;
-    constexpr DWORD kTypes = RRF_RT_REG_DWORD | RRF_RT_REG_SZ;
+    constexpr DWORD kTypes = RRF_RT_REG_DWORD | RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND;
     std::string bytes(256, '\0');
     DWORD type = 0;
     LSTATUS status = ERROR_MORE_DATA;

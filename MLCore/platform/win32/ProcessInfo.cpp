@@ -1,15 +1,15 @@
 #include <MLCore/platform/ProcessInfo.h>
 #include <MLCore/platform/WinTypes.h>
+#include <MLCore/platform/win32/AnsiPath.h>
 
 namespace MLCore::platform {
 
 std::string ExecutablePath() {
-    std::string path(MAX_PATH, '\0');
+    std::wstring path(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) {
-            path.resize(length);
-            return path;
+            return AnsiPath(std::wstring_view(path).substr(0, length));
         }
         path.resize(path.size() * 2);  // a full buffer holds a cut path
     }
