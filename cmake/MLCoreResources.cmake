@@ -5,7 +5,8 @@
 # <target>  an executable, a shared library or a module that links MLCore. A linker may drop those of a
 #           static library.
 # <name>    letters, digits, "_", "-" and ".", starting with a letter or "_", whose case does not count; or "#" and a
-#           number from 1 to 65535.
+#           number from 1 to 65535. Words of the resource scripts' language (MENU, VERSION, VALUE...) do not compile on
+#           Windows.
 # <file>    relative to the current source folder. The target is built again when the file changes. An empty file
 #           is not found at run time.
 # <number>  the type, 1 to 65535; 10 is plain data. From 1 to 24, Windows expects its own formats in the others.
@@ -47,11 +48,8 @@ function(mlcore_add_resources target)
         endif()
         list(APPEND files "${file}")
 
-        # The system looks texts up in upper case. In quotes, windres takes words of its own language too.
+        # The system looks texts up in upper case.
         string(TOUPPER "${number}" scriptName)
-        if(MINGW AND NOT name MATCHES "^#")
-            set(scriptName "\"${scriptName}\"")
-        endif()
         string(APPEND script "${scriptName} ${type} \"${file}\"\n")
 
         set(symbol "mlcore_resource_${prefix}_${count}")

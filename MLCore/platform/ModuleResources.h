@@ -14,7 +14,7 @@ namespace MLCore::platform {
 ///
 /// A name is a text of letters, digits, `_`, `-` and `.`, compared without regard to ASCII case, or a number from 1 to
 /// 65535, given as `"#123"` or as a pointer with that value. The type is a number from 1 to 65535; 10 is plain data. An
-/// empty file is not found.
+/// empty file is not found, and words of Windows's resource scripts (MENU, VALUE) are no names there.
 ///
 /// A module handle is what loading the module gives: on Windows the `HMODULE`, on Linux what `dlopen` returns. Null is
 /// the program itself. All functions may be called from any thread. Nothing needs to be released: the bytes live as

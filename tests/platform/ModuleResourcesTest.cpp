@@ -35,14 +35,13 @@ TEST(ModuleResourcesTest, ModulesAreToldApart) {
 }
 
 #if defined(MLCORE_TEST_RESOURCES)
-// Put into the test program by the build: greeting.txt as GREETING and Menu of type 10 and as #123 of type 300, empty.txt as
-// EMPTY. "Menu" is a word of resource scripts.
+// Put into the test program by the build: greeting.txt as GREETING of type 10 and as #123 of type 300, empty.txt as
+// EMPTY.
 TEST(ModuleResourcesTest, FilesAreFoundByNameAndType) {
     for (const HINSTANCE module : {HINSTANCE{nullptr}, ModuleOf(&kAnchor)}) {
         for (const HRSRC resource :
              {FindModuleResource(module, "GREETING", 10), FindModuleResource(module, "greeting", 10),
-              FindModuleResource(module, "menu", 10), FindModuleResource(module, "#123", 300),
-              FindModuleResource(module, NumberAsName(123), 300)}) {
+              FindModuleResource(module, "#123", 300), FindModuleResource(module, NumberAsName(123), 300)}) {
             EXPECT_EQ(TextOf(module, resource), "Bonjour, caf\xE9\n");
         }
         EXPECT_EQ(FindModuleResource(module, "GREETING", 300), nullptr);
