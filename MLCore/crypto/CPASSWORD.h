@@ -29,8 +29,8 @@ namespace MLCore {
 /// upper case "ABCDEFGHJKLMNPQRSTWXYZ", lower case "abcdefgijkmnopqrstwxyz", digits "123456789", symbols "*$-+?_&=!%{}/".
 ///
 /// Failures are FrameworkExceptions: the system's last error when it gives no random bytes or does not protect memory, -100
-/// (null) without memory for secrets; or std::bad_alloc without other memory. A failed call leaves the password as it was, save that memory that the system refuses to seal stays
-/// readable until the next Unlock() seals it.
+/// (null) without memory for secrets; or std::bad_alloc without other memory. A failed call leaves the password as it was,
+/// save that memory that the system refuses to seal stays readable until the next Unlock() seals it.
 ///
 /// One object is used by one thread at a time. Each takes whole pages of memory: it is meant for a few thousand secrets at
 /// most.
@@ -48,7 +48,8 @@ public:
     /// characters have 20.4, 12 have 72.1, 16 have 96.5. Lengths below 4 fail with 132.
     [[nodiscard]] static double SecureEntropy(short length);
 
-    /// A copy of `text`; null fails with -100, a text of nearly 2 GiB with 132. The caller wipes what it keeps (platform::WipeMemory).
+    /// A copy of `text`; null fails with -100, a text of nearly 2 GiB with 132. The caller wipes what it keeps
+    /// (platform::WipeMemory).
     [[nodiscard]] static std::unique_ptr<CPASSWORD> Create(const char* text);
     /// A copy of `size` bytes, which may hold zeros. `data` may be null for size 0 only, else -100; a negative size or one
     /// of nearly 2 GiB fails with 132.

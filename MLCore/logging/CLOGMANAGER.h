@@ -24,8 +24,8 @@ namespace MLCore {
 ///
 /// A file that cannot be opened fails once, in the function that wants it open, with the system's code; from then on
 /// lines are dropped without a word, until SetLogFile() or Enable(int) has it tried again.
-/// What cannot be written (a full disk, a file at its limit) is dropped. A file that is removed or renamed while it is open is written to
-/// until it is closed.
+/// What cannot be written (a full disk, a file at its limit) is dropped. A file that is removed or renamed while it is open
+/// is written to until it is closed.
 ///
 /// After a fork() of a program with several threads, the child must not log, as with most locks; lines that wait then are
 /// written by both. Flush() first.
@@ -82,8 +82,9 @@ public:
     static void Flush();
 
     /// The stream that writes to the log file, which is opened for it; what is inserted while no file is open
-    /// goes nowhere, until GetStream() or the next line of a logger opens it again. It lives as long as the process. It is written when it is flushed, and before
-    /// the next line of a logger, which begins a line of its own. Threads must not use it while others log.
+    /// goes nowhere, until GetStream() or the next line of a logger opens it again. It lives as long as the process. It is
+    /// written when it is flushed, and before the next line of a logger, which begins a line of its own. Threads must not
+    /// use it while others log.
     ///
     /// \throws FrameworkException  the file cannot be opened, once.
     [[nodiscard]] static std::ostream& GetStream();

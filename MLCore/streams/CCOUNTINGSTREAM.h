@@ -7,9 +7,10 @@ namespace MLCore {
 
 /// A stream that stores nothing and measures: write to it to learn how many bytes something takes.
 ///
-/// What is read leaves the destination as it was (texts become zero bytes), and a null buffer is as good as any. A read moves the position by all it asked for, deliberately, and so can
-/// pass the end; IsEnd() is 1 exactly at the end, so after such a read it stays 0 until Rewind() or SetSize(). Do not copy it through
-/// a decorator, which would read past the end for ever; its own GetValue(COSTREAM&) ends.
+/// What is read leaves the destination as it was (texts become zero bytes), and a null buffer is as good as any. A read
+/// moves the position by all it asked for, deliberately, and so can pass the end; IsEnd() is 1 exactly at the end, so after
+/// such a read it stays 0 until the two meet again. Do not copy it through a decorator, which would read past the end for
+/// ever; its own GetValue(COSTREAM&) ends.
 class MLCORE_API CCOUNTINGSTREAM : public CURSORSTREAM {
 public:
     CCOUNTINGSTREAM();

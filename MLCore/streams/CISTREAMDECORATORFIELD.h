@@ -38,8 +38,8 @@ public:
 
     using CISTREAMDECORATORTEXT::GetValue;
     void GetValue(std::string& value, long length) override;  ///< ReadNextValue()
-    /// The first character of the next field, which is taken whole up to 32767 characters; 0 of an
-    /// empty field. Fails with -110 at the end.
+    /// The first character of the next field, which is taken whole up to 32767 characters; 0 of an empty field.
+    /// Fails with -110 at the end.
     void GetValue(char& value) override;
 
 private:

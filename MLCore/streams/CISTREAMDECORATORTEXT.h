@@ -20,10 +20,10 @@ namespace MLCore {
 /// A read that comes to the end of its line takes the LF and sets the end-of-line flag. From then on values are empty,
 /// until ReadLine() (which gives ""), GetNextLine(), ClearEndOfLine() or GetValue(char&), which reads on, clears the flag.
 ///
-/// Typed reads take the rest of the line (32767 characters at most), blanks around the value ignored. An empty text gives 0 or null. What is not wholly a
-/// value of the type fails with 138, with the text taken and the destination unchanged; at the end of the stream, with the
-/// flag clear, they fail with -110. Memory blocks and objects are the component's, in their binary form, and so are Skip()
-/// and Rewind(), which leave the flag alone.
+/// Typed reads take the rest of the line (32767 characters at most), blanks around the value ignored. An empty text gives 0
+/// or null. What is not wholly a value of the type fails with 138, with the text taken and the destination unchanged; at
+/// the end of the stream, with the flag clear, they fail with -110. Memory blocks and objects are the component's, in their
+/// binary form, and so are Skip() and Rewind(), which leave the flag alone.
 ///
 /// Each character is read by itself, unless nobody can tell: in the memory of the library's own streams lines are looked for
 /// at once, as long as this is no derived class.
