@@ -1,6 +1,6 @@
+#include <MLCore/platform/AnsiPath.h>
 #include <MLCore/platform/File.h>
 #include <MLCore/platform/WinTypes.h>
-#include <MLCore/platform/win32/AnsiPath.h>
 
 #include <algorithm>
 

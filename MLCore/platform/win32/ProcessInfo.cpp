@@ -1,6 +1,6 @@
+#include <MLCore/platform/AnsiPath.h>
 #include <MLCore/platform/ProcessInfo.h>
 #include <MLCore/platform/WinTypes.h>
-#include <MLCore/platform/win32/AnsiPath.h>
 
 namespace MLCore::platform {
 

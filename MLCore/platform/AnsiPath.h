@@ -1,5 +1,7 @@
-/// Paths between the ANSI code page and the system's own characters. Not for clients.
+/// Paths between the ANSI code page of Windows and the system's own characters. Not for clients.
 #pragma once
+
+#if defined(_WIN32)
 
 #include <MLCore/platform/WinTypes.h>
 
@@ -26,3 +28,5 @@ inline std::string AnsiPath(std::wstring_view wide) {
 }
 
 }  // namespace MLCore::platform
+
+#endif
