@@ -28,7 +28,8 @@ attempt() {
 # settings PRESET SHARED: what a preset would set, for the library and for its users.
 settings() {
     common=(-G Ninja -DCMAKE_BUILD_TYPE=Release)
-    # The presets' compiler, by the same name: what they compiled comes from the cache.
+    # The presets' compiler, by the same name, and their options: what they compiled comes from the cache.
+    command -v ccache >/dev/null && common+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
     if [ "$1" = linux ]; then common+=(-DCMAKE_CXX_COMPILER=g++); else common+=(--toolchain "$ROOT/cmake/mingw-w64.cmake"); fi
     library=("${common[@]}" -DBUILD_SHARED_LIBS="$2" -DMLCORE_WERROR="$MLCORE_WERROR" -DMLCORE_TESTS=OFF -DMLCORE_EXAMPLES=OFF)
 }
@@ -152,7 +153,7 @@ for preset in "${presets[@]}"; do
             attempt "$name: whole with find_package" holds_everything "$work/users/$name-found/stranger"
             attempt "$name: whole with pkg-config" holds_everything "$work/users/$name-pkg-config"
         fi
-        attempt "$name: add_subdirectory" with_cmake "$name-embedded" -DMLCORE_SOURCE="$ROOT" -DBUILD_SHARED_LIBS=$shared
+        attempt "$name: add_subdirectory" with_cmake "$name-embedded" -DMLCORE_SOURCE="$ROOT" -DBUILD_SHARED_LIBS=$shared -DMLCORE_WERROR="$MLCORE_WERROR"
         [ $shared = ON ] || attempt "$name: whole with add_subdirectory" holds_everything "$work/users/$name-embedded/stranger"
     done
 done
