@@ -94,8 +94,8 @@ void CXMLKEYWRITER::CloseTag() {
 // A typed write of text would be encoded by some streams.
 void CXMLKEYWRITER::Flush(std::size_t least) {
     if (mPending.size() >= least) {
-        const std::string written = std::exchange(mPending, {});  // the stream might write to this writer
-        mStream.SetValue(static_cast<const void*>(written.data()), static_cast<long>(written.size()));
+        mStream.SetValue(static_cast<const void*>(mPending.data()), static_cast<long>(mPending.size()));
+        mPending.clear();
     }
 }
 
