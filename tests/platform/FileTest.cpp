@@ -30,6 +30,8 @@ TEST(FileTest, FailuresLeaveTheirCode) {
     EXPECT_TRUE(FileRemove(file.path.c_str()));
     EXPECT_FALSE(FileRemove(file.path.c_str()));
     EXPECT_EQ(LastError(), 2U);
+    EXPECT_FALSE(FileRemove(MLCORE_SOURCE_DIR "/tests"));
+    EXPECT_EQ(LastError(), 336U);
 }
 
 }  // namespace
