@@ -1,9 +1,11 @@
-/// The whole library, save the services of the system (MLCore/platform/), which are included by themselves. Programs that care for their compile time include the headers of the classes they use.
+/// The whole library, except the services of the system (MLCore/platform/), whose headers are included one by one. A program that
+/// wants short compile times includes the headers of the classes that it uses instead.
 #pragma once
 
 #include <MLCore/core/CCLASSTYPEINFO.h>
 #include <MLCore/core/CINDEXEDACCESS.h>
 #include <MLCore/core/CKEYBUILDER.h>
+#include <MLCore/core/CKEYNAMES.h>
 #include <MLCore/core/CKEYPARSER.h>
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/COBJECTFACTORY.h>
@@ -13,8 +15,10 @@
 #include <MLCore/core/CSINGLETON.h>
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FAILUREPART.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/core/FrameworkException.h>
+#include <MLCore/core/Narrowing.h>
 #include <MLCore/crypto/CPASSWORD.h>
 #include <MLCore/datetime/CCALENDARBANQUEPORTOSTRATEGY.h>
 #include <MLCore/datetime/CCALENDARBANQUESTRATEGY.h>
@@ -96,6 +100,7 @@
 #include <MLCore/streams/CSTREAMSAVER.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
 #include <MLCore/streams/CWRITER.h>
+#include <MLCore/text/Blanks.h>
 #include <MLCore/text/CodePage1252.h>
 #include <MLCore/text/DecimalText.h>
 #include <MLCore/text/DoubleText.h>
@@ -111,6 +116,8 @@
 #include <MLCore/values/CVALUE.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/Cmp.h>
+#include <MLCore/values/ComparisonWords.h>
 #include <MLCore/values/ELEMENTCURSOR.h>
+#include <MLCore/values/Elements.h>
 #include <MLCore/values/LikePattern.h>
 #include <MLCore/values/ValueText.h>

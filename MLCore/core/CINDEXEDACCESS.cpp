@@ -1,4 +1,5 @@
 #include <MLCore/core/CINDEXEDACCESS.h>
+
 #include <MLCore/core/ClassDeclaration.h>
 
 namespace MLCore {

@@ -1,5 +1,6 @@
 #include <MLCore/core/CKEYPARSER.h>
-#include <MLCore/core/KEYSTEPS.h>
+
+#include <MLCore/core/detail/KEYSTEPS.h>
 
 namespace MLCore {
 

@@ -1,11 +1,15 @@
-#include <MLCore/core/CINDEXEDACCESS.h>
 #include <MLCore/core/COBJECT.h>
+
+#include <MLCore/core/CINDEXEDACCESS.h>
+#include <MLCore/core/CKEYNAMES.h>
 #include <MLCore/core/ClassDeclaration.h>
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
-#include <MLCore/core/KEYSTEPS.h>
+#include <MLCore/core/detail/KEYSTEPS.h>
+#include <MLCore/core/detail/NearestName.h>
 
 #include <cstring>
+#include <typeinfo>
+#include <vector>
 
 namespace MLCore {
 
@@ -13,11 +17,14 @@ namespace {
 
 using STEP = KEYSTEPS::STEP;
 
-// The array behind `object`, with `index` known to lie in it.
+// The array that `object` is, with `index` known to lie in it.
 CINDEXEDACCESS& ArrayWithIndex(COBJECT* object, long index) {
     CINDEXEDACCESS* const array = ProtocolCast<CINDEXEDACCESS>(object);
-    if (array == nullptr || index >= array->GetCount()) {
-        FailOSErr(kErrUnknownKey);
+    if (array == nullptr) {
+        FailWith(kErrUnknownKey, object->GetClassName(), " has no elements, asked for [", index, "]");
+    }
+    if (const long count = array->GetCount(); index >= count) {
+        FailWith(kErrUnknownKey, object->GetClassName(), " has ", count, " elements, asked for [", index, "]");
     }
     return *array;
 }
@@ -35,16 +42,39 @@ void SetValueAtStep(COBJECT* object, const STEP& step, COBJECT* value) {
     }
 }
 
-// The object that the last step of the path, put into `last`, is asked of; null after a null on the way. Each object is held:
-// a property may be computed, and then nobody else owns it. Nothing is asked when the path is malformed.
-CSHAREOBJECTPTR<COBJECT> WalkToLast(COBJECT* start, const std::string& keyPath, STEP& last) {
+// A key that is unknown in the middle of a path is named with its path, unless the object that was asked threw an exception of
+// its own kind. Called while the failure is handled.
+[[noreturn]] void FailInPath(const FrameworkException& failure, const std::string& keyPath, int step) {
+    const bool isPlain = typeid(failure) == typeid(FrameworkException) && failure.GetClass() == kErrUnknownKey &&
+                         failure.GetMsg() == kErrUnknownKey && failure.GetText() != nullptr;
+    if (!isPlain) {
+        throw;
+    }
+    FailWith(kErrUnknownKey, failure.GetText(), " (step ", step, " of the path ", Quoted(keyPath), ")");
+}
+
+// Walks to the object that the last step of a path is asked of, and calls `action(object, last)`; calls nothing after a null on
+// the way, and reports it. Each object is held: a property may be computed, and then nobody else owns it. Nothing is asked
+// when the path is malformed.
+template <class Action>
+bool AtLastStep(COBJECT* start, const std::string& keyPath, const Action& action) {
     KEYSTEPS::Check(keyPath);
     KEYSTEPS steps(keyPath);
     CSHAREOBJECTPTR<COBJECT> current(start);
-    for (last = steps.Take(); !steps.IsEnd() && !!current; last = steps.Take()) {
-        current = ValueAtStep(current, last);
+    int step = 1;
+    try {
+        STEP next = steps.Take();
+        for (; !steps.IsEnd() && !!current; next = steps.Take()) {
+            current = ValueAtStep(current, next);
+            ++step;
+        }
+        if (!!current) {
+            action(current.Get(), next);
+        }
+        return !!current;
+    } catch (const FrameworkException& failure) {
+        FailInPath(failure, keyPath, step);
     }
-    return current;
 }
 
 }  // namespace
@@ -66,37 +96,40 @@ PROTOCOL* COBJECT::GetProtocolInstance(const CCLASSTYPEINFO* protocol) {
     return ClassInfoStatic().GetProtocol(protocol, this);
 }
 
-COBJECT* COBJECT::Clone() const {
-    FailOSErr(kErrUnsupported);
-    return nullptr;
-}
+COBJECT* COBJECT::Clone() const { FailWith(kErrUnsupported, GetClassName(), " cannot be copied by Clone()"); }
 
-CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyValue(const std::string&) {
-    FailOSErr(kErrUnknownKey);
-    return nullptr;
-}
+CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyValue(const std::string& key) { FailUnknownKey(key); }
 
-void COBJECT::SetKeyValue(const std::string&, COBJECT*) { FailOSErr(kErrUnknownKey); }
+void COBJECT::SetKeyValue(const std::string& key, COBJECT*) { FailUnknownKey(key); }
+
+void COBJECT::FailUnknownKey(const std::string& key) {
+    std::vector<std::string> names;
+    if (const CKEYNAMES* const known = ProtocolCast<CKEYNAMES>(this); known != nullptr) {
+        names = known->GetKeyNames();
+    }
+    const std::string* const nearest = NearestName(names, key);
+    if (nearest == nullptr) {
+        FailWith(kErrUnknownKey, GetClassName(), " has no key ", Quoted(key));
+    }
+    FailWith(kErrUnknownKey, GetClassName(), " has no key ", Quoted(key), "; did you mean ", Quoted(*nearest), "?");
+}
 
 CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyPathValue(const std::string& keyPath) {
     if (KEYSTEPS::IsName(keyPath)) {
         return GetKeyValue(keyPath);  // most paths are one name: without a copy of it
     }
     const std::string path = keyPath;  // a property asked on the way may change what holds the caller's
-    STEP last;
-    const CSHAREOBJECTPTR<COBJECT> source = WalkToLast(this, path, last);
-    return !source ? nullptr : ValueAtStep(source, last);
+    CSHAREOBJECTPTR<COBJECT> value;
+    AtLastStep(this, path, [&value](COBJECT* source, const STEP& last) { value = ValueAtStep(source, last); });
+    return value;
 }
 
 void COBJECT::SetKeyPathValue(const std::string& keyPath, COBJECT* value) {
     const std::string path = keyPath;
     const CSHAREOBJECTPTR<COBJECT> held(value);
-    STEP last;
-    const CSHAREOBJECTPTR<COBJECT> target = WalkToLast(this, path, last);
-    if (!target) {
-        FailOSErr(kErrUnknownKey);
-    }
-    SetValueAtStep(target, last, value);
+    const bool isSet =
+        AtLastStep(this, path, [&held](COBJECT* target, const STEP& last) { SetValueAtStep(target, last, held); });
+    Require(isSet, kErrUnknownKey, "null on the way of the path ", Quoted(path), ": nothing to set");
 }
 
 int COBJECT::ConformsToProtocol(const CCLASSTYPEINFO* protocol) const {

@@ -17,9 +17,9 @@ namespace MLCore {
 /// and gives access to its properties by key.
 ///
 /// A class derives from COBJECT as its first base, declares itself with MLCORE_CLASS (ClassDeclaration.h), and overrides
-/// GetKeyValue and SetKeyValue to show its properties. Key paths ("customer.orders[0].amount") are walked here: each
-/// name asks the object reached so far for its value, each index asks the element of an array, that is of any object
-/// that conforms to CINDEXEDACCESS.
+/// GetKeyValue and SetKeyValue to give access to its properties; for a key that it does not know, it calls its base's. Key
+/// paths ("customer.orders[0].amount") are walked here: each name asks the object reached so far for its value, each index
+/// asks for the element of an array, that is of any object that conforms to CINDEXEDACCESS.
 class MLCORE_API COBJECT : public CSHAREOBJECT {
 public:
     COBJECT(const COBJECT&) = default;
@@ -29,18 +29,21 @@ public:
     /// The object's implementation of `protocol` (borrowed), null when the class does not conform. ProtocolCast() gives
     /// it its type back.
     [[nodiscard]] virtual PROTOCOL* GetProtocolInstance(const CCLASSTYPEINFO* protocol);
-    /// A copy; the caller owns its one reference. Fails with 150 in a class that does not support it.
+    /// A copy; the caller owns its one reference. Fails with kErrUnsupported (150) in a class that does not
+    /// support it.
     [[nodiscard]] virtual COBJECT* Clone() const;
-    /// The value of the property `key`, which may be null. Fails with 151 when the class does not know the key.
+    /// The value of the property `key`, which may be null. Fails with kErrUnknownKey (151) when the class does not know the
+    /// key.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key);
-    /// Sets the property `key` to `value` (may be null; the object adds a reference of its own). Fails with 151 when the
-    /// class does not know the key.
+    /// Sets the property `key` to `value` (may be null; the object adds a reference of its own). Fails with
+    /// kErrUnknownKey when the class does not know the key.
     virtual void SetKeyValue(const std::string& key, COBJECT* value);
-    /// The value at the end of `keyPath` (CKEYPARSER tells the form). A null on the way gives null. Fails with 151 when
-    /// the path is malformed, a key unknown, an index out of range, or the object at an index step has no elements.
+    /// The value at the end of `keyPath` (CKEYPARSER describes the form). A null on the way gives null. Fails with
+    /// kErrUnknownKey when the path is malformed, a key is unknown, an index is out of range, or the object at an index step
+    /// has no elements; the text names the path and the step.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyPathValue(const std::string& keyPath);
-    /// Sets what is at the end of `keyPath`: a property, or an element of an array. Fails as GetKeyPathValue() does,
-    /// with 151 for a null on the way, and as SetKeyValue() of the object that is reached does.
+    /// Sets the property, or the element of an array, at the end of `keyPath`. Fails as GetKeyPathValue() does, with
+    /// kErrUnknownKey for a null on the way, and as SetKeyValue() of the last object does.
     virtual void SetKeyPathValue(const std::string& keyPath, COBJECT* value);
     /// 1 when the class conforms to `protocol`.
     [[nodiscard]] virtual int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const;
@@ -70,6 +73,10 @@ protected:
     COBJECT() = default;
     COBJECT& operator=(const COBJECT&) = default;
     ~COBJECT() override = 0;
+
+    /// Fails with kErrUnknownKey, as the root's GetKeyValue() and SetKeyValue() do: names the class, the key, and the nearest
+    /// key that the class knows when it conforms to CKEYNAMES.
+    [[noreturn]] void FailUnknownKey(const std::string& key);
 
     static const CCLASSTYPEINFO* _ClassInfo();
 };

@@ -1,5 +1,5 @@
 #include <MLCore/core/COBJECTFACTORY.h>
-#include <MLCore/core/ErrorCodes.h>
+
 #include <MLCore/core/FailureChecks.h>
 
 #include <cstring>
@@ -47,6 +47,8 @@ namespace {
 bool IsSameText(const char* left, const char* right) noexcept {
     return left != nullptr && right != nullptr && std::strcmp(left, right) == 0;
 }
+
+QUOTED NameOrNull(const char* name) noexcept { return Quoted(name != nullptr ? name : "(null)"); }
 
 // The registrars of all loaded modules, first to last. Constant-initialised: it stands before any registrar runs.
 CLASSREGISTRAR* gFirstRegistrar = nullptr;
@@ -136,7 +138,7 @@ int COBJECTFACTORY::IsRegisteredIdentifier(const char* classIdentifier) const {
 CSHAREOBJECTPTR<COBJECT> COBJECTFACTORY::CreateObject(const char* className) const {
     const ENTRY* const entry = Find(mImplementation->byName, className);
     if (entry == nullptr) {
-        FailOSErr(kErrUnknownClass);
+        FailWith(kErrUnknownClass, "no class is registered under the name ", NameOrNull(className));
     }
     return entry->creator();
 }
@@ -144,7 +146,7 @@ CSHAREOBJECTPTR<COBJECT> COBJECTFACTORY::CreateObject(const char* className) con
 CSHAREOBJECTPTR<COBJECT> COBJECTFACTORY::CreateObjectFromIdentifier(const char* classIdentifier) const {
     const auto* const owner = Find(mImplementation->byIdentifier, classIdentifier);
     if (owner == nullptr) {
-        FailOSErr(kErrUnknownClass);
+        FailWith(kErrUnknownClass, "no class is registered under the identifier ", NameOrNull(classIdentifier));
     }
     return (*owner)->second.creator();
 }
@@ -175,7 +177,7 @@ void COBJECTFACTORY::Leave(const CLASSREGISTRAR& registrar) noexcept {
             }
         }
     } catch (const std::bad_alloc&) {
-        // A module is being unloaded: nobody is there to be told.
+        // A module is being unloaded: nobody is there to handle a failure.
     }
 }
 

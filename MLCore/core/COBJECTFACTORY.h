@@ -1,9 +1,9 @@
 #pragma once
 
-#include <MLCore/core/CLASSREGISTRAR.h>
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 #include <MLCore/core/CSINGLETON.h>
+#include <MLCore/core/detail/CLASSREGISTRAR.h>
 #include <MLCore/platform/Export.h>
 
 #include <memory>

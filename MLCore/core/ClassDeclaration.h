@@ -26,9 +26,9 @@
 #pragma once
 
 #include <MLCore/core/CCLASSTYPEINFO.h>
-#include <MLCore/core/CLASSREGISTRAR.h>
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/CSHAREOBJECTPTR.h>
+#include <MLCore/core/detail/CLASSREGISTRAR.h>
 
 #include <concepts>
 #include <cstdint>

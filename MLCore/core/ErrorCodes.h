@@ -1,12 +1,14 @@
-/// The numbers that failures carry. The class and the message of a FrameworkException hold the same code unless told
-/// otherwise. The library has no texts for them: an application words its own.
+/// The codes of failures. The class and the message of a FrameworkException hold the same code, except where a header says
+/// otherwise.
 #pragma once
+
+#include <MLCore/platform/Export.h>
 
 namespace MLCore {
 
-inline constexpr short kErrNull = -100;            ///< a null pointer, or memory that could not be had
+inline constexpr short kErrNull = -100;            ///< a null pointer, or not enough memory
 inline constexpr short kErrStreamEnd = -110;       ///< a stream ended, or a position or length lies outside it
-inline constexpr short kErrStreamName = -111;      ///< a class name, or bytes, for which a stream has no room
+inline constexpr short kErrStreamName = -111;      ///< no room in a stream for a class name or for bytes
 inline constexpr short kErrBoolean = 1;            ///< a boolean check failed (the message is 0)
 inline constexpr short kErrBadException = 120;     ///< std::bad_exception
 inline constexpr short kErrBadCast = 121;          ///< std::bad_cast
@@ -23,9 +25,14 @@ inline constexpr short kErrOutOfRange = 131;       ///< std::out_of_range
 inline constexpr short kErrInvalidArgument = 132;  ///< std::invalid_argument
 inline constexpr short kErrLogic = 133;            ///< std::logic_error
 inline constexpr short kErrOtherException = 134;   ///< any other std::exception
-inline constexpr short kErrValueType = 138;        ///< a value of another type than asked for, or text that is no value
-inline constexpr short kErrStreamClosed = 141;     ///< an operation on a closed stream
-inline constexpr short kErrUnsupported = 150;      ///< an operation that the class does not support
-inline constexpr short kErrUnknownKey = 151;       ///< a key that the class does not know, or an index or path at fault
+inline constexpr short kErrValueType = 138;     ///< a value of another type than asked for, or a text that is not one
+inline constexpr short kErrStreamClosed = 141;  ///< an operation on a closed stream
+inline constexpr short kErrUnsupported = 150;   ///< an operation that the class does not support
+inline constexpr short kErrUnknownKey = 151;    ///< an unknown key, an index out of range, a malformed path
+
+/// What a code means, as a short English sentence without a full stop: "the key is unknown". Never null: all codes
+/// from -3000 downward are the operating system's or COM's, and for a number that is no code it says that. The text of
+/// a FrameworkException says more, where it has one.
+[[nodiscard]] MLCORE_API const char* DescribeFailure(short code) noexcept;
 
 }  // namespace MLCore

@@ -1,8 +1,49 @@
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
+
+#include <MLCore/core/detail/FAILURETEXT.h>
 #include <MLCore/platform/LastError.h>
 
+#include <new>
+#include <string>
+
 namespace MLCore {
+
+namespace {
+
+void AddSystemMessage(FAILURETEXT& text, unsigned int code) noexcept {
+    try {
+        std::string message = platform::SystemMessage(platform::ResultOfSystemCode(code));
+        message.erase(message.find_last_not_of(" .\r\n") + 1);
+        if (!message.empty()) {
+            text.Add(": ");
+            text.Add(message);
+        }
+    } catch (const std::bad_alloc&) {
+        // The number says it too.
+    }
+}
+
+}  // namespace
+
+void ThrowFailure(short code, std::initializer_list<FAILUREPART> parts) {
+    const FAILURETEXT text(parts);
+    try {
+        throw FrameworkException(code, code, FrameworkException::Ordinary, 0, text.Get());
+    } catch (const std::bad_alloc&) {
+        throw FrameworkException(code, code);  // that there is no memory for a text must not hide what failed
+    }
+}
+
+void ThrowLastError(std::initializer_list<FAILUREPART> parts) {
+    const unsigned int code = platform::LastError();
+    FAILURETEXT text(parts);
+    AddSystemMessage(text, code);
+    try {
+        throw FrameworkException(code, text.Get());
+    } catch (const std::bad_alloc&) {
+        throw FrameworkException(code);
+    }
+}
 
 extern "C" {
 

@@ -1,16 +1,56 @@
 /// The checks that turn a status or a condition into a FrameworkException. Each returns when the check passes and throws
-/// otherwise. The rest of the library, and applications that want failures of the same shape, call these instead of
-/// throwing.
+/// otherwise. The library calls these instead of throwing, and so may applications that want failures of the same shape.
 ///
-/// They are exported under their plain names (C linkage) so that code of any compiler can look them up. They throw all
-/// the same: a compiler that takes C functions for non-throwing has to be told (MSVC: /EHs, not /EHsc).
-/// A program that links the library statically cannot have C functions of these names.
+/// Require() and FailWith() are what new code calls: they give the failure a text.
+///
+///     void CORDER::SetAmount(double amount) {
+///         Require(amount >= 0, kErrInvalidArgument, "the amount of an order is ", amount, ", wanted 0 or more");
+///         mAmount = amount;
+///     }
+///
+/// The others take a status. They are exported under their plain names (C linkage), so that code of any compiler can look
+/// them up. They throw all the same: a compiler that assumes that C functions do not throw must be told otherwise (MSVC: /EHs,
+/// not /EHsc). A program that links the library statically cannot have C functions of these names.
 #pragma once
 
+#include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/FAILUREPART.h>
 #include <MLCore/core/FrameworkException.h>
 #include <MLCore/platform/Export.h>
 
+#include <initializer_list>
+
 namespace MLCore {
+
+/// Throws (code, code) with the text of all parts, one after the other. The text is cut after 300 characters; where there is
+/// no memory for it, the failure has none.
+[[noreturn]] MLCORE_API void ThrowFailure(short code, std::initializer_list<FAILUREPART> parts);
+
+/// The same with the system's last error as the failure, and its message at the end: "cannot open 'x.csv': No such file or
+/// directory".
+[[noreturn]] MLCORE_API void ThrowLastError(std::initializer_list<FAILUREPART> parts);
+
+/// Throws (code, code) with a text: one short English sentence that says what was found, where, and what was wanted. The parts
+/// are texts, numbers and Quoted() texts, written one after the other without blanks between them.
+template <class... Parts>
+[[noreturn]] void FailWith(short code, const Parts&... parts) {
+    ThrowFailure(code, {FAILUREPART(parts)...});
+}
+
+/// Throws the system's last error (FailLastError) with a text: the parts, ": ", and the system's message.
+template <class... Parts>
+[[noreturn]] void FailWithLastError(const Parts&... parts) {
+    ThrowLastError({FAILUREPART(parts)...});
+}
+
+/// Throws as FailWith() does unless `condition` holds; `code` is not 0. The parts are evaluated in any case: where that costs
+/// something, call FailWith() under an `if`.
+template <class... Parts>
+void Require(bool condition, short code, const Parts&... parts) {
+    if (!condition) [[unlikely]] {
+        FailWith(code, parts...);
+    }
+}
 
 extern "C" {
 
@@ -36,14 +76,15 @@ MLCORE_API void FailFALSE(int value);
 /// Throws (1, 0) when `value` is not 0.
 MLCORE_API void FailTRUE(int value);
 
-/// Throws (-100, -100) when `pointer` is null.
+/// Throws kErrNull (-100) when `pointer` is null.
 MLCORE_API void FailNull(const void* pointer);
 
 /// FailNull under its other name.
 MLCORE_API void FailNullPtr(const void* pointer);
 
-/// For system calls that answer 0 on failure: throws the system's last error when `result` is 0. On Linux `errno` is
-/// first mapped to the Win32 code of the same meaning, so that codes mean the same on both systems.
+/// For system calls that return 0 on failure: throws the system's last error when `result` is 0. On Linux `errno` is
+/// first mapped to the Win32 code of the same meaning, so that codes mean the same on both systems. The failure has no text;
+/// FailWithLastError() gives it one.
 MLCORE_API void FailLastError(int result);
 
 /// Throws `hresult` when its low 16 bits are not 0. Only those are looked at: 0x80070000 passes although its severity

@@ -1,12 +1,15 @@
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FrameworkException.h>
+
+#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/platform/ComError.h>
 #include <MLCore/platform/LastError.h>
 
-#include <cstring>
+#include <algorithm>
 #include <ios>
 #include <new>
+#include <ostream>
 #include <stdexcept>
+#include <string>
 #include <typeinfo>
 #include <utility>
 
@@ -14,13 +17,14 @@ namespace MLCore {
 
 namespace {
 
-char* CopyText(const char* text) {
-    if (text == nullptr) {
-        return nullptr;
-    }
-    const std::size_t size = std::strlen(text) + 1;
-    return static_cast<char*>(std::memcpy(new char[size], text, size));
+char* CopyText(std::string_view text) {
+    char* const copy = new char[text.size() + 1];
+    std::copy_n(text.data(), text.size(), copy);
+    copy[text.size()] = '\0';
+    return copy;
 }
+
+char* CopyText(const char* text) { return text != nullptr ? CopyText(std::string_view(text)) : nullptr; }
 
 std::int16_t NumberOfSystemCode(std::uint32_t code) noexcept {
     // A low word of 0x8000 and above is negative here; the difference then wraps as the 16-bit field does.
@@ -56,6 +60,18 @@ constexpr STANDARDCODE kStandardCodes[] = {
     {Is<std::logic_error>, kErrLogic},
 };
 
+std::string TextOf(const FrameworkException& failure) {
+    if (const char* const text = failure.GetText(); text != nullptr) {
+        return text;
+    }
+    std::string message;
+    if (failure.GetCode() != 0) {
+        message = platform::SystemMessage(platform::ResultOfSystemCode(failure.GetCode()));
+        message.erase(message.find_last_not_of(" .\r\n") + 1);
+    }
+    return !message.empty() ? message : DescribeFailure(failure.GetClass());
+}
+
 short CodeOf(const std::exception& error) {
     for (const STANDARDCODE& entry : kStandardCodes) {
         if (entry.matches(error)) {
@@ -74,6 +90,9 @@ FrameworkException::FrameworkException(short errorClass, short msg, short kind, 
 
 FrameworkException::FrameworkException(unsigned int code) noexcept
     : mClass(NumberOfSystemCode(code)), mMsg(mClass), mCode(code) {}
+
+FrameworkException::FrameworkException(unsigned int code, std::string_view text)
+    : mClass(NumberOfSystemCode(code)), mMsg(mClass), mCode(code), mText(CopyText(text)) {}
 
 // Delegates first, so that the reference is released even when there is no memory for the text.
 FrameworkException::FrameworkException(const _com_error& error) : FrameworkException() {
@@ -133,6 +152,17 @@ const char* FrameworkException::GetText() const {
         }
     }
     return mText;
+}
+
+std::ostream& operator<<(std::ostream& out, const FrameworkException& failure) {
+    std::string line = "MLCore failure " + std::to_string(failure.GetClass());
+    if (failure.GetMsg() != failure.GetClass()) {
+        line.append("/").append(std::to_string(failure.GetMsg()));
+    }
+    if (failure.GetField() != 0) {
+        line.append(", field ").append(std::to_string(failure.GetField()));
+    }
+    return out << line.append(": ").append(TextOf(failure));
 }
 
 void FrameworkException::Swap(FrameworkException& other) noexcept {

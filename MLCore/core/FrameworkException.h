@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <exception>
+#include <iosfwd>
+#include <string_view>
 
 namespace MLCore {
 
@@ -14,13 +16,13 @@ namespace MLCore {
 /// It is thrown by value, normally through a check of FailureChecks.h, and caught by reference:
 ///
 ///     try {
-///         object->GetKeyValue("name");
+///         order->GetKeyValue("custmer");
 ///     } catch (const FrameworkException& failure) {
-///         std::cerr << "failure " << failure.GetMsg();  // 151: the class does not know the key
+///         std::cerr << failure;  // MLCore failure 151: CORDER has no key 'custmer'; did you mean 'customer'?
 ///     }
 ///
-/// It derives from no standard exception, so `catch (const std::exception&)` does not see it. One exception object is
-/// used by one thread at a time.
+/// It does not derive from std::exception: `catch (const std::exception&)` does not catch it, and a program that catches
+/// nothing ends without showing the text. One exception object is used by one thread at a time.
 class MLCORE_API FrameworkException {
 public:
     /// What kind of failure it is; decides IsComErr() and the meaning of GetField().
@@ -39,6 +41,8 @@ public:
     /// From a Win32 code or an HRESULT: class and message are -3000 minus its low 16 bits (read as signed 16-bit), so
     /// 5 and 0x80070005 both give -3005.
     explicit FrameworkException(unsigned int code) noexcept;
+    /// The same with a text, which is copied.
+    FrameworkException(unsigned int code, std::string_view text);
     /// From a COM error: numbers as for its HRESULT, its error information with a reference of our own, and as text its
     /// description, or the system's message when it has none.
     explicit FrameworkException(const _com_error& error);
@@ -79,5 +83,9 @@ private:
     std::uint16_t mField = 0;
     mutable char* mText = nullptr;
 };
+
+/// Writes "MLCore failure 151: " and the text. Without a text: the system's message for a system code, else DescribeFailure().
+/// The message number is shown too where it is not the class's ("1/0"), and the number of a field.
+MLCORE_API std::ostream& operator<<(std::ostream& out, const FrameworkException& failure);
 
 }  // namespace MLCore

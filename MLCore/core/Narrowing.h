@@ -1,28 +1,24 @@
-/// Numbers whose interface is a `long`, 64 bits wide on some systems, and whose stored form is 32 bits on all. What does
-/// not fit fails and is never cut. Not for clients.
+/// \file
+/// Numbers whose interface is a `long`, which has 64 bits on some systems, and whose stored form has 32 bits on all. A number
+/// that does not fit fails; it is never cut.
 #pragma once
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 
 #include <cstdint>
 
 namespace MLCore {
 
-/// The number in 32 bits; fails with kErrOverflow when it does not fit.
+/// The number in 32 bits. Fails with kErrOverflow (126) when it does not fit.
 [[nodiscard]] inline std::int32_t Int32OrFail(long value) {
     const auto narrow = static_cast<std::int32_t>(value);
-    if (narrow != value) {
-        FailOSErr(kErrOverflow);
-    }
+    Require(narrow == value, kErrOverflow, "the number ", value, " does not fit in 32 bits");
     return narrow;
 }
 
 [[nodiscard]] inline std::uint32_t UInt32OrFail(unsigned long value) {
     const auto narrow = static_cast<std::uint32_t>(value);
-    if (narrow != value) {
-        FailOSErr(kErrOverflow);
-    }
+    Require(narrow == value, kErrOverflow, "the number ", value, " does not fit in 32 bits");
     return narrow;
 }
 

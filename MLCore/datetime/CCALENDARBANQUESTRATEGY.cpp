@@ -1,5 +1,6 @@
 #include <MLCore/datetime/CCALENDARBANQUESTRATEGY.h>
-#include <MLCore/datetime/HOLIDAYCALENDAR.h>
+
+#include <MLCore/datetime/detail/HOLIDAYCALENDAR.h>
 
 namespace MLCore {
 

@@ -1,5 +1,6 @@
-#include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
 #include <MLCore/datetime/CCALENDARMANAGER.h>
+
+#include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
 
 namespace MLCore {
 

@@ -1,5 +1,6 @@
-#include <MLCore/datetime/BusinessDays.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
+
+#include <MLCore/datetime/detail/BusinessDays.h>
 
 #include <cstddef>
 

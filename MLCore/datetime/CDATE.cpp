@@ -1,10 +1,11 @@
-#include <MLCore/datetime/BusinessDays.h>
+#include <MLCore/datetime/CDATE.h>
+
 #include <MLCore/datetime/CCALENDARMANAGER.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
-#include <MLCore/datetime/CDATE.h>
-#include <MLCore/datetime/CDATEFORMAT.h>
 #include <MLCore/datetime/CDATETIME.h>
 #include <MLCore/datetime/CTIME.h>
+#include <MLCore/datetime/detail/BusinessDays.h>
+#include <MLCore/datetime/detail/CDATEFORMAT.h>
 #include <MLCore/platform/CivilTime.h>
 #include <MLCore/platform/LocalZone.h>
 #include <MLCore/platform/OleDate.h>

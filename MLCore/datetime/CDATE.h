@@ -1,6 +1,6 @@
 #pragma once
 
-#include <MLCore/datetime/SerialDay.h>
+#include <MLCore/datetime/detail/SerialDay.h>
 #include <MLCore/platform/Export.h>
 #include <MLCore/platform/ForwardTypes.h>
 

@@ -1,5 +1,6 @@
 #include <MLCore/datetime/CDATETIME.h>
-#include <MLCore/datetime/SerialDay.h>
+
+#include <MLCore/datetime/detail/SerialDay.h>
 #include <MLCore/platform/CivilTime.h>
 #include <MLCore/platform/LocalZone.h>
 

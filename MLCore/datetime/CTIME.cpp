@@ -1,6 +1,7 @@
+#include <MLCore/datetime/CTIME.h>
+
 #include <MLCore/datetime/CDATE.h>
 #include <MLCore/datetime/CDATETIME.h>
-#include <MLCore/datetime/CTIME.h>
 #include <MLCore/platform/CivilTime.h>
 #include <MLCore/platform/LocalZone.h>
 #include <MLCore/platform/OleDate.h>

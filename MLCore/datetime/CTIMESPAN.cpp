@@ -1,4 +1,5 @@
 #include <MLCore/datetime/CTIMESPAN.h>
+
 #include <MLCore/text/DecimalText.h>
 
 #include <limits>

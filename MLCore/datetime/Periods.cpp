@@ -1,7 +1,8 @@
-#include <MLCore/datetime/BusinessDays.h>
+#include <MLCore/datetime/Periods.h>
+
 #include <MLCore/datetime/CCALENDARMANAGER.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
-#include <MLCore/datetime/Periods.h>
+#include <MLCore/datetime/detail/BusinessDays.h>
 
 namespace MLCore {
 

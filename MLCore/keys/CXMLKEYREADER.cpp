@@ -1,7 +1,7 @@
 #include <MLCore/keys/CXMLKEYREADER.h>
 
 #include <MLCore/keys/CXMLKEYWRITER.h>
-#include <MLCore/keys/XmlCharacters.h>
+#include <MLCore/keys/detail/XmlCharacters.h>
 #include <MLCore/streams/CISTREAM.h>
 #include <MLCore/streams/CRANDOMSTREAM.h>
 #include <MLCore/text/CodePage1252.h>

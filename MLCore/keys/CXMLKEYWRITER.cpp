@@ -1,6 +1,6 @@
 #include <MLCore/keys/CXMLKEYWRITER.h>
 
-#include <MLCore/keys/XmlCharacters.h>
+#include <MLCore/keys/detail/XmlCharacters.h>
 #include <MLCore/streams/COSTREAM.h>
 
 #include <algorithm>

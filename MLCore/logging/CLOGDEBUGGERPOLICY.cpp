@@ -1,4 +1,5 @@
 #include <MLCore/logging/CLOGDEBUGGERPOLICY.h>
+
 #include <MLCore/platform/DebugOutput.h>
 
 #include <mutex>

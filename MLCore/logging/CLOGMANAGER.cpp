@@ -1,7 +1,8 @@
-#include <MLCore/core/FailureChecks.h>
 #include <MLCore/logging/CLOGMANAGER.h>
-#include <MLCore/logging/LogFileName.h>
-#include <MLCore/logging/LogOutput.h>
+
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/logging/detail/LogFileName.h>
+#include <MLCore/logging/detail/LogOutput.h>
 #include <MLCore/platform/File.h>
 #include <MLCore/platform/LocalZone.h>
 #include <MLCore/platform/Preferences.h>

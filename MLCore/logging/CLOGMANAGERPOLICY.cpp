@@ -1,5 +1,6 @@
-#include <MLCore/logging/CLOGMANAGER.h>
 #include <MLCore/logging/CLOGMANAGERPOLICY.h>
+
+#include <MLCore/logging/CLOGMANAGER.h>
 
 namespace MLCore {
 

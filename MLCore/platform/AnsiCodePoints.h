@@ -1,4 +1,4 @@
-/// The characters of Windows code page 1252 in Unicode, one by one. Not for clients: MLCore/text/CodePage1252.h converts texts.
+/// The characters of Windows code page 1252 in Unicode, one by one. MLCore/text/CodePage1252.h converts whole texts.
 ///
 /// After the Unicode Consortium's best-fit table of the code page, where the five bytes that it leaves unassigned stand for the
 /// control characters of the same number.

@@ -1,9 +1,13 @@
 // Which symbols leave the shared library.
 //
-// Everything is hidden unless it is declared with MLCORE_API: the binary interface is what the headers say and no more.
+// Everything is hidden unless it is declared with MLCORE_API: the headers declare the whole binary interface.
 // MLCORE_BUILDING is defined while the library itself is compiled, MLCORE_STATIC when it is a static library (then
 // nothing is imported or exported, and the users of the library define it too: the build files do that for them).
 #pragma once
+
+#if __cplusplus < 202002L && (!defined(_MSVC_LANG) || _MSVC_LANG < 202002L)
+#error "MLCore needs C++20: compile with -std=c++20 (Visual Studio: /std:c++20)"
+#endif
 
 #if defined(MLCORE_STATIC)
 #define MLCORE_API

@@ -14,6 +14,11 @@ namespace MLCore::platform {
 /// success.
 [[nodiscard]] MLCORE_API unsigned int LastError() noexcept;
 
+/// The HRESULT that stands for a plain Win32 code: 5 gives 0x80070005. A failure HRESULT stays as it is.
+[[nodiscard]] constexpr unsigned int ResultOfSystemCode(unsigned int code) noexcept {
+    return (code & 0x80000000U) != 0 ? code : 0x80070000U | (code & 0xFFFFU);
+}
+
 /// The system's text for a failure HRESULT, or the empty string when the system has none.
 ///
 /// \param code  an HRESULT such as 0x80070005 (a Win32 code n is 0x80070000 + n) or a plain Win32 code.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <MLCore/predicates/CCOMPARISONPREDICATE.h>
-#include <MLCore/predicates/OPERANDS.h>
+#include <MLCore/predicates/detail/OPERANDS.h>
 
 namespace MLCore {
 

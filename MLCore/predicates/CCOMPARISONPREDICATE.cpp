@@ -4,8 +4,8 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
-#include <MLCore/predicates/NodeText.h>
-#include <MLCore/values/TextRules.h>
+#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/values/ComparisonWords.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -18,7 +18,6 @@ MLCORE_REGISTER_CLASS(CCOMPARISONPREDICATE)
 namespace {
 
 using OPTION = CVALUEOBJECT::ComparisonOption;
-using textrules::kOptionWords;
 
 /// By comparison type.
 constexpr const char* kElements[] = {"lesser", "lesserEq", "greater", "greaterEq", "equal",    "notEqual",

@@ -5,8 +5,8 @@
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/NodeText.h>
-#include <MLCore/predicates/TypedArray.h>
+#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/predicates/detail/TypedArray.h>
 
 #include <cstddef>
 #include <iterator>

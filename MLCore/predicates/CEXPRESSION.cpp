@@ -9,8 +9,8 @@
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
-#include <MLCore/predicates/ELEMENTKINDS.h>
-#include <MLCore/predicates/NodeText.h>
+#include <MLCore/predicates/detail/ELEMENTKINDS.h>
+#include <MLCore/predicates/detail/NodeText.h>
 
 namespace MLCore {
 

@@ -1,6 +1,6 @@
 #include <MLCore/predicates/CKEYEXPRESSION.h>
 
-#include <MLCore/predicates/NodeText.h>
+#include <MLCore/predicates/detail/NodeText.h>
 
 namespace MLCore {
 

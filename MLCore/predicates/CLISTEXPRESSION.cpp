@@ -3,7 +3,7 @@
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/TypedArray.h>
+#include <MLCore/predicates/detail/TypedArray.h>
 
 #include <ostream>
 

@@ -1,6 +1,6 @@
 #include <MLCore/predicates/COBJECTEXPRESSION.h>
 
-#include <MLCore/predicates/NodeText.h>
+#include <MLCore/predicates/detail/NodeText.h>
 
 namespace MLCore {
 

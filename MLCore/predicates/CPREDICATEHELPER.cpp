@@ -13,7 +13,7 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/CVALUEPREDICATE.h>
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
-#include <MLCore/predicates/TypedArray.h>
+#include <MLCore/predicates/detail/TypedArray.h>
 #include <MLCore/values/ValueText.h>
 
 #include <cstddef>

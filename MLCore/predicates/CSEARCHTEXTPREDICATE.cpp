@@ -3,7 +3,7 @@
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/NodeText.h>
+#include <MLCore/predicates/detail/NodeText.h>
 #include <MLCore/text/Blanks.h>
 
 #include <string_view>

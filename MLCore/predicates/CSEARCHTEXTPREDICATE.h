@@ -1,7 +1,7 @@
 #pragma once
 
 #include <MLCore/predicates/CPREDICATE.h>
-#include <MLCore/predicates/OPERAND.h>
+#include <MLCore/predicates/detail/OPERAND.h>
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 
 #include <MLCore/predicates/CSORTDESCRIPTOR.h>
 #include <MLCore/values/CMEMARRAY.h>
-#include <MLCore/values/KeyMapping.h>
+#include <MLCore/values/Elements.h>
 
 #include <cstddef>
 #include <utility>

@@ -1,6 +1,6 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 
-#include <MLCore/predicates/ValueElement.h>
+#include <MLCore/predicates/detail/ValueElement.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/ValueText.h>
 

@@ -1,6 +1,6 @@
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
 
-#include <MLCore/predicates/NodeText.h>
+#include <MLCore/predicates/detail/NodeText.h>
 #include <MLCore/values/CDICTIONARY.h>
 
 namespace MLCore {

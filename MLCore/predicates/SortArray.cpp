@@ -4,10 +4,10 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/platform/WinTypes.h>
 #include <MLCore/predicates/CSORTDESCRIPTOR.h>
-#include <MLCore/predicates/OPERAND.h>
+#include <MLCore/predicates/detail/OPERAND.h>
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/Cmp.h>
-#include <MLCore/values/KeyMapping.h>
+#include <MLCore/values/Elements.h>
 
 #include <algorithm>
 #include <bit>
@@ -95,7 +95,7 @@ constexpr READ kReaders[] = {nullptr,  ReadNumber, ReadNumber, ReadNumber, ReadN
 /// The values of all elements for one key.
 class COLUMN {
 public:
-    COLUMN(const ELEMENTS& elements, const CSORTDESCRIPTOR& descriptor, OPTION option)
+    COLUMN(const Elements& elements, const CSORTDESCRIPTOR& descriptor, OPTION option)
         : mIsDescending(descriptor.GetSortOrderType() == CSORTDESCRIPTOR::SortOrderType::Descending), mOption(option) {
         mKeys.reserve(elements.size());
         for (const CSHAREOBJECTPTR<COBJECT>& element : elements) {
@@ -241,8 +241,8 @@ std::vector<ENTRY> SortedEntries(std::size_t count, const std::vector<COLUMN>& c
     return entries;
 }
 
-ELEMENTS DescriptorsOf(const CARRAY& order) {
-    ELEMENTS descriptors = ElementsOf(order);
+Elements DescriptorsOf(const CARRAY& order) {
+    Elements descriptors = ElementsOf(order);
     for (const CSHAREOBJECTPTR<COBJECT>& element : descriptors) {
         FailOSErr(dynamic_cast<const CSORTDESCRIPTOR*>(element.Get()) != nullptr ? short{0} : kErrBadCast);
     }
@@ -253,14 +253,14 @@ ELEMENTS DescriptorsOf(const CARRAY& order) {
 
 CSHAREOBJECTPTR<CARRAY> SortArray(CARRAY* array, CARRAY* order, OPTION option) {
     FailNull(array);
-    const ELEMENTS descriptors = order != nullptr ? DescriptorsOf(*order) : ELEMENTS();
-    ELEMENTS elements = ElementsOf(*array);
+    const Elements descriptors = order != nullptr ? DescriptorsOf(*order) : Elements();
+    Elements elements = ElementsOf(*array);
     std::vector<COLUMN> columns;
     for (const CSHAREOBJECTPTR<COBJECT>& descriptor : descriptors) {
         columns.emplace_back(elements, static_cast<const CSORTDESCRIPTOR&>(*descriptor), option);
     }
 
-    ELEMENTS sorted;
+    Elements sorted;
     sorted.reserve(elements.size());
     for (const ENTRY& entry : SortedEntries(elements.size(), columns)) {
         sorted.push_back(std::move(elements[entry.place]));

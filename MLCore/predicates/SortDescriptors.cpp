@@ -4,7 +4,7 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/predicates/CSORTDESCRIPTOR.h>
 #include <MLCore/values/CMEMARRAY.h>
-#include <MLCore/values/KeyMapping.h>
+#include <MLCore/values/Elements.h>
 
 #include <algorithm>
 #include <utility>
@@ -28,7 +28,7 @@ CSHAREOBJECTPTR<CARRAY> ReverseSortDescriptors(CARRAY* order) {
     if (order == nullptr) {
         return nullptr;
     }
-    ELEMENTS elements = ElementsOf(*order);
+    Elements elements = ElementsOf(*order);
     for (CSHAREOBJECTPTR<COBJECT>& element : elements) {
         const auto* const descriptor = dynamic_cast<const CSORTDESCRIPTOR*>(element.Get());
         FailOSErr(descriptor != nullptr ? short{0} : kErrBadCast);

@@ -2,7 +2,7 @@
 
 #include <MLCore/platform/Export.h>
 #include <MLCore/platform/File.h>
-#include <MLCore/streams/CURSORSTREAM.h>
+#include <MLCore/streams/detail/CURSORSTREAM.h>
 
 #include <cstddef>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <MLCore/platform/Export.h>
-#include <MLCore/streams/CGLOBALSTREAM.h>
+#include <MLCore/streams/detail/CGLOBALSTREAM.h>
 
 namespace MLCore {
 

@@ -6,9 +6,9 @@
 #include <MLCore/streams/COSTREAM.h>
 #include <MLCore/streams/CRANDOMSTREAM.h>
 #include <MLCore/streams/CSTREAMREADER.h>
-#include <MLCore/streams/GLOBALBLOCK.h>
-#include <MLCore/streams/OBJECTDEPTH.h>
-#include <MLCore/streams/STREAMCURSOR.h>
+#include <MLCore/streams/detail/GLOBALBLOCK.h>
+#include <MLCore/streams/detail/OBJECTDEPTH.h>
+#include <MLCore/streams/detail/STREAMCURSOR.h>
 
 #include <algorithm>
 #include <cstdint>

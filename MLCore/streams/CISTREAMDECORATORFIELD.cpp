@@ -4,7 +4,7 @@
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CNULLENCODER.h>
-#include <MLCore/streams/OwnClass.h>
+#include <MLCore/streams/detail/OwnClass.h>
 
 namespace MLCore {
 

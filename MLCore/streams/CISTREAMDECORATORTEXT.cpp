@@ -3,9 +3,9 @@
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/streams/CISTREAMDECORATORFIELD.h>
-#include <MLCore/streams/OwnClass.h>
-#include <MLCore/streams/STREAMCURSOR.h>
-#include <MLCore/streams/SpecialCharacters.h>
+#include <MLCore/streams/detail/OwnClass.h>
+#include <MLCore/streams/detail/STREAMCURSOR.h>
+#include <MLCore/streams/detail/SpecialCharacters.h>
 #include <MLCore/text/Blanks.h>
 #include <MLCore/text/DecimalText.h>
 #include <MLCore/text/DoubleText.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <MLCore/platform/Export.h>
-#include <MLCore/streams/CURSORSTREAM.h>
+#include <MLCore/streams/detail/CURSORSTREAM.h>
 
 namespace MLCore {
 

@@ -5,8 +5,8 @@
 #include <MLCore/core/Narrowing.h>
 #include <MLCore/platform/GlobalMemory.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
-#include <MLCore/streams/OBJECTDEPTH.h>
-#include <MLCore/streams/STREAMCURSOR.h>
+#include <MLCore/streams/detail/OBJECTDEPTH.h>
+#include <MLCore/streams/detail/STREAMCURSOR.h>
 
 #include <cstdint>
 #include <cstring>

@@ -7,7 +7,7 @@
 #include <MLCore/platform/Export.h>
 #include <MLCore/streams/CSERIALIZABLEOBJECT.h>
 #include <MLCore/streams/CSTREAM.h>
-#include <MLCore/streams/StreamablePointer.h>
+#include <MLCore/streams/detail/StreamablePointer.h>
 
 #include <string>
 #include <string_view>

@@ -1,11 +1,11 @@
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>
 
 #include <MLCore/streams/CCSVENCODER.h>
-#include <MLCore/streams/CHARACTERSET.h>
 #include <MLCore/streams/CNULLENCODER.h>
-#include <MLCore/streams/OwnClass.h>
-#include <MLCore/streams/STREAMCURSOR.h>
-#include <MLCore/streams/SpecialCharacters.h>
+#include <MLCore/streams/detail/CHARACTERSET.h>
+#include <MLCore/streams/detail/OwnClass.h>
+#include <MLCore/streams/detail/STREAMCURSOR.h>
+#include <MLCore/streams/detail/SpecialCharacters.h>
 
 #include <algorithm>
 #include <charconv>

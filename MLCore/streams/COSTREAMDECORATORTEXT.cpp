@@ -1,10 +1,10 @@
 #include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 
 #include <MLCore/core/Narrowing.h>
-#include <MLCore/streams/CHARACTERSET.h>
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>
-#include <MLCore/streams/OwnClass.h>
-#include <MLCore/streams/STREAMCURSOR.h>
+#include <MLCore/streams/detail/CHARACTERSET.h>
+#include <MLCore/streams/detail/OwnClass.h>
+#include <MLCore/streams/detail/STREAMCURSOR.h>
 #include <MLCore/text/DoubleText.h>
 
 #include <algorithm>

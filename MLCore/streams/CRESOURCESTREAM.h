@@ -4,7 +4,7 @@
 #include <MLCore/platform/ForwardTypes.h>
 #include <MLCore/streams/CRANDOMISTREAM.h>
 #include <MLCore/streams/CRESOURCEINFO.h>
-#include <MLCore/streams/STREAMCURSOR.h>
+#include <MLCore/streams/detail/STREAMCURSOR.h>
 
 namespace MLCore {
 

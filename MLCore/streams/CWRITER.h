@@ -6,7 +6,7 @@
 #include <MLCore/datetime/CTIME.h>
 #include <MLCore/platform/Export.h>
 #include <MLCore/streams/CSERIALIZABLEOBJECT.h>
-#include <MLCore/streams/StreamablePointer.h>
+#include <MLCore/streams/detail/StreamablePointer.h>
 
 #include <iosfwd>
 #include <string>

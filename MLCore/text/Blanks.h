@@ -1,4 +1,5 @@
-/// The characters between words and around values. Not for clients.
+/// \file
+/// The characters between words and around values.
 #pragma once
 
 #include <string_view>

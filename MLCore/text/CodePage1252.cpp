@@ -1,5 +1,6 @@
-#include <MLCore/platform/AnsiCodePoints.h>
 #include <MLCore/text/CodePage1252.h>
+
+#include <MLCore/platform/AnsiCodePoints.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -1,5 +1,6 @@
-#include <MLCore/text/Blanks.h>
 #include <MLCore/text/DecimalText.h>
+
+#include <MLCore/text/Blanks.h>
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,6 @@
-#include <MLCore/platform/LocaleCompare.h>
 #include <MLCore/text/LegacyStrings.h>
+
+#include <MLCore/platform/LocaleCompare.h>
 
 namespace MLCore {
 

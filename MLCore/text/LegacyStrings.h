@@ -5,7 +5,7 @@
 #pragma once
 
 #include <MLCore/platform/Export.h>
-#include <MLCore/text/AnsiCharacters.h>
+#include <MLCore/text/detail/AnsiCharacters.h>
 
 namespace MLCore {
 

@@ -1,5 +1,6 @@
 #include <MLCore/values/CARRAY.h>
-#include <MLCore/values/KeyMapping.h>
+
+#include <MLCore/values/detail/KeyMapping.h>
 
 namespace MLCore {
 

@@ -1,6 +1,7 @@
+#include <MLCore/values/CMEMARRAY.h>
+
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
-#include <MLCore/values/CMEMARRAY.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,7 @@
+#include <MLCore/values/CMEMDICTIONARY.h>
+
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/values/CMEMARRAY.h>
-#include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
 #include <cstdint>

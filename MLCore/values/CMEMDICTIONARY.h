@@ -1,7 +1,7 @@
 #pragma once
 
 #include <MLCore/values/CDICTIONARY.h>
-#include <MLCore/values/KEYEDOBJECTS.h>
+#include <MLCore/values/detail/KEYEDOBJECTS.h>
 
 namespace MLCore {
 

@@ -1,5 +1,6 @@
-#include <MLCore/core/FailureChecks.h>
 #include <MLCore/values/CMEMSET.h>
+
+#include <MLCore/core/FailureChecks.h>
 
 #include <algorithm>
 #include <utility>

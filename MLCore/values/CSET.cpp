@@ -1,7 +1,8 @@
+#include <MLCore/values/CSET.h>
+
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/values/CMEMARRAY.h>
-#include <MLCore/values/CSET.h>
-#include <MLCore/values/KeyMapping.h>
+#include <MLCore/values/detail/KeyMapping.h>
 
 namespace MLCore {
 

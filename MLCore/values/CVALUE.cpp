@@ -1,7 +1,7 @@
 #include <MLCore/values/CVALUE.h>
 
 #include <MLCore/platform/WinTypes.h>
-#include <MLCore/values/SmallBlocks.h>
+#include <MLCore/values/detail/SmallBlocks.h>
 
 #include <ostream>
 #include <string_view>

@@ -1,9 +1,10 @@
+#include <MLCore/values/CVALUEOBJECT.h>
+
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/values/CARRAY.h>
 #include <MLCore/values/CSET.h>
-#include <MLCore/values/CVALUEOBJECT.h>
-#include <MLCore/values/TextRules.h>
+#include <MLCore/values/ComparisonWords.h>
 
 #include <cstddef>
 #include <iterator>
@@ -105,7 +106,7 @@ std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonType type) {
 
 std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonOption option) {
     const auto index = static_cast<std::size_t>(option);
-    return index < std::size(textrules::kOptionWords) ? out << textrules::kOptionWords[index] : out;
+    return index < std::size(kOptionWords) ? out << kOptionWords[index] : out;
 }
 
 std::ostream& operator<<(std::ostream& out, const CVALUEOBJECT* object) {

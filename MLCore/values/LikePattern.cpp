@@ -1,6 +1,7 @@
-#include <MLCore/text/LegacyStrings.h>
 #include <MLCore/values/LikePattern.h>
-#include <MLCore/values/TextRules.h>
+
+#include <MLCore/text/LegacyStrings.h>
+#include <MLCore/values/detail/TextRules.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -8,7 +8,7 @@
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/Cmp.h>
 #include <MLCore/values/LikePattern.h>
-#include <MLCore/values/TextRules.h>
+#include <MLCore/values/detail/TextRules.h>
 
 #include <compare>
 #include <cstddef>

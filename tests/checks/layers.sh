@@ -1,11 +1,23 @@
 #!/usr/bin/env bash
-# A folder of the library includes only the folders that docs/architecture.md puts below it, every include of ours is spelled
-# <MLCore/...>, names a file that exists, and no file includes itself by a detour.
+# A room of the library includes only the rooms that its line in docs/architecture.md names, and of those only the front: a header
+# in a room's detail/ belongs to that room and to its tests. Every include of ours is spelled <MLCore/...>, names a file that
+# exists, a source includes its own header first, and no file includes itself by a detour.
 set -u
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit 2
 
-find MLCore -name '*.h' -o -name '*.cpp' | sort | xargs awk '
+find MLCore tests examples bench fuzz \( -name '*.h' -o -name '*.cpp' \) | sort | xargs awk '
     function complain(where, text) { print where ": " text; errors++ }
+
+    # One system'"'"'s side of a header of the platform room, unless it completes a source of common/.
+    function headerOf(source,    header, shared) {
+        header = source
+        sub(/\.cpp$/, ".h", header)
+        if (header in isFile) return header
+        shared = source
+        if (sub(/\/(posix|win32)\//, "/common/", shared) && shared in isFile) return ""
+        sub(/^MLCore\/platform\/(common|posix|win32)\//, "MLCore/platform/", header)
+        return header
+    }
 
     # Depth first; "open" marks the files on the way from the start to here.
     function walk(file, way,    i, count, next_files) {
@@ -21,23 +33,20 @@ find MLCore -name '*.h' -o -name '*.cpp' | sort | xargs awk '
     }
 
     BEGIN {
-        # The block of the page: "a < b < c", "x: a b" and "upward: FILE -> FILE".
+        # The block of the page: "room, room: the rooms below".
         while ((getline line < "docs/architecture.md") > 0) {
             if (line ~ /^```layers/) { inside = 1; continue }
             if (line ~ /^```/) inside = 0
             if (!inside || line == "") continue
-            gsub(/[ \t]+/, " ", line)
-            if (line ~ /^upward: /) { sub(/^upward: /, "", line); upward[line] = 1; unused[line] = 1; continue }
-            if (line ~ /</) {
-                count = split(line, folder, / *< */)
-                for (i = 1; i <= count; i++) {
-                    known[folder[i]] = 1
-                    for (j = 1; j < i; j++) below[folder[i], folder[j]] = 1
+            split(line, half, /: */)
+            count = split(half[1], rooms, /, */)
+            belowCount = split(half[2], belowRooms, / +/)
+            for (i = 1; i <= count; i++) {
+                known[rooms[i]] = 1
+                for (j = 1; j <= belowCount; j++) {
+                    below[rooms[i], belowRooms[j]] = 1
+                    if (!(belowRooms[j] in known)) complain("docs/architecture.md:1", belowRooms[j] " has no line above " rooms[i])
                 }
-            } else if (line ~ /:/) {
-                count = split(line, folder, /[: ]+/)
-                known[folder[1]] = 1
-                for (i = 2; i <= count; i++) below[folder[1], folder[i]] = 1
             }
             layers++
         }
@@ -48,36 +57,38 @@ find MLCore -name '*.h' -o -name '*.cpp' | sort | xargs awk '
         isFile[FILENAME] = 1
         files[++fileCount] = FILENAME
         depth = split(FILENAME, part, "/")
-        # MLCore/MLCore.h stands above all folders.
-        own = depth > 2 ? part[2] : ""
-        if (own != "" && !(own in known))
-            complain(FILENAME ":1", "the folder " own " is not in the block of layers")
+        isLibrary = part[1] == "MLCore"
+        # MLCore/MLCore.h stands above all rooms; the tests mirror them.
+        own = (isLibrary || part[1] == "tests") && depth > 2 ? part[2] : ""
+        if (isLibrary && own != "" && !(own in known))
+            complain(FILENAME ":1", "the room " own " is not in the block of layers")
+        used[own] = 1
     }
 
-    /^[ \t]*#[ \t]*include[ \t]*"/ { complain(FILENAME ":" FNR, "spell it <MLCore/...>: " $0); next }
+    /^[ \t]*#[ \t]*include[ \t]*"/ { if (isLibrary) complain(FILENAME ":" FNR, "spell it <MLCore/...>: " $0); next }
 
     /^[ \t]*#[ \t]*include[ \t]*</ {
         target = $0
         sub(/^[^<]*</, "", target)
         sub(/>.*/, "", target)
         if (target !~ /^MLCore\//) {
-            if (target ~ /\.\.?\//) complain(FILENAME ":" FNR, "spell it <MLCore/...>: " $0)
+            if (isLibrary && target ~ /\.\.?\//) complain(FILENAME ":" FNR, "spell it <MLCore/...>: " $0)
             next
         }
+        if (includes[FILENAME] == "") first[FILENAME] = target
         includes[FILENAME] = includes[FILENAME] " " target
         place[FILENAME, target] = FILENAME ":" FNR
-        if (own == "") next
-        if (target == "MLCore/MLCore.h") {
-            complain(FILENAME ":" FNR, "the library itself never includes <MLCore/MLCore.h>")
-            next
-        }
         split(target, part, "/")
-        if ((FILENAME " -> " target) in upward) { delete unused[FILENAME " -> " target]; next }
-        if (part[2] != own && !((own, part[2]) in below))
+        if (target ~ /\/detail\// && part[2] != own)
+            complain(FILENAME ":" FNR, "only " part[2] " and its tests include its detail/: <" target ">")
+        side = part[2] == "platform" && part[3] ~ /^(common|posix|win32)$/ ? part[3] : ""
+        if (side != "" && (FILENAME !~ /^MLCore\/platform\// || (FILENAME ~ /\/(posix|win32)\// && side != "common" && FILENAME !~ ("/" side "/"))))
+            complain(FILENAME ":" FNR, "only the platform room includes <" target ">")
+        if (!isLibrary || own == "") next
+        if (target == "MLCore/MLCore.h")
+            complain(FILENAME ":" FNR, "the library itself never includes <MLCore/MLCore.h>")
+        else if (part[2] != own && !((own, part[2]) in below))
             complain(FILENAME ":" FNR, own " must not include " part[2] ": <" target ">")
-        if (part[2] == "platform" && part[3] ~ /^(posix|win32)$/ && FILENAME !~ ("^MLCore/platform/" part[3] "/") \
-            && FILENAME !~ /^MLCore\/platform\/[^\/]*$/)
-            complain(FILENAME ":" FNR, "only the platform folder includes <" target ">")
     }
 
     END {
@@ -85,10 +96,15 @@ find MLCore -name '*.h' -o -name '*.cpp' | sort | xargs awk '
             count = split(includes[files[i]], targets, " ")
             for (j = 1; j <= count; j++)
                 if (!(targets[j] in isFile)) complain(place[files[i], targets[j]], "no such file: <" targets[j] ">")
+            if (files[i] ~ /^MLCore\/.*\.cpp$/) {
+                header = headerOf(files[i])
+                if (header in isFile && first[files[i]] != header)
+                    complain(files[i] ":1", "a source includes its own header first: <" header ">")
+            }
         }
         for (i = 1; i <= fileCount; i++)
             if (state[files[i]] == "") walk(files[i], files[i])
-        for (line in unused) complain("docs/architecture.md:1", "allowed, but there is no such include: " line)
+        for (room in known) if (!(room in used)) complain("docs/architecture.md:1", "there is no room " room)
         if (!fileCount) complain("MLCore:1", "no files found")
         exit errors > 0
     }'

@@ -24,7 +24,7 @@ find MLCore examples -name '*.h' -o -name '*.cpp' | sort | xargs awk -v standard
         target = substr(target, 2)
         sub(/[>"].*/, "", target)
         platform = FILENAME ~ /^MLCore\/platform\//
-        if (FILENAME ~ /\.h$/ && FILENAME !~ /^MLCore\/platform\/(posix|win32)\// && FILENAME != "MLCore/platform/WinTypes.h" \
+        if (FILENAME ~ /\.h$/ && FILENAME !~ /^MLCore\/platform\/(common|posix|win32)\// && FILENAME != "MLCore/platform/WinTypes.h" \
             && tolower(target) == "windows.h")
             complain("a public header must not include <windows.h>")
         else if (!platform && !quoted && !(target in allowed) && target !~ /^MLCore\//)

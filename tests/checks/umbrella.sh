@@ -1,12 +1,11 @@
 #!/usr/bin/env bash
-# <MLCore/MLCore.h> includes every header that is for clients, sorted; a header that is not says so.
+# <MLCore/MLCore.h> includes every header at the front of a room, sorted; the platform's are included by themselves.
 set -u
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit 2
 
-mapfile -t headers < <(find MLCore/*/ -name '*.h' ! -path 'MLCore/platform/*')
+mapfile -t headers < <(find MLCore -mindepth 2 -maxdepth 2 -name '*.h' ! -path 'MLCore/platform/*' | LC_ALL=C sort)
 [ ${#headers[@]} -gt 0 ] || exit 2
-difference=$(diff <(sed -n 's/^#include <\(.*\)>/\1/p' MLCore/MLCore.h) \
-    <(grep -L 'Not for clients' "${headers[@]}" | LC_ALL=C sort))
+difference=$(diff <(sed -n 's/^#include <\(.*\)>/\1/p' MLCore/MLCore.h) <(printf '%s\n' "${headers[@]}"))
 [ -z "$difference" ] && exit 0
-printf '%s\n' "MLCore/MLCore.h (<) against the headers without \"Not for clients\" (>):" "$difference"
+printf '%s\n' "MLCore/MLCore.h (<) against the headers at the front of the rooms (>):" "$difference"
 exit 1

@@ -1,6 +1,6 @@
 #include <MLCore/logging/CLOGGERBASIC.h>
 #include <MLCore/logging/CLOGMANAGER.h>
-#include <MLCore/logging/LogFileName.h>
+#include <MLCore/logging/detail/LogFileName.h>
 #include <MLCore/platform/File.h>
 #include <MLCore/platform/LocalZone.h>
 #include <MLCore/platform/ProcessInfo.h>

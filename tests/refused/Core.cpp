@@ -2,7 +2,6 @@
 // in "refused": see checks/refused.sh.
 
 #include <MLCore/core/CCLASSTYPEINFO.h>
-#include <MLCore/core/CLASSREGISTRAR.h>
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/CSHAREOBJECTCOUNTER.h>
 #include <MLCore/core/CSINGLETON.h>

@@ -1,5 +1,5 @@
 #include <MLCore/platform/File.h>
-#include <MLCore/platform/SystemSide.h>
+#include <MLCore/platform/common/SystemSide.h>
 
 #include <unistd.h>
 

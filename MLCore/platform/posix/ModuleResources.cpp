@@ -1,5 +1,6 @@
-#include <MLCore/platform/AsciiNames.h>
 #include <MLCore/platform/ModuleResources.h>
+
+#include <MLCore/platform/common/AsciiNames.h>
 
 #include <dlfcn.h>
 #include <link.h>

@@ -1,6 +1,6 @@
 #include <MLCore/platform/OleDate.h>
 
-#include <MLCore/platform/OleDateRange.h>
+#include <MLCore/platform/common/OleDateRange.h>
 
 #include <chrono>
 #include <cmath>

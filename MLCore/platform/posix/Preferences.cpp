@@ -1,6 +1,6 @@
-#include <MLCore/platform/AsciiNames.h>
 #include <MLCore/platform/File.h>
-#include <MLCore/platform/SystemSide.h>
+#include <MLCore/platform/common/AsciiNames.h>
+#include <MLCore/platform/common/SystemSide.h>
 
 #include <algorithm>
 #include <cstddef>

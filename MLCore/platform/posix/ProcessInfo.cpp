@@ -1,4 +1,5 @@
 #include <MLCore/platform/ProcessInfo.h>
+
 #include <unistd.h>
 
 #include <string_view>

@@ -1,4 +1,5 @@
 #include <MLCore/platform/ProtectedMemory.h>
+
 #include <MLCore/platform/RandomBytes.h>
 #include <sodium.h>
 

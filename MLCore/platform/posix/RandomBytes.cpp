@@ -1,4 +1,5 @@
 #include <MLCore/platform/RandomBytes.h>
+
 #include <sys/random.h>
 
 #include <cerrno>

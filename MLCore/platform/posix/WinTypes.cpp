@@ -1,11 +1,11 @@
 #include <MLCore/platform/WinTypes.h>
 
 #include <MLCore/platform/AnsiCodePoints.h>
-#include <MLCore/platform/ComErrorText.h>
 #include <MLCore/platform/GlobalMemory.h>
 #include <MLCore/platform/LastError.h>
 #include <MLCore/platform/OleDate.h>
 #include <MLCore/platform/WideText.h>
+#include <MLCore/platform/common/ComErrorText.h>
 
 #include <algorithm>
 #include <chrono>

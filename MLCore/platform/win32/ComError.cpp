@@ -1,9 +1,9 @@
 #include <MLCore/platform/ComError.h>
 
-#include <MLCore/platform/ComErrorText.h>
 #include <MLCore/platform/LastError.h>
 #include <MLCore/platform/WideText.h>
 #include <MLCore/platform/WinTypes.h>
+#include <MLCore/platform/common/ComErrorText.h>
 
 namespace MLCore::platform {
 

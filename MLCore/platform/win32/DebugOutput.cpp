@@ -1,4 +1,4 @@
-#include <MLCore/platform/SystemSide.h>
+#include <MLCore/platform/common/SystemSide.h>
 
 #include <MLCore/platform/WinTypes.h>
 

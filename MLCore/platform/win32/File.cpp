@@ -1,6 +1,7 @@
-#include <MLCore/platform/AnsiPath.h>
 #include <MLCore/platform/File.h>
+
 #include <MLCore/platform/WinTypes.h>
+#include <MLCore/platform/common/AnsiPath.h>
 
 #include <algorithm>
 

@@ -1,4 +1,5 @@
 #include <MLCore/platform/LocaleCompare.h>
+
 #include <MLCore/platform/WinTypes.h>
 
 namespace MLCore::platform {

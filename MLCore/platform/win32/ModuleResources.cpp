@@ -1,4 +1,5 @@
 #include <MLCore/platform/ModuleResources.h>
+
 #include <MLCore/platform/WinTypes.h>
 
 namespace MLCore::platform {

@@ -1,7 +1,7 @@
 #include <MLCore/platform/OleDate.h>
 
-#include <MLCore/platform/OleDateRange.h>
 #include <MLCore/platform/WinTypes.h>
+#include <MLCore/platform/common/OleDateRange.h>
 
 #include <cmath>
 

@@ -1,6 +1,7 @@
-#include <MLCore/platform/AnsiPath.h>
 #include <MLCore/platform/ProcessInfo.h>
+
 #include <MLCore/platform/WinTypes.h>
+#include <MLCore/platform/common/AnsiPath.h>
 
 namespace MLCore::platform {
 

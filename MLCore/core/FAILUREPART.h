@@ -1,0 +1,45 @@
+#pragma once
+
+#include <concepts>
+#include <string_view>
+
+namespace MLCore {
+
+/// A text from outside that a failure shows: in quotes, cut when it is long, control characters as \xNN.
+struct QUOTED {
+    std::string_view text;
+};
+
+/// Shows `text` in quotes in the text of a failure: `FailWith(kErrUnknownKey, "no key ", Quoted(key))`.
+[[nodiscard]] constexpr QUOTED Quoted(std::string_view text) noexcept { return {text}; }
+
+/// One part of the text of a failure, which Require() and FailWith() put together: a text as it stands, a quoted text, or
+/// a number. Texts are borrowed until the call returns; a null pointer stands for an empty text.
+class FAILUREPART {
+public:
+    explicit constexpr FAILUREPART(std::string_view text) noexcept : mKind(KIND::Text), mText(text) {}
+    explicit constexpr FAILUREPART(const char* text) noexcept
+        : FAILUREPART(text != nullptr ? std::string_view(text) : std::string_view()) {}
+    explicit constexpr FAILUREPART(QUOTED quoted) noexcept : mKind(KIND::Quoted), mText(quoted.text) {}
+    explicit constexpr FAILUREPART(std::signed_integral auto number) noexcept : mKind(KIND::Signed), mSigned(number) {}
+    explicit constexpr FAILUREPART(std::unsigned_integral auto number) noexcept
+        : mKind(KIND::Unsigned), mUnsigned(number) {}
+    explicit constexpr FAILUREPART(double number) noexcept : mKind(KIND::Double), mDouble(number) {}
+    /// A letter or a truth value is no number.
+    explicit FAILUREPART(char) = delete;
+    explicit FAILUREPART(bool) = delete;
+
+private:
+    friend class FAILURETEXT;
+    enum class KIND : unsigned char { Text, Quoted, Signed, Unsigned, Double };
+
+    KIND mKind;
+    std::string_view mText;
+    union {
+        long long mSigned = 0;
+        unsigned long long mUnsigned;
+        double mDouble;
+    };
+};
+
+}  // namespace MLCore

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <MLCore/core/FAILUREPART.h>
+
+#include <array>
+#include <cstddef>
+#include <initializer_list>
+#include <string_view>
+
+namespace MLCore {
+
+/// The text of a failure, put together without memory of its own: what is short of memory may say so. A text that does not
+/// fit is cut and ends in "...".
+class FAILURETEXT {
+public:
+    FAILURETEXT() = default;
+    explicit FAILURETEXT(std::initializer_list<FAILUREPART> parts) noexcept;
+
+    void Add(const FAILUREPART& part) noexcept;
+    void Add(std::string_view text) noexcept;
+    [[nodiscard]] const char* Get() const noexcept { return mText.data(); }
+
+private:
+    void AddQuoted(std::string_view text) noexcept;
+    template <class Number>
+    void AddNumber(Number number) noexcept;
+
+    static constexpr std::size_t kMaxLength = 300;
+    static constexpr std::size_t kMaxQuoted = 60;
+
+    std::array<char, kMaxLength + 1> mText{};
+    std::size_t mLength = 0;
+};
+
+}  // namespace MLCore

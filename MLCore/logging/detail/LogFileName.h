@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace MLCore {
+
+/// Where a program logs to unless it says otherwise: beside itself, with ".out" for its extension. `C:\App\prog.exe` gives
+/// `C:\App\prog.out`, /opt/my.app/prog gives /opt/my.app/prog.out. The empty text gives the empty text.
+[[nodiscard]] inline std::string LogFileName(std::string program) {
+    const std::string::size_type mark = program.find_last_of("./\\");
+    if (mark != std::string::npos && program[mark] == '.') {
+        program.resize(mark);
+    }
+    return program.empty() ? program : program.append(".out");
+}
+
+}  // namespace MLCore

@@ -1,0 +1,45 @@
+#include <MLCore/predicates/detail/OPERAND.h>
+
+#include <MLCore/core/FailureChecks.h>
+#include <MLCore/predicates/CKEYEXPRESSION.h>
+#include <MLCore/predicates/CLISTEXPRESSION.h>
+#include <MLCore/predicates/CVALUEEXPRESSION.h>
+#include <MLCore/predicates/detail/TypedArray.h>
+
+#include <utility>
+
+namespace MLCore {
+
+namespace {
+
+// A class derived from these may evaluate otherwise, and need not say that it is another one.
+
+bool IsConstant(const CEXPRESSION& expression) { return typeid(expression) == typeid(CVALUEEXPRESSION); }
+
+bool IsConstantList(const CEXPRESSION& expression) {
+    bool isConstant = typeid(expression) == typeid(CLISTEXPRESSION);
+    if (isConstant) {
+        ForEachOf<CEXPRESSION>(static_cast<const CLISTEXPRESSION&>(expression).GetExpressions(),
+                               [&](const CEXPRESSION& each) { isConstant = isConstant && IsConstant(each); });
+    }
+    return isConstant;
+}
+
+const OPERAND& NullOperand() {
+    static const OPERAND gNull(CVALUEEXPRESSION::Create(CVALUE::Null()));
+    return gNull;
+}
+
+}  // namespace
+
+OPERAND::OPERAND() : OPERAND(NullOperand()) {}
+
+OPERAND::OPERAND(CSHAREOBJECTPTR<CEXPRESSION> expression) : mExpression(std::move(expression)) {
+    FailNull(mExpression);
+    if (IsConstant(*mExpression) || IsConstantList(*mExpression)) {
+        mConstant = mExpression->Evaluate(nullptr);
+    }
+    mIsKey = mExpression->ClassInfo().IsKind(CKEYEXPRESSION::ClassInfoStatic()) != 0;
+}
+
+}  // namespace MLCore
