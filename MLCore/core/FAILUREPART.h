@@ -5,7 +5,7 @@
 
 namespace MLCore {
 
-/// A text from outside that a failure shows: in quotes, cut when it is long, control characters as \xNN.
+/// A text from outside that a failure shows: in quotes, cut when it is long, control characters in hexadecimal.
 struct QUOTED {
     std::string_view text;
 };
