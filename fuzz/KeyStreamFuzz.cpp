@@ -28,7 +28,7 @@ RESULT Read(const std::string& xml) {
     SOURCE source(xml);
     CXMLKEYREADER reader(source.Stream());
     RESULT result;
-    result.failure = FailureOf([&] { result.element = elementtree::Read(reader, kNames); });
+    result.failure = FailureOf([&] { result.element = elementtree::Read(reader, kNames); }).msg;
     FUZZ_REQUIRE(result.failure == 0 || result.failure == 138);
     if (result.failure == 0) {
         FUZZ_REQUIRE(reader.HasElement() == 0);

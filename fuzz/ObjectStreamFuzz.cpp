@@ -55,9 +55,9 @@ template <class SOURCE>
 std::string Read(const std::string& bytes) {
     SOURCE source(bytes);
     CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> object;
-    const int failure = FailureOf([&] { object = source.Stream().GetObject(); });
+    const auto failure = FailureOf([&] { object = source.Stream().GetObject(); });
     FUZZ_REQUIRE(failure == 0 || (!object && (failure == -110 || failure == 123 || failure == 138)));
-    if (failure != 0) return std::to_string(failure);
+    if (failure != 0) return std::to_string(failure.msg);
     CBUFFERSTREAM out;
     out.Open();
     out.SetObject(object);

@@ -53,9 +53,9 @@ inline std::string BytesOf(const MLCore::CBUFFERSTREAM& stream) {
 /// Reads over a value, and tells its bytes then and the failure: none, or one of those that may be.
 template <class Value>
 std::string ReadValue(MLCore::CISTREAM& stream, Value value, std::initializer_list<int> failures) {
-    const int failure = FailureOf([&] { stream.GetValue(value); });
+    const auto failure = FailureOf([&] { stream.GetValue(value); });
     FUZZ_REQUIRE(failure == 0 || std::find(failures.begin(), failures.end(), failure) != failures.end());
-    return std::string(reinterpret_cast<const char*>(&value), sizeof(value)) + std::to_string(failure);
+    return std::string(reinterpret_cast<const char*>(&value), sizeof(value)) + std::to_string(failure.msg);
 }
 
 /// A value of the type of this number, 0 to 8.

@@ -42,7 +42,7 @@ std::string Do(CISTREAMDECORATORTEXT& stream, unsigned what, unsigned number) {
             stream.Rewind();
             return "";
         default:
-            return std::to_string(FailureOf([&] { stream.Skip(static_cast<long>(number) - 5); }));
+            return std::to_string(FailureOf([&] { stream.Skip(static_cast<long>(number) - 5); }).msg);
     }
 }
 

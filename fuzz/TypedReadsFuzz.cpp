@@ -13,7 +13,7 @@ using namespace std::string_view_literals;
 /// A block has the bytes behind its size, or there is none; written again, it is those bytes.
 std::string ReadBlock(CISTREAM& stream) {
     void* block = &stream;
-    const int failure = FailureOf([&] { stream.GetValue(block); });
+    const auto failure = FailureOf([&] { stream.GetValue(block); });
     FUZZ_REQUIRE(failure == 0 ? block != &stream : failure == -110 && block == &stream);
     if (failure != 0) return "-110";
     CBUFFERSTREAM out;
@@ -25,19 +25,20 @@ std::string ReadBlock(CISTREAM& stream) {
 
 std::string ReadText(CISTREAM& stream, long length) {
     std::string text = "before";
-    const int failure = FailureOf([&] { stream.GetValue(text, length); });
+    const auto failure = FailureOf([&] { stream.GetValue(text, length); });
     FUZZ_REQUIRE(failure == 0 ? text.size() == static_cast<std::size_t>(length) : failure == -110 && text == "before");
     return text;
 }
 
 std::string ReadBuffer(CISTREAM& stream, long length) {
     char buffer[256] = "";
-    return std::to_string(FailureOf([&] { stream.GetValue(buffer, length); })) + std::string(buffer, sizeof(buffer));
+    return std::to_string(FailureOf([&] { stream.GetValue(buffer, length); }).msg) +
+           std::string(buffer, sizeof(buffer));
 }
 
 std::string ReadFlag(CISTREAM& stream) {
     int flag = 7;
-    return std::to_string(FailureOf([&] { stream.GetValueBOOL(flag); })) + std::to_string(flag);
+    return std::to_string(FailureOf([&] { stream.GetValueBOOL(flag); }).msg) + std::to_string(flag);
 }
 
 std::string Do(CISTREAM& stream, unsigned what, unsigned number) {
@@ -53,7 +54,7 @@ std::string Do(CISTREAM& stream, unsigned what, unsigned number) {
         case 13:
             return ReadFlag(stream);
         case 14:
-            return std::to_string(FailureOf([&] { stream.Skip(static_cast<long>(number) - 10); }));
+            return std::to_string(FailureOf([&] { stream.Skip(static_cast<long>(number) - 10); }).msg);
         default:
             return std::to_string((stream.Rewind(), 0));
     }

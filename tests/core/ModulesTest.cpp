@@ -54,7 +54,7 @@ TEST(ModulesTest, InheritedProtocolsAreFoundBehindOtherBases) {
 }
 
 TEST(ModulesTest, FailuresCrossModules) {
-    EXPECT_EQ(FailureOf([] { depot::ThrowInDepot(9); }), 9);
+    EXPECT_EQ(FailureOf([] { depot::ThrowInDepot(9); }), (support::FAILURE{7, 9, 0, ""}));
     EXPECT_EQ(FailureOf([] { workshop::FailInWorkshop(151); }), 151);
     EXPECT_EQ(depot::CatchInDepot([] { workshop::FailInWorkshop(-7); }), -7);
     EXPECT_EQ(depot::CatchInDepot([] { throw FrameworkException(1, 2); }), 2);

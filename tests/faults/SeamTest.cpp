@@ -185,7 +185,7 @@ TEST(SeamTest, AFirstUseThatFailsIsNotTheLast) {
         gFaults.toGo = calls;
         gFaults.isLasting = isLasting;
         gFaults.isArmed = true;
-        const int failure = support::FailureOf([act] { return act(), 0; });
+        const auto failure = support::FailureOf(act);
         gFaults.isArmed = false;
         return failure;
     };
