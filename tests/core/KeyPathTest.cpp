@@ -4,10 +4,10 @@
 #include <MLCore/core/ClassDeclaration.h>
 #include <gtest/gtest.h>
 #include <support/Failure.h>
+#include <support/Random.h>
 
 #include <climits>
 #include <map>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -111,7 +111,7 @@ TEST(KeyPathTest, Parses) {
 }
 
 TEST(KeyPathTest, WhatIsBuiltIsReadBack) {
-    std::mt19937 random(20240305);
+    support::RANDOM random(151);
     for (int round = 0; round < 2000; ++round) {
         CKEYBUILDER builder;
         STEPS steps;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <keys/ElementTree.h>
 #include <streams/Bytes.h>
+#include <support/Random.h>
 #include <support/TempFile.h>
 
 #include <cstdlib>
@@ -28,7 +29,8 @@ void Check(const std::string& xml, const TREE* tree, std::size_t behind = 0) {
         TREE read;
         EXPECT_EQ(FailureOf([&] { read = Read(in.stream); }), tree != nullptr ? 0 : 138) << xml.substr(0, 500);
         if (tree == nullptr) continue;
-        EXPECT_TRUE(read == *tree && in.stream.HasElement() == 0) << xml.substr(0, 500);
+        EXPECT_EQ(read, *tree) << xml.substr(0, 500);
+        EXPECT_EQ(in.stream.HasElement(), 0) << xml.substr(0, 500);
         EXPECT_EQ(in.buffer.GetPosition(), xml.size() - behind) << hasPosition << xml.substr(0, 500);
     }
 }
@@ -83,7 +85,8 @@ TEST(XmlKeyStreamTest, WritesAndReadsADocument) {
     Expect(kWorkedXml + kWorkedXml + std::string(9000, '\0'), kWorked, 1 + kWorkedXml.size() + 9000);
     INPUT<CXMLKEYREADER> two(kWorkedXml + kWorkedXml, true);
     CXMLKEYREADER second(two.buffer);
-    EXPECT_TRUE(Read(two.stream) == kWorked && Read(second) == kWorked);
+    EXPECT_EQ(Read(two.stream), kWorked);
+    EXPECT_EQ(Read(second), kWorked);
     for (std::size_t size = 0; size < kWorkedXml.size() - 1; ++size) ExpectRefused(kWorkedXml.substr(0, size));
 }
 
@@ -135,7 +138,8 @@ TEST(XmlKeyStreamTest, BothKeepToTheLimits) {
         Play(writer, "!<" + more + Repeated(256, " <b") + " !<b !@" + more + asked + " !@y ." + most + " !.n");
         Play(writer, Repeated(255, "> ") + "<c .again > <d !=" + more + " > >");
     });
-    EXPECT_TRUE(xml.find("1\">" + most + "</b>\n") != xml.npos && xml.ends_with("  <c>again</c>\n  <d/>\n</b>\n"));
+    EXPECT_NE(xml.find("1\">" + most + "</b>\n"), xml.npos);
+    EXPECT_TRUE(xml.ends_with("  <c>again</c>\n  <d/>\n</b>\n"));
 }
 
 TEST(XmlKeyStreamTest, TheReaderWantsAllToBeRead) {
@@ -172,7 +176,7 @@ TREE RandomTree(std::mt19937& random, int depth) {
 }
 
 TEST(XmlKeyStreamTest, RandomTreesComeBackAndSpoiltOnesAreRefused) {
-    std::mt19937 random(1252);
+    support::RANDOM random(138);
     for (int round = 0; round < 30; ++round) {
         const TREE tree = RandomTree(random, 3);
         std::string xml = XmlOf(tree);
@@ -180,14 +184,15 @@ TEST(XmlKeyStreamTest, RandomTreesComeBackAndSpoiltOnesAreRefused) {
         for (int spoilt = 0; spoilt < 50; ++spoilt) {
             xml[random() % xml.size()] = "<>&;/!?-['\"= a\0\xFF"[random() % 16];
             INPUT<CXMLKEYREADER> in(xml, true);
-            EXPECT_EQ(FailureOf([&] { return Read(in.stream); }) % 138, 0);
+            const auto failure = FailureOf([&] { return Read(in.stream); });
+            EXPECT_TRUE(failure == 0 || failure == 138) << failure << xml;
         }
     }
 }
 
 TEST(XmlKeyStreamTest, OthersReadIt) {
     if (std::system("xmllint --version >/dev/null 2>&1") != 0) GTEST_SKIP() << "xmllint is not installed";
-    std::mt19937 random(1);
+    support::RANDOM random(10);
     const support::TEMPFILE file;
     for (const TREE& tree : {kWorked, {"r", {{"a", kAll}}, kAll, {}}, RandomTree(random, 5)}) {
         file.SetContent(XmlOf(tree));

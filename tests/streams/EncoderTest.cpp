@@ -1,9 +1,9 @@
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CNULLENCODER.h>
 #include <gtest/gtest.h>
+#include <support/Random.h>
 
 #include <algorithm>
-#include <random>
 #include <regex>
 #include <vector>
 
@@ -24,7 +24,7 @@ TEST(EncoderTest, GivesBackWhatItEncodedButForRunsOfQuotes) {
         }
     }
     MLCore::CNULLENCODER null;
-    std::mt19937 random(7);
+    support::RANDOM random(34);
     for (int i = 0; i < 2000; ++i) {
         std::string text(random() % 12, ' ');
         std::generate(text.begin(), text.end(), [&random] { return "\"\";a\r\n\0"[random() % 7]; });

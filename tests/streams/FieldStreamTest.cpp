@@ -4,6 +4,7 @@
 #include <MLCore/streams/CNULLENCODER.h>
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>
 #include <streams/Bytes.h>
+#include <support/Random.h>
 #include <support/TempFile.h>
 
 #include <bit>
@@ -56,7 +57,7 @@ TEST(FieldStreamTest, ReadsTheSameAheadInMemoryAndByteByByte) {
     class CASKED : public CBUFFERSTREAM {  // no class of the library's: what it holds is not looked at
         using CBUFFERSTREAM::CBUFFERSTREAM;
     };
-    std::mt19937 random(20);
+    support::RANDOM random(20);
     const std::string_view pieces[] = {"a", "longer text", ";", ";", "\"", "\r", "\n", "\r\n"};
     std::string data;
     while (data.size() < 3 * CFILESTREAM::kBufferSize) {
@@ -86,9 +87,9 @@ TEST(FieldStreamTest, ReadsTheSameAheadInMemoryAndByteByByte) {
         return all;
     };
     const std::string expected = read(asked, hidden);
-    EXPECT_TRUE(read(asked, asked) == expected);
-    EXPECT_TRUE(read(buffer, buffer) == expected);
-    EXPECT_TRUE(read(file, file) == expected);
+    EXPECT_EQ(read(asked, asked), expected);
+    EXPECT_EQ(read(buffer, buffer), expected);
+    EXPECT_EQ(read(file, file), expected);
 }
 
 /// Makes texts longer, which must not make them longer than a caller's buffer.
@@ -161,7 +162,7 @@ RECORD Read(CISTREAM& fields) {
 }
 
 TEST(FieldStreamTest, ReadsWhatItWroteAndFailsWhereAFileIsCut) {
-    std::mt19937_64 random(11);
+    support::RANDOM64 random(11);
     std::vector<RECORD> records(500);
     std::generate(records.begin(), records.end(), [&random] { return RandomRecord(random); });
     const std::string data = FieldsOf([&records](COSTREAM& fields) {
@@ -174,7 +175,7 @@ TEST(FieldStreamTest, ReadsWhatItWroteAndFailsWhereAFileIsCut) {
         for (std::size_t i = 0; i < count; ++i) {
             EXPECT_EQ(Read(input.stream), records[i]);
         }
-        const int failure = FailureOf([&input] { return Read(input.stream); });
+        const auto failure = FailureOf([&input] { return Read(input.stream); });
         EXPECT_TRUE(failure == -110 || failure == 138 || (failure == 0 && !text.ends_with('\n'))) << failure;
     }
 }

@@ -2,6 +2,7 @@
 #include <MLCore/streams/CFILESTREAM.h>
 #include <gtest/gtest.h>
 #include <support/Failure.h>
+#include <support/Random.h>
 #include <support/TempFile.h>
 
 #include <algorithm>
@@ -21,16 +22,13 @@
 namespace {
 
 using namespace MLCore;
+using support::FailureOf;
 using support::TEMPFILE;
 using MODE = CSTREAM::OpenMode;
 
 constexpr MODE kBoth = CSTREAM::ReadWrite;
 constexpr MODE kNew = kBoth | CSTREAM::Create | CSTREAM::Truncate;
 constexpr MODE kLog = kBoth | CSTREAM::Create | CSTREAM::Append;
-
-int FailureOf(const std::function<void()>& action) {
-    return support::FailureOf([&] { return action(), 0; });
-}
 
 /// What tells of a code of the system.
 constexpr int System(int code) { return -3000 - code; }
@@ -51,7 +49,7 @@ std::string Read(CFILESTREAM& stream, std::size_t count) {
 }
 
 void WalkAtRandom(unsigned int seed, MODE mode) {
-    std::mt19937 random(seed);
+    support::RANDOM random(seed);
     const TEMPFILE file;
     std::string model = Noise(random, random() % 300'000);
     std::size_t position = 0;
@@ -151,7 +149,9 @@ TEST(FileStreamTest, ClosedOrRestricted) {
     for (const auto& action : actions) {
         EXPECT_EQ(FailureOf(action), 141);
     }
-    EXPECT_TRUE(stream.IsEnd() == 1 && stream.GetSize() == 0 && stream.GetPosition() == 0);
+    EXPECT_EQ(stream.IsEnd(), 1);
+    EXPECT_EQ(stream.GetSize(), 0);
+    EXPECT_EQ(stream.GetPosition(), 0);
     stream.Close();
     log.Open();
     for (std::size_t i = 0; i < actions.size(); ++i) {
@@ -166,7 +166,7 @@ TEST(FileStreamTest, WhatCannotBeOpenedStaysClosed) {
     file.SetContent("abc");
     const auto open = [](const std::string& path, MODE mode) {
         CFILESTREAM stream(path.c_str(), mode);
-        const int failure = FailureOf([&] { stream.Open(); });
+        const auto failure = FailureOf([&] { stream.Open(); });
         EXPECT_EQ(stream.IsOpen(), failure == 0 ? 1 : 0);
         return failure;
     };
@@ -252,7 +252,7 @@ TEST(FileStreamTest, NothingIsLostWhenThereIsRoomAgain) {
     rlimit wide = {};
     getrlimit(RLIMIT_FSIZE, &wide);
     const rlimit narrow = {100'001, wide.rlim_max};
-    std::mt19937 random(7);
+    support::RANDOM random(7);
     const std::string text = Noise(random, 300'000);
     const TEMPFILE file;
     CFILESTREAM stream(file.path.c_str(), kNew);
@@ -261,7 +261,7 @@ TEST(FileStreamTest, NothingIsLostWhenThereIsRoomAgain) {
         stream.SetSize(0);
         setrlimit(RLIMIT_FSIZE, &narrow);
         const auto write = [&] { stream << text.substr(stream.GetPosition(), piece); };
-        int failure = 0;
+        support::FAILURE failure;
         while (failure == 0) {
             failure = FailureOf(write);
         }

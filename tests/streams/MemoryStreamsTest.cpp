@@ -6,10 +6,10 @@
 #include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 #include <gtest/gtest.h>
 #include <streams/StreamModel.h>
+#include <support/Random.h>
 
 #include <array>
 #include <climits>
-#include <random>
 #include <typeinfo>
 
 namespace {
@@ -19,8 +19,8 @@ using namespace platform;
 using namespace streammodel;
 
 template <class STREAM>
-void CheckRandomly(STREAM& stream, MODEL model) {
-    static std::mt19937 random(4711);
+void CheckRandomly(unsigned int seed, STREAM& stream, MODEL model) {
+    support::RANDOM random(seed);
     for (int step = 0; step < 3000; ++step) {
         const auto what = static_cast<std::size_t>(random() % 7);
         const auto number = static_cast<unsigned>(random() % 80);
@@ -34,13 +34,17 @@ void CheckRandomly(STREAM& stream, MODEL model) {
     CBUFFERSTREAM other;
     other.Open();
     stream.Close();
-    EXPECT_EQ(FailureOf([&] { stream.GetValue(other); }) + FailureOf([&] { stream.GetValue(text, 0); }), 282);
-    EXPECT_EQ(FailureOf([&] { stream.SetValue("", -1); }) + FailureOf([&] { stream.Rewind(); }), 282);
-    EXPECT_EQ(FailureOf([&] { stream << ""; }) + FailureOf([&] { stream << static_cast<char*>(nullptr); }), 282);
+    EXPECT_EQ(FailureOf([&] { stream.GetValue(other); }), 141);
+    EXPECT_EQ(FailureOf([&] { stream.GetValue(text, 0); }), 141);
+    EXPECT_EQ(FailureOf([&] { stream.SetValue("", -1); }), 141);
+    EXPECT_EQ(FailureOf([&] { stream.Rewind(); }), 141);
+    EXPECT_EQ(FailureOf([&] { stream << ""; }), 141);
+    EXPECT_EQ(FailureOf([&] { stream << static_cast<char*>(nullptr); }), 141);
     stream.Open();
     if (typeid(stream) != typeid(CCOUNTINGSTREAM)) {
         void* const none = nullptr;
-        EXPECT_EQ(FailureOf([&] { stream.GetValue(none, 1); }) + stream.GetValue(none, 0), -100);
+        EXPECT_EQ(FailureOf([&] { stream.GetValue(none, 1); }), -100);
+        EXPECT_EQ(stream.GetValue(none, 0), 0);
         EXPECT_EQ(FailureOf([&] { stream.SetValue(static_cast<const void*>(none), 4); }), -100);
     }
     stream.SetValue("", LONG_MIN);
@@ -58,10 +62,10 @@ TEST(MemoryStreamsTest, DoAsTheModel) {
     CHANDLESTREAM handle(GlobalBlockAlloc(64, kGlobalZeroInit), 1);
     CMEMSTREAM memory(64, area);
     CCOUNTINGSTREAM counting;
-    CheckRandomly(buffer, {});
-    CheckRandomly(handle, {.bytes = zeroBytes});
-    CheckRandomly(memory, {.most = 64, .bytes = zeroBytes});
-    CheckRandomly(counting, {.isCounting = true});
+    CheckRandomly(4711, buffer, {});
+    CheckRandomly(4712, handle, {.bytes = zeroBytes});
+    CheckRandomly(4713, memory, {.most = 64, .bytes = zeroBytes});
+    CheckRandomly(4714, counting, {.isCounting = true});
     zeros.Open();
     counting.SetSize(1500);
     EXPECT_EQ(counting.GetValue(zeros), 1500);
@@ -73,13 +77,15 @@ TEST(MemoryStreamsTest, DoAsTheModel) {
 TEST(MemoryStreamsTest, BytesMoveWithinAStream) {
     CBUFFERSTREAM stream(4, "abcd"), roomy(100);
     EXPECT_EQ(FailureOf([&] { return stream.GetBuffer(); }), 141);
-    EXPECT_EQ(FailureOf([] { CBUFFERSTREAM(1, nullptr); }) + FailureOf([] { CMEMSTREAM(1, nullptr); }), -200);
+    EXPECT_EQ(FailureOf([] { CBUFFERSTREAM(1, nullptr); }), -100);
+    EXPECT_EQ(FailureOf([] { CMEMSTREAM(1, nullptr); }), -100);
     EXPECT_EQ(roomy.GetCapacity() + roomy.GetWritePosition(), 100U);
     stream.Open();
     stream.SetPosition(2);
     stream << "ABCDE";
     stream.SetPosition(1);
-    EXPECT_EQ(FailureOf([&] { stream.SetSize(1ULL << 60); }) + FailureOf([&] { stream.SetSize(~0ULL); }), -200);
+    EXPECT_EQ(FailureOf([&] { stream.SetSize(1ULL << 60); }), -100);
+    EXPECT_EQ(FailureOf([&] { stream.SetSize(~0ULL); }), -100);
     EXPECT_EQ(stream.GetCapacity() * 100 + stream.GetWritePosition() * 10 + stream.GetPosition(), 771U);
     // Its own bytes, at a place to which they overlap, and from a block that moves.
     stream.SetValue(static_cast<const char*>(stream.GetBuffer()) + 2, long{5});

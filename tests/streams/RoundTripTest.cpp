@@ -5,6 +5,7 @@
 #include <MLCore/streams/CSTREAMREADER.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
 #include <gtest/gtest.h>
+#include <support/Random.h>
 
 #include <bit>
 #include <limits>
@@ -78,7 +79,7 @@ public:
 MLCORE_REGISTER_CLASS(CRECORD)
 
 TEST(RoundTripTest, RandomObjectsThroughRandomStacks) {
-    std::mt19937 random(631);
+    support::RANDOM random(631);
     CCSVENCODER csv;
     for (int round = 0; round < 2000; ++round) {
         CRECORD record, read;
@@ -104,7 +105,7 @@ TEST(RoundTripTest, RandomObjectsThroughRandomStacks) {
             read.text = record.text;
         }
         reader >> endl;
-        ASSERT_TRUE(record == read) << round << ' ' << record.text << ' ' << read.text;
+        ASSERT_EQ(record, read) << round << ' ' << record.text << ' ' << read.text;
         ASSERT_EQ(buffer.GetPosition(), size);
     }
 }

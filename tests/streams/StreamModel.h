@@ -76,7 +76,7 @@ std::string Do(STREAM& stream, std::size_t what, unsigned number) {
                 return stream.SetValue(static_cast<const void*>(text.data()), static_cast<long>(text.size()));
         }
     };
-    std::string seen = std::to_string(what) + ": " + std::to_string(FailureOf(step));
+    std::string seen = std::to_string(what) + ": " + std::to_string(FailureOf(step).msg);
     for (const SIZE each : {stream.GetPosition(), stream.GetSize(), SIZE(stream.IsEnd()), SIZE(count)})
         seen.append(" ").append(std::to_string(each));
     return seen.append(" ").append(came);

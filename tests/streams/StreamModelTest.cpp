@@ -98,7 +98,8 @@ void Check(const Value& value, const std::string& bytes, CPIPE& all) {
         char* const memory = static_cast<char*>(std::memset(static_cast<void*>(&back), 0xEE, sizeof(back)));
         const auto read = [&] { size % 2 == 0 ? void(reader >> back) : reader.GetValue(back); };
         EXPECT_EQ(FailureOf(read), cut.bytes != bytes ? -110 : 0) << bytes << size;
-        EXPECT_TRUE(cut.IsEnd() != 0 && (cut.bytes != bytes || back == value)) << bytes << size;
+        EXPECT_NE(cut.IsEnd(), 0) << bytes << size;
+        EXPECT_TRUE(cut.bytes != bytes || back == value) << bytes << size;
         cut.bytes.append(bytes.size() - cut.bytes.size(), '\xEE');
         EXPECT_EQ(std::string(memory, bytes.size()), cut.bytes) << size;
     }
@@ -159,7 +160,8 @@ TEST(StreamModelTest, TextsAndBlocksAreTakenExactly) {
     EXPECT_EQ(text + buffer, "");
     pipe.position = 3;
     reader >> text;
-    EXPECT_TRUE(text.size() == 32767 && pipe.IsEnd() != 0);
+    EXPECT_EQ(text.size(), 32767);
+    EXPECT_NE(pipe.IsEnd(), 0);
     const std::string large = "\1\0\100\1"s + std::string((20 << 20) + 1, 'm');
     for (const std::string& bytes :
          {"\0\0\0\0"s, "\5\0\0\0\0\1\n\r\xFF"s, large, ""s, "\0\0\0"s, "\1\0\0\0"s, "\5\0\0\0@"s, "\xFF\x7F\0\0@"s,
@@ -179,7 +181,7 @@ TEST(StreamModelTest, TextsAndBlocksAreTakenExactly) {
                 platform::GlobalBlockFree(block);
             }
         }
-        EXPECT_TRUE(out.bytes == (isTrue ? bytes + bytes : "")) << bytes.substr(0, 4);
+        EXPECT_EQ(out.bytes, isTrue ? bytes + bytes : "") << bytes.substr(0, 4);
         EXPECT_LE(in.most, 16L << 20) << "taken before it is seen to be there";
         EXPECT_TRUE(isTrue || seekable.GetPosition() <= 4);
     }
@@ -237,7 +239,7 @@ TEST(StreamModelTest, WhatIsNoObjectIsRefused) {
     const auto written = [](const char* identifier) {
         CPIPE pipe;
         const auto object = AdoptObject(new CNAMED(identifier));
-        return std::to_string(FailureOf([&] { pipe.SetObject(object); })).append(pipe.bytes);
+        return std::to_string(FailureOf([&] { pipe.SetObject(object); }).msg).append(pipe.bytes);
     };
     EXPECT_EQ(written(nullptr) + written(""), "0\0\0000\0\0"s);
     EXPECT_EQ(written(longest.c_str()), "0\xFF\x7F" + longest + "\0\0\0\0"s);
@@ -299,7 +301,8 @@ TEST(StreamModelTest, DecoratorsStack) {
     out.SetNextLine();
     EXPECT_EQ(buffer.GetPosition() * 100 + buffer.GetSize() * 10 + line.size(), 574U) << "bytes have no lines";
     outer.Close();
-    EXPECT_EQ(buffer.IsOpen() + middle.IsOpen() + out.IsOpen() + FailureOf([&] { outer >> number; }), 141);
+    EXPECT_EQ(buffer.IsOpen() + middle.IsOpen() + out.IsOpen(), 0);
+    EXPECT_EQ(FailureOf([&] { outer >> number; }), 141);
 }
 
 TEST(StreamModelTest, SaversPutThePositionBack) {

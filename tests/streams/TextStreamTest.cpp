@@ -2,6 +2,7 @@
 #include <MLCore/streams/CISTREAMDECORATORTEXT.h>
 #include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 #include <streams/Bytes.h>
+#include <support/Random.h>
 
 #include <array>
 
@@ -16,7 +17,7 @@ std::string TextOf(const Write& write) {
 }
 
 TEST(TextStreamTest, RawReadsLoseEveryCr) {
-    std::mt19937 random(3);
+    support::RANDOM random(91);
     for (int i = 0; i < 3000; ++i) {
         std::string data(random() % 20, ' ');
         std::generate(data.begin(), data.end(), [&random] { return "\r\r\na\0"[random() % 5]; });
@@ -100,7 +101,9 @@ TEST(TextStreamTest, EndsWithAStreamThatReadsPastItsEnd) {
     text.GetValue(line, 9);
     EXPECT_EQ(line, std::string(9, '\0')) << "what is not read is zero, and not of the stack";
     text.ReadLine(line);
-    EXPECT_TRUE(line == std::string(91, '\0') && text.IsEnd() != 0 && counting.GetPosition() == 100) << line.size();
+    EXPECT_EQ(line, std::string(91, '\0')) << line.size();
+    EXPECT_NE(text.IsEnd(), 0) << line.size();
+    EXPECT_EQ(counting.GetPosition(), 100) << line.size();
     counting.Rewind();
     counting.GetValue(line, 50);
     EXPECT_EQ(line, std::string(50, '\0'));
@@ -182,7 +185,7 @@ template <class Value>
 std::string Reread(std::string_view line, Value value) {
     TEXTINPUT input(std::string(line) + "\n5", true);
     const auto read = [&value, &stream = input.stream] { stream >> value; };
-    const auto failure = static_cast<long>(FailureOf(read));
+    const auto failure = static_cast<long>(FailureOf(read).msg);
     const std::string result = TextOf([&](COSTREAM& text) { text << failure << ' ' << value; });
     EXPECT_EQ(input.buffer.GetPosition(), line.size() + 1);
     return result;

@@ -1,5 +1,6 @@
 #include <MLCore/text/CodePage1252.h>
 #include <gtest/gtest.h>
+#include <support/Random.h>
 
 #include <random>
 #include <string>
@@ -96,7 +97,7 @@ TEST(CodePage1252Test, WhatIsLostIsCounted) {
 }
 
 TEST(CodePage1252Test, AnyBytesGiveATextThatSurvives) {
-    std::mt19937 random(1252);
+    support::RANDOM random(1252);
     std::uniform_int_distribution<int> byte(0, 255);
     std::uniform_int_distribution<std::size_t> length(0, 40);
     for (int round = 0; round < 20000; ++round) {
