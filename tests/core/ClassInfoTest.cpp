@@ -134,7 +134,8 @@ TEST(ClassInfoTest, ObjectsKnowTheirClass) {
     }
     EXPECT_EQ(factory.IsRegisteredIdentifier("CBIRD"), 0);
     EXPECT_EQ(factory.IsRegistered("class zoo::CANIMAL"), 0) << "abstract";
-    EXPECT_TRUE(CANIMAL::_ClassIdentifier() == nullptr && COBJECT::_ClassIdentifier() == nullptr);
+    EXPECT_EQ(CANIMAL::_ClassIdentifier(), nullptr);
+    EXPECT_EQ(COBJECT::_ClassIdentifier(), nullptr);
 }
 
 TEST(ClassInfoTest, Protocols) {
@@ -156,7 +157,8 @@ TEST(ClassInfoTest, Protocols) {
     ASSERT_EQ(ProtocolCast<CSPEAKS>(bird), static_cast<CSPEAKS*>(bird.Get()));
     EXPECT_EQ(ProtocolCast<CSPEAKS>(bird)->Sound(), 2);
 
-    EXPECT_TRUE(ProtocolCast<CSINGS>(puppy) == nullptr && ProtocolCast<CSPEAKS>(stray) == nullptr);
+    EXPECT_EQ(ProtocolCast<CSINGS>(puppy), nullptr);
+    EXPECT_EQ(ProtocolCast<CSPEAKS>(stray), nullptr);
     EXPECT_EQ(ProtocolCast<CSPEAKS>(nullptr), nullptr);
     EXPECT_EQ(puppy->GetProtocolInstance(nullptr), nullptr);
     EXPECT_EQ(puppy->ConformsToProtocol(&speaks), 1);

@@ -28,7 +28,9 @@ public:
 protected:
     ~CNODE() override {
         --gAlive;
-        EXPECT_FALSE(watched != nullptr && watched->Get() == this) << "an object that goes is no longer held";
+        if (watched != nullptr) {
+            EXPECT_NE(watched->Get(), this) << "an object that goes is no longer held";
+        }
     }
 };
 
@@ -95,8 +97,12 @@ TEST_F(SharedObjectTest, Counter) {
 
 TEST_F(SharedObjectTest, HoldersAreConstructed) {
     const HOLDER null = nullptr;
-    EXPECT_TRUE(!HOLDER() && !null && !HOLDER(static_cast<CNODE*>(nullptr)) && !HOLDER(null));
-    EXPECT_TRUE(!AdoptObject<CNODE>(nullptr) && !HOLDER(LEAFHOLDER()));
+    EXPECT_TRUE(!HOLDER());
+    EXPECT_TRUE(!null);
+    EXPECT_TRUE(!HOLDER(static_cast<CNODE*>(nullptr)));
+    EXPECT_TRUE(!HOLDER(null));
+    EXPECT_TRUE(!AdoptObject<CNODE>(nullptr));
+    EXPECT_TRUE(!HOLDER(LEAFHOLDER()));
 
     LEAFHOLDER leaf = AdoptObject(new CLEAF);
     CNODE* const node = leaf.Get();
@@ -107,7 +113,8 @@ TEST_F(SharedObjectTest, HoldersAreConstructed) {
     EXPECT_EQ(node->GetUseCount(), 4);
     const HOLDER fourth(std::move(first));
     HOLDER fifth(std::move(leaf));
-    EXPECT_TRUE(!first && !leaf);
+    EXPECT_TRUE(!first);
+    EXPECT_TRUE(!leaf);
     EXPECT_EQ(node->GetUseCount(), 4) << "moved, not copied";
     for (const HOLDER* holder : {&second, &third, &fourth, static_cast<const HOLDER*>(&fifth)}) {
         EXPECT_EQ(holder->Get(), node);
@@ -189,11 +196,31 @@ TEST_F(SharedObjectTest, HoldersCompareByIdentity) {
     const HOLDER node = leaf;
     const HOLDER other = AdoptObject(new CNODE);
     const HOLDER null;
-    EXPECT_TRUE(node == node && node == leaf && leaf == node && node == raw && raw == node && leaf == rawLeaf);
-    EXPECT_TRUE(node == rawLeaf && rawLeaf == node && leaf == raw && null == nullptr && nullptr == null);
-    EXPECT_TRUE(node != other && other != leaf && node != nullptr && nullptr != node && node != null && raw != other);
-    EXPECT_FALSE(node != leaf || node == other || node == nullptr || null == node || raw == other || null != nullptr);
-    EXPECT_TRUE(node && !null);
+    EXPECT_EQ(node, node);
+    EXPECT_EQ(node, leaf);
+    EXPECT_EQ(leaf, node);
+    EXPECT_EQ(node, raw);
+    EXPECT_EQ(raw, node);
+    EXPECT_EQ(leaf, rawLeaf);
+    EXPECT_EQ(node, rawLeaf);
+    EXPECT_EQ(rawLeaf, node);
+    EXPECT_EQ(leaf, raw);
+    EXPECT_EQ(null, nullptr);
+    EXPECT_EQ(nullptr, null);
+    EXPECT_NE(node, other);
+    EXPECT_NE(other, leaf);
+    EXPECT_NE(node, nullptr);
+    EXPECT_NE(nullptr, node);
+    EXPECT_NE(node, null);
+    EXPECT_NE(raw, other);
+    EXPECT_FALSE(node != leaf);
+    EXPECT_FALSE(node == other);
+    EXPECT_FALSE(node == nullptr);
+    EXPECT_FALSE(null == node);
+    EXPECT_FALSE(raw == other);
+    EXPECT_FALSE(null != nullptr);
+    EXPECT_TRUE(node);
+    EXPECT_TRUE(!null);
     EXPECT_EQ((std::unordered_set<HOLDER>{node, HOLDER(leaf), other, null}).size(), 3U);
 }
 
