@@ -99,7 +99,10 @@ TEST(PasswordMemoryTest, IsReadableBetweenLockAndUnlockOnly) {
     EXPECT_EQ(Copies(), (Found{1, 1}));
     const auto clone = password->Clone();
     const auto other = MakeMarker();
-    EXPECT_TRUE(*password == *clone && *clone == *other && *clone == *clone && static_cast<const wchar_t*>(*clone));
+    EXPECT_TRUE(*password == *clone);
+    EXPECT_TRUE(*clone == *other);
+    EXPECT_TRUE(*clone == *clone);
+    EXPECT_TRUE(static_cast<const wchar_t*>(*clone));
     EXPECT_EQ(Copies(), (Found{1, 1}));
     CPASSWORD taken(std::move(*password));
     EXPECT_EQ(Copies(), (Found{1, 1}));
