@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <climits>
 #include <functional>
-#include <random>
 #include <vector>
 
+#include <support/Random.h>
 #include "support/CalendarArithmetic.h"
 
 namespace {
@@ -76,22 +76,20 @@ void Compare(CCALENDARSTRATEGY* calendar, const WALKED& ouvre, const WALKED& tra
         ASSERT_EQ(PreviousDateTravaille(date, calendar), travaille.Step(start, -1));
     }
     const std::int32_t open = std::abs(ouvre.Before(end) - ouvre.Before(start));
-    ASSERT_TRUE(date.ComputeDaysOuvre(other, calendar) == open && other.ComputeDaysOuvre(date, calendar) == open);
+    ASSERT_EQ(date.ComputeDaysOuvre(other, calendar), open);
+    ASSERT_EQ(other.ComputeDaysOuvre(date, calendar), open);
     const std::int32_t worked = std::abs(travaille.Before(end) - travaille.Before(start));
-    ASSERT_TRUE(date.ComputeDaysTravaille(other, calendar) == worked &&
-                other.ComputeDaysTravaille(date, calendar) == worked);
-}
-
-std::int32_t RandomBetween(std::int32_t first, std::int32_t last) {
-    static std::mt19937 random(19040101);
-    return first + static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(last - first + 1));
+    ASSERT_EQ(date.ComputeDaysTravaille(other, calendar), worked);
+    ASSERT_EQ(other.ComputeDaysTravaille(date, calendar), worked);
 }
 
 TEST(BusinessDaysTest, OwnCalendarsAgreeWithTheWalk) {
-    ASSERT_TRUE(WALKED::FromSerial(kMin) == CDATE::MinDate() && WALKED::FromSerial(kMax) == CDATE::MaxDate());
+    support::RANDOM random(19040101);
+    ASSERT_EQ(WALKED::FromSerial(kMin), CDATE::MinDate());
+    ASSERT_EQ(WALKED::FromSerial(kMax), CDATE::MaxDate());
     for (int kind = 0; kind < 8; ++kind) {
         // The usual week once, then any week with an open day.
-        const unsigned weekdays = kind < 4 ? 0x1FU : static_cast<unsigned>(RandomBetween(1, 127));
+        const unsigned weekdays = kind < 4 ? 0x1FU : static_cast<unsigned>(random.Between(1, 127));
         SCOPED_TRACE(::testing::Message() << "calendar " << kind % 4 << ", weekdays " << weekdays);
         const int lastYear = kind < 4 ? 10200 : 2300;
         const WALKED walked(lastYear, [&](const DAY& day) {
@@ -102,18 +100,18 @@ TEST(BusinessDaysTest, OwnCalendarsAgreeWithTheWalk) {
             calendar->SetOuvre(static_cast<CDATE::eDay>(day), static_cast<int>(weekdays >> day & 1U));
         }
         const auto compare = [&](auto... from) { Compare(calendar, walked, walked, from...); };
-        for (std::int32_t serial = kMin; serial <= k2101; serial += RandomBetween(1, 19)) {
-            const long direction = RandomBetween(0, 1) * 2 - 1;
-            const long distance = RandomBetween(13, kind < 4 ? 30000 : 2000);
-            compare(serial, -direction * RandomBetween(1, 12), serial + RandomBetween(0, 20));
-            compare(serial, direction * distance, RandomBetween(kMin, k2101));
+        for (std::int32_t serial = kMin; serial <= k2101; serial += random.Between(1, 19)) {
+            const long direction = random.Between(0, 1) * 2 - 1;
+            const long distance = random.Between(13, kind < 4 ? 30000 : 2000);
+            compare(serial, -direction * random.Between(1, 12), serial + random.Between(0, 20));
+            compare(serial, direction * distance, random.Between(kMin, k2101));
         }
         // Beyond the tabled years, and at and beyond the bounds.
         for (int i = 0; i < 20 && kind < 4; ++i) {
-            const std::int32_t start = RandomBetween(kFirst, kMax);
+            const std::int32_t start = random.Between(kFirst, kMax);
             for (const std::int32_t most : {40, 2000000}) {
-                compare(start, RandomBetween(1, most), RandomBetween(kFirst, kMax));
-                compare(start + 3000, -RandomBetween(0, most), RandomBetween(kFirst, kMax));
+                compare(start, random.Between(1, most), random.Between(kFirst, kMax));
+                compare(start + 3000, -random.Between(0, most), random.Between(kFirst, kMax));
             }
         }
         for (int i = 0; i < 9 && kind < 2; ++i) {
@@ -132,19 +130,21 @@ TEST(BusinessDaysTest, WorkedExamples) {
     EXPECT_EQ(CDATE(20, 5, 2024).ComputeDaysOuvre(CDATE(27, 5, 2024)), 4);
     EXPECT_EQ(CDATE(1, 1, 2024).ComputeDaysTravaille(CDATE(1, 1, 2025)), 252);
     // The start is never counted; no calendar means the current one, the French one.
-    EXPECT_TRUE(AddDaysOuvre({30, 4, 2024}, 1) == CDATE(2, 5, 2024) &&
-                NextDateOuvre({7, 5, 2024}) == CDATE(10, 5, 2024));
+    EXPECT_EQ(AddDaysOuvre({30, 4, 2024}, 1), CDATE(2, 5, 2024));
+    EXPECT_EQ(NextDateOuvre({7, 5, 2024}), CDATE(10, 5, 2024));
     EXPECT_EQ(AddDaysTravaille(CDATE(14, 5, 2024), -5), CDATE(3, 5, 2024));
     // At the bounds, which are reached though they be holidays, and beyond them.
     for (const CDATE& date : {CDATE(31, 12, 9999), CDATE(5, 6, 20000), CDATE(31, 12, 32767)}) {
-        EXPECT_TRUE(NextDateOuvre(date) == CDATE::MaxDate() && NextDateTravaille(date) == CDATE::MaxDate()) << date;
+        EXPECT_EQ(NextDateOuvre(date), CDATE::MaxDate()) << date;
+        EXPECT_EQ(NextDateTravaille(date), CDATE::MaxDate()) << date;
     }
     const std::pair<CDATE, CDATE> previous[] = {{{10, 1, 1890}, {9, 1, 1890}},
                                                 {{2, 1, 1900}, {1, 1, 1900}},
                                                 {{1, 1, 1900}, {29, 12, 1899}},
                                                 {{1, 1, 0}, {1, 1, 1900}}};
     for (const auto& [date, expected] : previous) {
-        EXPECT_TRUE(PreviousDateOuvre(date) == expected && PreviousDateTravaille(date) == expected) << date;
+        EXPECT_EQ(PreviousDateOuvre(date), expected) << date;
+        EXPECT_EQ(PreviousDateTravaille(date), expected) << date;
     }
 }
 
@@ -191,15 +191,16 @@ TEST(BusinessDaysTest, AStrategyOfOnesOwnGetsWhatItSays) {
                 {{[](CDATE::eDay day) { return day == CDATE::Sunday; }, {}, {}},
                  [](const DAY& day) { return day.weekday == 6 && !kFrench.Has(day); },
                  [](const DAY& day) { return day.weekday == 6 && !kFrench.Has(day); }}};
+    support::RANDOM random(19040102);
     for (const auto& row : rows) {
         SCOPED_TRACE(::testing::Message() << "calendar " << &row - rows);
         const CALENDAR calendar = Ruled(row.rules);
         const WALKED ouvre(2300, row.ouvre);
         const WALKED travaille(2300, row.travaille);
         for (int round = 0; round < 120; ++round) {
-            const std::int32_t start = RandomBetween(kMin, k2101);
-            const std::int32_t end = start + RandomBetween(0, 700);
-            ASSERT_NO_FATAL_FAILURE(Compare(calendar, ouvre, travaille, start, RandomBetween(-70, 70), end));
+            const std::int32_t start = random.Between(kMin, k2101);
+            const std::int32_t end = start + random.Between(0, 700);
+            ASSERT_NO_FATAL_FAILURE(Compare(calendar, ouvre, travaille, start, random.Between(-70, 70), end));
         }
     }
 }
@@ -212,22 +213,26 @@ TEST(BusinessDaysTest, NothingOpenMakesNoWalkEndless) {
     const CDATE min = CDATE::MinDate();
     const CDATE max = CDATE::MaxDate();
     for (const CALENDAR& calendar : {Ruled({{}, [](const CDATE&) { return true; }, {}}), closed}) {
-        EXPECT_TRUE(AddDaysOuvre({5, 3, 9024}, LONG_MAX, calendar) == max &&
-                    CDATE(max).ComputeDaysOuvre(min, closed) == 0);
+        EXPECT_EQ(AddDaysOuvre({5, 3, 9024}, LONG_MAX, calendar), max);
+        EXPECT_EQ(CDATE(max).ComputeDaysOuvre(min, closed), 0);
         EXPECT_EQ(AddDaysTravaille({5, 3, 2024}, LONG_MIN, calendar), min);
         for (const CDATE& date : {CDATE(5, 3, 2024), min, CDATE(10, 1, 90)}) {
-            EXPECT_TRUE(PreviousDateOuvre(date, calendar) == min && PreviousDateTravaille(date, calendar) == min)
-                << date;
+            EXPECT_EQ(PreviousDateOuvre(date, calendar), min) << date;
+            EXPECT_EQ(PreviousDateTravaille(date, calendar), min) << date;
         }
         for (const CDATE& date : {CDATE(5, 3, 9024), max, CDATE(1, 1, 20000), CDATE()}) {
-            EXPECT_TRUE(NextDateOuvre(date, calendar) == max && NextDateTravaille(date, calendar) == max) << date;
+            EXPECT_EQ(NextDateOuvre(date, calendar), max) << date;
+            EXPECT_EQ(NextDateTravaille(date, calendar), max) << date;
         }
     }
     for (const CDATE& date : {CDATE(5, 3, 2024), CDATE(), CDATE(1, 1, 12000), CDATE(99, 99, 99), min, max}) {
-        EXPECT_TRUE(AddDaysOuvre(date, 0, closed) == max && AddDaysOuvre(date, 3, closed) == max) << date;
-        EXPECT_TRUE(AddDaysOuvre(date, -1, closed) == min && PreviousDateOuvre(date, closed) == min) << date;
+        EXPECT_EQ(AddDaysOuvre(date, 0, closed), max) << date;
+        EXPECT_EQ(AddDaysOuvre(date, 3, closed), max) << date;
+        EXPECT_EQ(AddDaysOuvre(date, -1, closed), min) << date;
+        EXPECT_EQ(PreviousDateOuvre(date, closed), min) << date;
         // Worked days are not looked at beforehand: only the bounds stop the walk.
-        EXPECT_TRUE(NextDateOuvre(date, closed) == max && AddDaysTravaille(date, 0, closed) == date) << date;
+        EXPECT_EQ(NextDateOuvre(date, closed), max) << date;
+        EXPECT_EQ(AddDaysTravaille(date, 0, closed), date) << date;
         EXPECT_EQ(AddDaysTravaille(date, 1, closed), std::max(date, max));
         EXPECT_EQ(AddDaysTravaille(date, -1, closed), std::min(date, min));
     }
@@ -240,11 +245,14 @@ TEST(BusinessDaysTest, TheCurrentCalendarIsTheManagersAndShared) {
     const CALENDAR portuguese = OwnCalendar(2);
     const auto count = portuguese->GetUseCount();
     manager->SetCalendar(*portuguese);
-    EXPECT_TRUE(manager->GetCalendar() == portuguese.Get() && portuguese->GetUseCount() == count + 1);
-    EXPECT_TRUE(CDATE(10, 6, 2024).IsFerie() && NextDateOuvre(CDATE(7, 6, 2024)) == CDATE(11, 6, 2024));
+    EXPECT_EQ(manager->GetCalendar(), portuguese.Get());
+    EXPECT_EQ(portuguese->GetUseCount(), count + 1);
+    EXPECT_TRUE(CDATE(10, 6, 2024).IsFerie());
+    EXPECT_EQ(NextDateOuvre(CDATE(7, 6, 2024)), CDATE(11, 6, 2024));
     EXPECT_EQ(CDATE(3, 6, 2024).ComputeDaysOuvre(CDATE(17, 6, 2024)), 9);
     manager->SetCalendar(*before);
-    EXPECT_TRUE(portuguese->GetUseCount() == count && !CDATE(10, 6, 2024).IsFerie());
+    EXPECT_EQ(portuguese->GetUseCount(), count);
+    EXPECT_FALSE(CDATE(10, 6, 2024).IsFerie());
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <random>
 #include <sstream>
 #include <unordered_set>
 #include <vector>
 
+#include <support/Random.h>
 #include "support/CalendarArithmetic.h"
 
 namespace {
@@ -28,12 +28,16 @@ TEST(DateTest, EveryDayOfTenThousandYears) {
         CDATE back(99, 99, 99);
         back.From1904(day.serial);
         ASSERT_EQ(back, date) << day.serial;
-        ASSERT_TRUE(++yesterday == date && AddDays(date, -1) + 1 == date && date.IsDate()) << date;
-        ASSERT_TRUE(date.GetDayNumber() == day.dayOfYear && (date.IsYearBissextile() != 0) == IsLeap(day.year)) << date;
+        ASSERT_EQ(++yesterday, date) << date;
+        ASSERT_EQ(AddDays(date, -1) + 1, date) << date;
+        ASSERT_TRUE(date.IsDate()) << date;
+        ASSERT_EQ(date.GetDayNumber(), day.dayOfYear) << date;
+        ASSERT_EQ(date.IsYearBissextile() != 0, IsLeap(day.year)) << date;
         ASSERT_EQ(date.IsEndOfMonth() != 0, day.day == MonthLength(day.month, day.year)) << date;
         // Before 4 January 1904 the remainder keeps its sign.
         const int weekday = day.serial >= 3 || day.weekday == 0 ? day.weekday : day.weekday - 7;
-        ASSERT_TRUE(date.GetDayOfWeek() == weekday && date.ToSystemTime().wDayOfWeek == (day.weekday + 1) % 7) << date;
+        ASSERT_EQ(date.GetDayOfWeek(), weekday) << date;
+        ASSERT_EQ(date.ToSystemTime().wDayOfWeek, (day.weekday + 1) % 7) << date;
     }
 }
 
@@ -48,13 +52,16 @@ TEST(DateTest, YearsOfAllSixteenBits) {
             ASSERT_EQ(date.ComputeDaysFrom1904(), expected) << date;
             CDATE back;
             back.From1904(expected);
-            ASSERT_TRUE(back == date && date.IsDate() == (year >= 0 ? 1 : 0)) << date;
+            ASSERT_EQ(back, date) << date;
+            ASSERT_EQ(date.IsDate(), year >= 0 ? 1 : 0) << date;
         }
     }
     const CDATE first(1, 1, -32768);
     const CDATE last(31, 12, 32767);
-    EXPECT_TRUE(AddDays(first, last - first) == last && AddDays(last, first - last) == first);
-    EXPECT_TRUE(AddDays(last, 1) == CDATE() && AddDays(first, -1) == CDATE());
+    EXPECT_EQ(AddDays(first, last - first), last);
+    EXPECT_EQ(AddDays(last, first - last), first);
+    EXPECT_EQ(AddDays(last, 1), CDATE());
+    EXPECT_EQ(AddDays(first, -1), CDATE());
     for (const long serial : {last.ComputeDaysFrom1904() + 1L, first.ComputeDaysFrom1904() - 1L, LONG_MAX, LONG_MIN}) {
         CDATE date(1, 2, 3);
         date.From1904(serial);
@@ -75,11 +82,11 @@ TEST(DateTest, SerialDayOfNonsenseFields) {
                 const CDATE moved = AddDays(Date(day, month, year), -17);
                 ASSERT_TRUE(moved.ComputeDaysFrom1904() == before + day - 17 ||
                             (moved.IsNull() && std::abs(year) > 32766))
-                    << day << ' ' << month << ' ' << year;
+                    << moved << day << ' ' << month << ' ' << year;
                 CDATE date = Date(day, month, year);
                 date.Validate();
                 const int length = month < 1 || month > 12 ? 31 : MonthLength(month, year);
-                ASSERT_EQ(date, Date(std::min(day, length), month, year));
+                ASSERT_EQ(date, Date(std::min(day, length), month, year)) << day;
             }
         }
     }
@@ -88,11 +95,20 @@ TEST(DateTest, SerialDayOfNonsenseFields) {
 TEST(DateTest, NamedAndSpecialDates) {
     CDATE earlier(5, 3, 2024);
     EXPECT_EQ(earlier -= 5, CDATE(29, 2, 2024));
-    EXPECT_TRUE(CDATE::Null() == CDATE() && CDATE::Min() == CDATE(1, 1, 1900) && CDATE::Max() == CDATE(31, 12, 9999));
-    EXPECT_TRUE(CDATE::MinDateShort() == CDATE(1, 1, 1928) && CDATE::MaxDateShort() == CDATE(31, 12, 2027));
-    EXPECT_TRUE(!CDATE() && CDATE().IsNull() && !CDATE().IsDate() && CDATE().GetDayNumber() == 0);
-    EXPECT_TRUE(!CDATE(1, 1, 0).IsNull() && !CDATE(1, 0, 0).IsNull() && !CDATE(29, 2, 1900).IsDate());
-    EXPECT_TRUE(CDATE(1, 1, 1904).GetDayOfWeek() == -3 && CDATE(5, 3, 2024).GetDayOfWeek() == CDATE::Tuesday);
+    EXPECT_EQ(CDATE::Null(), CDATE());
+    EXPECT_EQ(CDATE::Min(), CDATE(1, 1, 1900));
+    EXPECT_EQ(CDATE::Max(), CDATE(31, 12, 9999));
+    EXPECT_EQ(CDATE::MinDateShort(), CDATE(1, 1, 1928));
+    EXPECT_EQ(CDATE::MaxDateShort(), CDATE(31, 12, 2027));
+    EXPECT_TRUE(!CDATE());
+    EXPECT_TRUE(CDATE().IsNull());
+    EXPECT_FALSE(CDATE().IsDate());
+    EXPECT_EQ(CDATE().GetDayNumber(), 0);
+    EXPECT_FALSE(CDATE(1, 1, 0).IsNull());
+    EXPECT_FALSE(CDATE(1, 0, 0).IsNull());
+    EXPECT_FALSE(CDATE(29, 2, 1900).IsDate());
+    EXPECT_EQ(CDATE(1, 1, 1904).GetDayOfWeek(), -3);
+    EXPECT_EQ(CDATE(5, 3, 2024).GetDayOfWeek(), CDATE::Tuesday);
 }
 
 TEST(DateTest, MonthsAndYears) {
@@ -104,22 +120,31 @@ TEST(DateTest, MonthsAndYears) {
             ASSERT_EQ(AddMonths(Date(15, month, 2024), months), Date(15, reached % 12 + 1, reached / 12));
         }
     }
-    EXPECT_TRUE(AddMonths({15, 6, 0}, -6) == CDATE(15, 12, -1) && AddMonths({}, 0) == CDATE(0, 12, -1));
-    EXPECT_TRUE(
-        AddMonths({40, 13, 2024}, 0) == CDATE(31, 1, 2025) && AddMonths({31, 0, 2024}, 1) == CDATE(31, 1, 2024) &&
-        AddMonths({31, 0, 2024}, 25) == CDATE(31, 1, 2026) && AddMonths({31, 0, 2024}, -25) == CDATE(30, 11, 2021));
-    EXPECT_TRUE(AddMonths(CDATE(1, 12, 32767), 1).IsNull() && AddMonths(CDATE(1, 1, -32768), -1).IsNull());
-    EXPECT_TRUE(AddYears({29, 2, 2024}, 1) == CDATE(28, 2, 2025) && AddYears({29, 2, 2024}, -4) == CDATE(29, 2, 2020));
+    EXPECT_EQ(AddMonths({15, 6, 0}, -6), CDATE(15, 12, -1));
+    EXPECT_EQ(AddMonths({}, 0), CDATE(0, 12, -1));
+    EXPECT_EQ(AddMonths({40, 13, 2024}, 0), CDATE(31, 1, 2025));
+    EXPECT_EQ(AddMonths({31, 0, 2024}, 1), CDATE(31, 1, 2024));
+    EXPECT_EQ(AddMonths({31, 0, 2024}, 25), CDATE(31, 1, 2026));
+    EXPECT_EQ(AddMonths({31, 0, 2024}, -25), CDATE(30, 11, 2021));
+    EXPECT_TRUE(AddMonths(CDATE(1, 12, 32767), 1).IsNull());
+    EXPECT_TRUE(AddMonths(CDATE(1, 1, -32768), -1).IsNull());
+    EXPECT_EQ(AddYears({29, 2, 2024}, 1), CDATE(28, 2, 2025));
+    EXPECT_EQ(AddYears({29, 2, 2024}, -4), CDATE(29, 2, 2020));
     for (const long amount : {LONG_MAX, LONG_MIN, LONG_MAX - 1, LONG_MIN + 1}) {
         for (const CDATE& date : {CDATE(1, 1, 2024), CDATE(1, 1, -32768), CDATE(31, 12, 32767),
                                   Date(32767, 32767, 32767), Date(-32768, -32768, -32768)}) {
             CDATE moved = date;
-            EXPECT_TRUE(AddDays(date, amount).IsNull() && (date - amount).IsNull() && (moved -= amount).IsNull());
-            EXPECT_TRUE(AddMonths(date, amount).IsNull() && AddYears(date, amount).IsNull());
+            EXPECT_TRUE(AddDays(date, amount).IsNull());
+            EXPECT_TRUE((date - amount).IsNull());
+            EXPECT_TRUE((moved -= amount).IsNull());
+            EXPECT_TRUE(AddMonths(date, amount).IsNull());
+            EXPECT_TRUE(AddYears(date, amount).IsNull());
         }
     }
     CDATE date(31, 12, 1999);
-    EXPECT_TRUE(date++ == CDATE(31, 12, 1999) && date-- == CDATE(1, 1, 2000) && 2 + --date == CDATE(1, 1, 2000));
+    EXPECT_EQ(date++, CDATE(31, 12, 1999));
+    EXPECT_EQ(date--, CDATE(1, 1, 2000));
+    EXPECT_EQ(2 + --date, CDATE(1, 1, 2000));
 }
 
 TEST(DateTest, CountsAgainstAnotherDate) {
@@ -132,13 +157,20 @@ TEST(DateTest, CountsAgainstAnotherDate) {
     for (int type = -1; type <= 8; ++type) {
         const auto kind = static_cast<CDATE::eTypeEchelonnement>(type);
         const int count = counts[type + 1];
-        EXPECT_TRUE(a.Echelonnement(b, kind) == count && b.Echelonnement(a, kind) == count) << type;
-        EXPECT_TRUE(a.Echelonnement(none, kind) == -1 && CDATE().Echelonnement(a, kind) == -1) << type;
+        EXPECT_EQ(a.Echelonnement(b, kind), count) << type;
+        EXPECT_EQ(b.Echelonnement(a, kind), count) << type;
+        EXPECT_EQ(a.Echelonnement(none, kind), -1) << type;
+        EXPECT_EQ(CDATE().Echelonnement(a, kind), -1) << type;
     }
-    EXPECT_TRUE(a.ComputeDays(none) == -1 && none.ComputeWeeks(a) == -1 && none.ComputeDaysOuvre(a) == -1 &&
-                a.ComputeDaysTravaille(none) == -1);
-    EXPECT_TRUE(none.ComputeMonths(a) == 3 && none.ComputeBimestres(a) == 1 && none.ComputeTrimestres(a) == 1 &&
-                none.ComputeSemestres(a) == 1 && none.ComputeYears(a) == 1);
+    EXPECT_EQ(a.ComputeDays(none), -1);
+    EXPECT_EQ(none.ComputeWeeks(a), -1);
+    EXPECT_EQ(none.ComputeDaysOuvre(a), -1);
+    EXPECT_EQ(a.ComputeDaysTravaille(none), -1);
+    EXPECT_EQ(none.ComputeMonths(a), 3);
+    EXPECT_EQ(none.ComputeBimestres(a), 1);
+    EXPECT_EQ(none.ComputeTrimestres(a), 1);
+    EXPECT_EQ(none.ComputeSemestres(a), 1);
+    EXPECT_EQ(none.ComputeYears(a), 1);
     // Week ends passed, counted one by one, for every first day of the week.
     for (int firstDay = 0; firstDay < 7; ++firstDay) {
         calendar->SetFirstDayOfWeek(static_cast<CDATE::eDay>(firstDay));
@@ -159,10 +191,15 @@ TEST(DateTest, OrderHashAndStream) {
     std::unordered_set<CDATE> seen;
     for (const CDATE& a : ascending) {
         for (const CDATE& b : ascending) {
-            EXPECT_TRUE((a < b) == (&a < &b) && (a > b) == (&a > &b) && (a <= b) == (&a <= &b)) << a << b;
-            EXPECT_TRUE((a >= b) == (&a >= &b) && (a == b) == (&a == &b) && (a != b) == (&a != &b)) << a << b;
+            EXPECT_EQ(a < b, &a < &b) << a << b;
+            EXPECT_EQ(a > b, &a > &b) << a << b;
+            EXPECT_EQ(a <= b, &a <= &b) << a << b;
+            EXPECT_EQ(a >= b, &a >= &b) << a << b;
+            EXPECT_EQ(a == b, &a == &b) << a << b;
+            EXPECT_EQ(a != b, &a != &b) << a << b;
         }
-        EXPECT_TRUE(seen.insert(a).second && !seen.insert(a).second);
+        EXPECT_TRUE(seen.insert(a).second);
+        EXPECT_FALSE(seen.insert(a).second);
     }
     std::ostringstream out;
     out << CDATE(5, 3, 2024) << CDATE();
@@ -170,24 +207,36 @@ TEST(DateTest, OrderHashAndStream) {
 }
 
 TEST(DateTest, PackedForms) {
-    EXPECT_TRUE(CDATE(5, 3, 2024).ToSDate() == 63589 && CDATE(31, 12, 1899).ToSDate() == 33 && CDATE().ToSDate() == 0);
+    EXPECT_EQ(CDATE(5, 3, 2024).ToSDate(), 63589);
+    EXPECT_EQ(CDATE(31, 12, 1899).ToSDate(), 33);
+    EXPECT_EQ(CDATE().ToSDate(), 0);
     EXPECT_EQ(CDATE(1, 1, 2030).ToSDate(), CDATE(31, 12, 2027).ToSDate());
-    EXPECT_TRUE(CDATE(std::uint16_t{65535}) == CDATE(31, 15, 2027) && CDATE(std::uint16_t{0}) == CDATE());
-    EXPECT_TRUE(CDATE(5, 3, 2024).ToLDate() == 2024 * 65536 + 3 * 256 + 5 && CDATE(-1) == CDATE(255, 255, -1));
-    EXPECT_EQ(CDATE(LONG_MAX).IsNull() && CDATE(LONG_MIN).IsNull(), sizeof(long) > 4);
+    EXPECT_EQ(CDATE(std::uint16_t{65535}), CDATE(31, 15, 2027));
+    EXPECT_EQ(CDATE(std::uint16_t{0}), CDATE());
+    EXPECT_EQ(CDATE(5, 3, 2024).ToLDate(), 2024 * 65536 + 3 * 256 + 5);
+    EXPECT_EQ(CDATE(-1), CDATE(255, 255, -1));
+    for (const long end : {LONG_MAX, LONG_MIN}) {
+        EXPECT_EQ(CDATE(end).IsNull() != 0, sizeof(long) > 4) << end;
+    }
     CDATE date(1, 1, 1900);  // day 2 of an OLE Automation date
     for (int oleDay = 2; oleDay < 110000; ++oleDay, ++date) {
         ASSERT_TRUE(date.GetYear() > 2027 || CDATE(date.ToSDate()) == date) << date;
         const auto packed = date.ToLDate();
-        ASSERT_TRUE(CDATE(static_cast<int>(packed)) == date && CDATE(static_cast<long>(packed)) == date) << date;
-        ASSERT_TRUE(date.ToWDate() == oleDay && CDATE(oleDay + 0.25) == date) << date;
+        ASSERT_EQ(CDATE(static_cast<int>(packed)), date) << date;
+        ASSERT_EQ(CDATE(static_cast<long>(packed)), date) << date;
+        ASSERT_EQ(date.ToWDate(), oleDay) << date;
+        ASSERT_EQ(CDATE(oleDay + 0.25), date) << date;
         const SYSTEMTIME time = date.ToSystemTime();
-        ASSERT_TRUE(CDATE(time) == date && time.wHour + time.wMinute + time.wSecond + time.wMilliseconds == 0) << date;
+        ASSERT_EQ(CDATE(time), date) << date;
+        ASSERT_EQ(time.wHour + time.wMinute + time.wSecond + time.wMilliseconds, 0) << date;
     }
     // The years 5 and 50 are 2005 and 1950.
-    EXPECT_TRUE(CDATE(5, 3, 5).ToWDate() == 38416.0 && CDATE(1, 1, 50).ToWDate() == 18264.0);
-    EXPECT_TRUE(CDATE(30, 12, 1899).ToWDate() == 0.0 && CDATE(1, 1, 10000).ToWDate() == 0.0);
-    EXPECT_TRUE(CDATE(-1.25) == CDATE(29, 12, 1899) && CDATE(2.9999999) == CDATE(2, 1, 1900));
+    EXPECT_EQ(CDATE(5, 3, 5).ToWDate(), 38416.0);
+    EXPECT_EQ(CDATE(1, 1, 50).ToWDate(), 18264.0);
+    EXPECT_EQ(CDATE(30, 12, 1899).ToWDate(), 0.0);
+    EXPECT_EQ(CDATE(1, 1, 10000).ToWDate(), 0.0);
+    EXPECT_EQ(CDATE(-1.25), CDATE(29, 12, 1899));
+    EXPECT_EQ(CDATE(2.9999999), CDATE(2, 1, 1900));
     for (const double day : {0.0, -657435.0, 2958466.0, 1e300, -1e300, std::nan(""), HUGE_VAL}) {
         EXPECT_TRUE(CDATE(day).IsNull()) << day;
     }
@@ -201,27 +250,33 @@ TEST(DateTest, NonsenseFieldsThroughEveryFunction) {
     for (int i = 0; i < 9 * 9 * 9; ++i) {
         dates.push_back(Date(values[i % 9], values[i / 9 % 9], values[i / 81]));
     }
-    std::mt19937 random(20240305);
+    support::RANDOM random(20240305);
     for (int i = 0; i < 3000; ++i) {
         dates.push_back(CDATE(static_cast<int>(random())));
     }
     CDATE other(1, 1, 2024);
     for (const CDATE& date : dates) {
+        SCOPED_TRACE(testing::PrintToString(date));
         const bool isDate = date.IsDate() != 0;
         std::int16_t year = 1;
         EXPECT_EQ(date.GetWeekNumber(&year, calendar) != 0, isDate);
-        EXPECT_TRUE((isDate || year == date.GetYear()) && (date.GetDayNumber() != 0) == isDate);
+        EXPECT_TRUE(isDate || year == date.GetYear());
+        EXPECT_EQ(date.GetDayNumber() != 0, isDate);
         const bool areDates = isDate && other.IsDate();
-        EXPECT_TRUE((date.ComputeDays(other) >= 0) == areDates && (date.ComputeWeeks(other) >= 0) == areDates) << date;
-        EXPECT_TRUE(date.ComputeMonths(other) >= 0 && date.ComputeBimestres(other) >= 0 &&
-                    date.ComputeYears(other) >= 0 && date.ComputeTrimestres(other) >= 0 &&
-                    date.ComputeSemestres(other) >= 0);
+        EXPECT_EQ(date.ComputeDays(other) >= 0, areDates) << date;
+        EXPECT_EQ(date.ComputeWeeks(other) >= 0, areDates) << date;
+        EXPECT_GE(date.ComputeMonths(other), 0);
+        EXPECT_GE(date.ComputeBimestres(other), 0);
+        EXPECT_GE(date.ComputeYears(other), 0);
+        EXPECT_GE(date.ComputeTrimestres(other), 0);
+        EXPECT_GE(date.ComputeSemestres(other), 0);
         EXPECT_EQ(date - other, -(other - date));
-        EXPECT_TRUE(date.IsOuvre(calendar) == date.IsTravaille(calendar) &&
-                    date.IsFerie(calendar) + date.IsOuvre(calendar) < 2);
-        EXPECT_TRUE((date.GetDayOfWeek() + 8) % 7 == date.ToSystemTime().wDayOfWeek &&
-                    CDATE(static_cast<int>(date.ToLDate())).ToLDate() == date.ToLDate());
-        EXPECT_TRUE(date.ToString().empty() == date.IsNull() && date.ToStringXML().empty() == date.IsNull());
+        EXPECT_EQ(date.IsOuvre(calendar), date.IsTravaille(calendar));
+        EXPECT_LT(date.IsFerie(calendar) + date.IsOuvre(calendar), 2);
+        EXPECT_EQ((date.GetDayOfWeek() + 8) % 7, date.ToSystemTime().wDayOfWeek);
+        EXPECT_EQ(CDATE(static_cast<int>(date.ToLDate())).ToLDate(), date.ToLDate());
+        EXPECT_EQ(date.ToString().empty(), date.IsNull());
+        EXPECT_EQ(date.ToStringXML().empty(), date.IsNull());
         static_cast<void>(date.IsEndOfMonth() + date.ToSDate() + date.ToWDate());
         static_cast<void>(AddMonths(AddMonths(date, 11), -25) - LastDateMonth(LastDateTrimestre(date)));
         static_cast<void>(LastDateTimeWeek({date, CTIME::Max()}, calendar));

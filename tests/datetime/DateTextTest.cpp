@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <random>
 #include <sstream>
 #include <string>
 
+#include <support/Random.h>
 #include "support/CalendarArithmetic.h"
 
 namespace {
@@ -30,8 +30,13 @@ RESULT Parse(int kind, const char* text) {
     CDATE date = kBefore;
     const int result = (date.*kParsers[kind].parse)(text);
     EXPECT_EQ(kParsers[kind].test(text), result);
-    EXPECT_TRUE(result == 1 ? date.IsDate() != 0 : result == 0 && date == kBefore);
-    return result == 1 ? RESULT(date) : std::nullopt;
+    if (result == 1) {
+        EXPECT_TRUE(date.IsDate()) << text;
+        return date;
+    }
+    EXPECT_EQ(result, 0) << text;
+    EXPECT_EQ(date, kBefore) << text;
+    return std::nullopt;
 }
 RESULT Parse(int kind, const std::string& text) { return Parse(kind, text.c_str()); }
 
@@ -78,7 +83,7 @@ TEST(DateTextTest, WorkedTexts) {
 // The form with dashes is tried first, then the long one and the short one, then these two without the separators, of
 // which each keeps the character behind it.
 TEST(DateTextTest, RandomTextsAreReadInTheOrderOfTheForms) {
-    std::mt19937 random(1904);
+    support::RANDOM random(1904);
     const std::string alphabets[] = {"0123456789", "0123-/", "012-/ +a", "0123456789-/", "01239-/T:Z+. "};
     for (int i = 0; i < 100000; ++i) {
         const std::string& alphabet = alphabets[random() % std::size(alphabets)];
@@ -96,7 +101,8 @@ TEST(DateTextTest, RandomTextsAreReadInTheOrderOfTheForms) {
                 text.erase(at, text[at] == '/' || text[at] == '-' ? 1 : 0);
             }
         }
-        ASSERT_TRUE(read == expected && !HasFailure()) << '"' << text << '"';
+        ASSERT_EQ(read, expected) << '"' << text << '"';
+        ASSERT_FALSE(HasFailure()) << '"' << text << '"';
     }
 }
 
@@ -106,8 +112,10 @@ TEST(DateTextTest, WrittenTextsAreReadBack) {
             continue;
         }
         const CDATE date = day.Date();
-        ASSERT_TRUE(Parse(Long, date.ToString()) == date && Parse(Any, date.ToStringLong()) == date) << date;
-        ASSERT_TRUE(Parse(Xml, date.ToStringXML()) == date && Parse(Any, date.ToStringXML()) == date) << date;
+        ASSERT_EQ(Parse(Long, date.ToString()), date) << date;
+        ASSERT_EQ(Parse(Any, date.ToStringLong()), date) << date;
+        ASSERT_EQ(Parse(Xml, date.ToStringXML()), date) << date;
+        ASSERT_EQ(Parse(Any, date.ToStringXML()), date) << date;
         const bool hasShortForm = day.year > 1950 && day.year <= 2050;
         ASSERT_TRUE(!hasShortForm || Parse(Short, date.ToStringShort()) == date) << date;
     }
@@ -121,7 +129,8 @@ TEST(DateTextTest, WrittenTextsAreReadBack) {
         {{-3, 0, 2024}, "01012024", "010124", "2024-01-01"},   {{0, 0, 1}, "01010001", "010101", "0001-01-01"},
         {{1, 2, 12345}, "010212345", "010245", "12345-02-01"}, {{1, 2, -5}, "0102-0005", "0102-05", "-0005-02-01"}};
     for (const auto& row : rows) {
-        EXPECT_TRUE(row.date.ToString() == row.text && row.date.ToStringLong() == row.text) << row.text;
+        EXPECT_EQ(row.date.ToString(), row.text) << row.text;
+        EXPECT_EQ(row.date.ToStringLong(), row.text) << row.text;
         EXPECT_EQ(row.date.ToStringShort(), row.shortText);
         EXPECT_EQ(row.date.ToStringXML(), row.xml);
     }

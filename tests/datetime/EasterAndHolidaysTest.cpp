@@ -46,20 +46,21 @@ TEST(HolidaysTest, EveryDayOfManyYears) {
                 const bool isHoliday = support::kOwnHolidays[kind]->Has(day);
                 ASSERT_EQ(date.IsFerie(calendar), isHoliday ? 1 : 0) << date;
                 const bool isOpen = day.weekday < 5 && !isHoliday;
-                ASSERT_TRUE((date.IsOuvre(calendar) != 0) == isOpen && (date.IsTravaille(calendar) != 0) == isOpen)
-                    << date;
+                ASSERT_EQ(date.IsOuvre(calendar) != 0, isOpen) << date;
+                ASSERT_EQ(date.IsTravaille(calendar) != 0, isOpen) << date;
             }
         }
         // A fixed day counts by its day and month, whatever the year.
-        EXPECT_TRUE(calendar->IsFerie({1, 5, -32768}) == 1 && calendar->IsFerie({1, 5, 32767}) == 1 &&
-                    !calendar->IsFerie({}));
+        EXPECT_EQ(calendar->IsFerie({1, 5, -32768}), 1);
+        EXPECT_EQ(calendar->IsFerie({1, 5, 32767}), 1);
+        EXPECT_FALSE(calendar->IsFerie({}));
     }
 }
 
 TEST(HolidaysTest, WeekdaySettings) {
     const CALENDAR calendar = support::OwnCalendar(0);
-    EXPECT_TRUE(calendar->GetFirstDayOfWeek() == CDATE::Monday &&
-                calendar->GetFirstWeek() == CCALENDARSTRATEGY::FirstWeekOfFourDays);
+    EXPECT_EQ(calendar->GetFirstDayOfWeek(), CDATE::Monday);
+    EXPECT_EQ(calendar->GetFirstWeek(), CCALENDARSTRATEGY::FirstWeekOfFourDays);
     // The weekdays of dates before 4 January 1904 are negative; they name the same flags.
     for (int day = -20; day <= 20; ++day) {
         const bool isOpen = day > -7 && day < 7 && (day + 7) % 7 < 5;
@@ -68,16 +69,21 @@ TEST(HolidaysTest, WeekdaySettings) {
     calendar->SetOuvre(static_cast<CDATE::eDay>(-7), 0);
     calendar->SetOuvre(CDATE::Saturday, 1);
     calendar->SetOuvre(static_cast<CDATE::eDay>(-1), 1);
-    EXPECT_TRUE(calendar->IsOuvre(CDATE::Sunday) && calendar->IsOuvre(CDATE::Monday));
+    EXPECT_TRUE(calendar->IsOuvre(CDATE::Sunday));
+    EXPECT_TRUE(calendar->IsOuvre(CDATE::Monday));
     calendar->SetOuvre(CDATE::Monday, 0);
     calendar->SetOuvre(static_cast<CDATE::eDay>(7), 1);
     EXPECT_FALSE(calendar->IsOuvre(CDATE::Monday));
     const CDATE saturday(6, 4, 2024);
-    EXPECT_TRUE(saturday.IsOuvre(calendar) && saturday.IsTravaille(calendar) && !saturday.IsOuvre());
+    EXPECT_TRUE(saturday.IsOuvre(calendar));
+    EXPECT_TRUE(saturday.IsTravaille(calendar));
+    EXPECT_FALSE(saturday.IsOuvre());
     const CALENDAR copy =
         AdoptObject<CCALENDARSTRATEGY>(new CCALENDARFRENCHSTRATEGY(static_cast<CCALENDARFRENCHSTRATEGY&>(*calendar)));
     calendar->SetOuvre(CDATE::Saturday, 0);
-    EXPECT_TRUE(copy->IsOuvre(CDATE::Saturday) && !calendar->IsOuvre(CDATE::Saturday) && copy->GetUseCount() == 1);
+    EXPECT_TRUE(copy->IsOuvre(CDATE::Saturday));
+    EXPECT_FALSE(calendar->IsOuvre(CDATE::Saturday));
+    EXPECT_EQ(copy->GetUseCount(), 1);
 }
 
 }  // namespace

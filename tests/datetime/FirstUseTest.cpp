@@ -50,7 +50,8 @@ TEST(FirstUseTest, RacingThreadsSeeTheSame) {
     // 262 weekdays of 2024, less the holidays from Monday to Friday: ten, twelve and eleven.
     const std::array<int, 4> counts = {252, 250, 251, 1};
     for (const SEEN& seen : seenBy) {
-        EXPECT_TRUE(seen.objects == seenBy[0].objects && seen.counts == counts);
+        EXPECT_EQ(seen.objects, seenBy[0].objects);
+        EXPECT_EQ(seen.counts, counts);
     }
     EXPECT_EQ(&CDATE::NullDate(), seenBy[0].objects[0]);
     EXPECT_EQ(CCALENDARMANAGER::GetInstance()->GetCalendar(), seenBy[0].objects[5]);

@@ -2,11 +2,11 @@
 #include <MLCore/datetime/CTIMESPAN.h>
 #include <MLCore/platform/WinTypes.h>
 #include <gtest/gtest.h>
+#include <support/Random.h>
 
 #include <climits>
 #include <cmath>
 #include <cstdio>
-#include <random>
 #include <sstream>
 #include <string>
 #include <unordered_set>
@@ -25,47 +25,66 @@ TEST(TimeTest, EverySecondOfADay) {
         const int m = second / 60 % 60;
         const int s = second % 60;
         const CTIME time(static_cast<std::int16_t>(h), static_cast<std::int16_t>(m), static_cast<std::int16_t>(s));
-        ASSERT_TRUE(time.GetHours() == h && time.GetMinutes() == m && time.GetSeconds() == s && time.IsTime());
-        ASSERT_TRUE(time.GetTotalSeconds() == second && ++previous == time) << second;
-        ASSERT_TRUE((time.IsNull() != 0) == (second == 0) && (time.IsEndOfDay() != 0) == (second == 86399));
+        ASSERT_EQ(std::tuple(time.GetHours(), time.GetMinutes(), time.GetSeconds()), std::tuple(h, m, s));
+        ASSERT_TRUE(time.IsTime()) << second;
+        ASSERT_EQ(time.GetTotalSeconds(), second) << second;
+        ASSERT_EQ(++previous, time) << second;
+        ASSERT_EQ(time.IsNull() != 0, second == 0) << second;
+        ASSERT_EQ(time.IsEndOfDay() != 0, second == 86399) << second;
         char text[16];
         ASSERT_EQ(std::snprintf(text, sizeof text, "%02d:%02d:%02d", h, m, s), 8);
-        ASSERT_TRUE(time.ToString() == text && CTIME(text) == time) << text;
+        ASSERT_EQ(time.ToString(), text) << text;
+        ASSERT_EQ(CTIME(text), time) << text;
         ASSERT_NEAR(time.ToWDate(), second / 86400.0, 1e-12);
-        ASSERT_TRUE(CTIME(time.ToWDate()) == time && CTIME(45356.0 + second / 86400.0) == time) << text;
+        ASSERT_EQ(CTIME(time.ToWDate()), time) << text;
+        ASSERT_EQ(CTIME(45356.0 + second / 86400.0), time) << text;
         const SYSTEMTIME system = time.ToSystemTime();
-        ASSERT_EQ(CTIME(system), time);
-        ASSERT_TRUE(system.wYear == 1899 && system.wMonth == 12 && system.wDay == 30 && system.wDayOfWeek == 0 &&
-                    system.wMilliseconds == 0);
+        ASSERT_EQ(CTIME(system), time) << text;
+        ASSERT_EQ(std::tuple(system.wYear, system.wMonth, system.wDay, system.wDayOfWeek, system.wMilliseconds),
+                  std::tuple(1899, 12, 30, 0, 0))
+            << text;
     }
-    EXPECT_TRUE(previous++ == CTIME::Max() && previous-- == CTIME::Null() && previous == CTIME(23, 59, 59));
+    EXPECT_EQ(previous++, CTIME::Max());
+    EXPECT_EQ(previous--, CTIME::Null());
+    EXPECT_EQ(previous, CTIME(23, 59, 59));
     EXPECT_EQ(CTIME(-1.25), CTIME(6, 0, 0));
-    EXPECT_TRUE(CTIME(1e300).IsNull() && CTIME(std::nan("")).IsNull() && CTIME(0.0).IsNull());
-    EXPECT_TRUE(CTIME::Min() == CTIME() && CTIME::NullTime() == CTIME());
+    EXPECT_TRUE(CTIME(1e300).IsNull());
+    EXPECT_TRUE(CTIME(std::nan("")).IsNull());
+    EXPECT_TRUE(CTIME(0.0).IsNull());
+    EXPECT_EQ(CTIME::Min(), CTIME());
+    EXPECT_EQ(CTIME::NullTime(), CTIME());
 }
 
 TEST(TimeTest, PartsOutOfRangeAreKept) {
-    EXPECT_TRUE(!CTIME(24, 0, 0).IsTime() && CTIME(12, 60, 0).IsTime() && !CTIME(0, 0, -1).IsTime());
-    EXPECT_TRUE(CTIME(24, 0, 0).GetHours() == 0 && CTIME(25, 30, 0) + 0L == CTIME(1, 30, 0) &&
-                CTIME(0, 0, -1) + 0L == CTIME(23, 59, 59));
+    EXPECT_FALSE(CTIME(24, 0, 0).IsTime());
+    EXPECT_TRUE(CTIME(12, 60, 0).IsTime());
+    EXPECT_FALSE(CTIME(0, 0, -1).IsTime());
+    EXPECT_EQ(CTIME(24, 0, 0).GetHours(), 0);
+    EXPECT_EQ(CTIME(25, 30, 0) + 0L, CTIME(1, 30, 0));
+    EXPECT_EQ(CTIME(0, 0, -1) + 0L, CTIME(23, 59, 59));
     CTIME time;
     time.SetHours(7);
     time.SetMinutes(5);
     time.SetSeconds(9);
     const MLTIME parts = time;
-    EXPECT_TRUE(time == CTIME(7, 5, 9) && parts.hours == 7 && parts.minutes == 5 && parts.seconds == 9);
+    EXPECT_EQ(time, CTIME(7, 5, 9));
+    EXPECT_EQ(std::tuple(parts.hours, parts.minutes, parts.seconds), std::tuple(7, 5, 9));
     for (const std::int16_t value : {std::int16_t{-32768}, std::int16_t{32767}}) {
         time.Set(value, value, value);
-        EXPECT_TRUE(!time.IsTime() && time.GetTotalSeconds() == value * 3661) << value;
-        EXPECT_TRUE((time + LONG_MAX).IsTime() && (time - LONG_MIN).IsTime() && !time.ToString().empty()) << value;
+        EXPECT_FALSE(time.IsTime()) << value;
+        EXPECT_EQ(time.GetTotalSeconds(), value * 3661) << value;
+        EXPECT_TRUE((time + LONG_MAX).IsTime()) << value;
+        EXPECT_TRUE((time - LONG_MIN).IsTime()) << value;
+        EXPECT_FALSE(time.ToString().empty()) << value;
         static_cast<void>(time.ToWDate());
         static_cast<void>(time.ToSystemTime());
     }
 }
 
 TEST(TimeTest, ArithmeticWrapsAroundMidnight) {
-    EXPECT_TRUE(CTIME(23, 30, 0) + 3600L == CTIME(0, 30, 0) && CTIME(0, 10, 0) - 900L == CTIME(23, 55, 0));
-    std::mt19937_64 random(235959);
+    EXPECT_EQ(CTIME(23, 30, 0) + 3600L, CTIME(0, 30, 0));
+    EXPECT_EQ(CTIME(0, 10, 0) - 900L, CTIME(23, 55, 0));
+    support::RANDOM64 random(235959);
     for (int i = 0; i < 20000; ++i) {
         const long long start = static_cast<long long>(random() % 86400);
         const long n =
@@ -77,10 +96,12 @@ TEST(TimeTest, ArithmeticWrapsAroundMidnight) {
         const long long part = n % 86400;
         ASSERT_EQ((time + n).GetTotalSeconds(), Floored(start + part)) << n;
         ASSERT_EQ((time - n).GetTotalSeconds(), Floored(start - part)) << n;
-        ASSERT_TRUE(n + time == time + n && AddSeconds(time, n) == time + n) << n;
+        ASSERT_EQ(n + time, time + n) << n;
+        ASSERT_EQ(AddSeconds(time, n), time + n) << n;
         ASSERT_EQ(AddMinutes(time, n).GetTotalSeconds(), Floored(start + part * 60)) << n;
         ASSERT_EQ(AddHours(time, n).GetTotalSeconds(), Floored(start + part * 3600)) << n;
-        ASSERT_TRUE(time + CTIMESPAN(n) == time + n && time - CTIMESPAN(n) == time - n) << n;
+        ASSERT_EQ(time + CTIMESPAN(n), time + n) << n;
+        ASSERT_EQ(time - CTIMESPAN(n), time - n) << n;
     }
     EXPECT_TRUE((CTIME() + CTIMESPAN(LLONG_MAX)).IsTime());
     EXPECT_EQ((CTIME() - CTIMESPAN(LLONG_MIN)).GetTotalSeconds(), Floored(-(LLONG_MIN % 86400)));
@@ -88,7 +109,8 @@ TEST(TimeTest, ArithmeticWrapsAroundMidnight) {
     EXPECT_EQ(CTIME(8, 59, 59).ComputeHours(CTIME(10, 0, 0)), -2);
     EXPECT_EQ(CTIME(10, 0, 0).ComputeMinutes(CTIME(9, 58, 59)), 2);
     EXPECT_EQ(CTIME(9, 58, 59).ComputeSeconds(CTIME(10, 0, 0)), -61);
-    EXPECT_TRUE(CTIME(12, 30, 0).ToDecimalHours() == 12.5 && CTIME(0, 1, 30).ToDecimalMinutes() == 1.5);
+    EXPECT_EQ(CTIME(12, 30, 0).ToDecimalHours(), 12.5);
+    EXPECT_EQ(CTIME(0, 1, 30).ToDecimalMinutes(), 1.5);
 }
 
 TEST(TimeTest, FromMinutesAndHours) {
@@ -98,15 +120,28 @@ TEST(TimeTest, FromMinutesAndHours) {
         EXPECT_EQ(time.FromMinutes(seconds / 60), whole < 86400 ? 1 : 0) << seconds;
         EXPECT_EQ(time.GetTotalSeconds(), Floored(whole)) << seconds;
     }
-    EXPECT_TRUE(time.FromHours(-0.25) == 1 && time == CTIME(23, 45, 0) && time.FromHours(49) == 0 &&
-                time == CTIME(1, 0, 0));
-    EXPECT_TRUE(time.FromMinutes(1e300) == 0 && time.IsTime() && time.FromMinutes(-1e300) == 1 && time.IsTime());
-    EXPECT_TRUE(time.FromHours(1e300) == 0 && time.IsTime() && time.FromHours(-1e300) == 1 && time.IsTime());
+    EXPECT_EQ(time.FromHours(-0.25), 1);
+    EXPECT_EQ(time, CTIME(23, 45, 0));
+    EXPECT_EQ(time.FromHours(49), 0);
+    EXPECT_EQ(time, CTIME(1, 0, 0));
+    EXPECT_EQ(time.FromMinutes(1e300), 0);
+    EXPECT_TRUE(time.IsTime());
+    EXPECT_EQ(time.FromMinutes(-1e300), 1);
+    EXPECT_TRUE(time.IsTime());
+    EXPECT_EQ(time.FromHours(1e300), 0);
+    EXPECT_TRUE(time.IsTime());
+    EXPECT_EQ(time.FromHours(-1e300), 1);
+    EXPECT_TRUE(time.IsTime());
     time = CTIME(9, 9, 9);
     for (const double unknown : {HUGE_VAL, -HUGE_VAL, std::nan(""), 1e308}) {
-        EXPECT_TRUE(time.FromMinutes(unknown) == 0 && time.FromHours(unknown) == 0 && time == CTIME(9, 9, 9));
+        EXPECT_EQ(time.FromMinutes(unknown), 0);
+        EXPECT_EQ(time.FromHours(unknown), 0);
+        EXPECT_EQ(time, CTIME(9, 9, 9));
     }
-    EXPECT_TRUE(time.FromSeconds(86400) == 0 && time.IsNull() && time.FromSeconds(-1) == 1 && time == CTIME::Max());
+    EXPECT_EQ(time.FromSeconds(86400), 0);
+    EXPECT_TRUE(time.IsNull());
+    EXPECT_EQ(time.FromSeconds(-1), 1);
+    EXPECT_EQ(time, CTIME::Max());
 }
 
 TEST(TimeTest, WorkedTexts) {
@@ -131,16 +166,25 @@ TEST(TimeTest, WorkedTexts) {
             EXPECT_EQ(text + '>' + (isRead ? time.ToString() : ""), row);
             EXPECT_TRUE(isRead ? time.IsTime() != 0 : time == before) << row;
         }
-        EXPECT_TRUE((CTIME().*parse)(nullptr) == 0 && (CTIME().*parse)("07:05 09") == 0);
-        EXPECT_TRUE((CTIME().*parse)(std::string(100000, ':').c_str()) == 0 && (CTIME().*parse)(" 70509") == 0);
+        EXPECT_EQ((CTIME().*parse)(nullptr), 0);
+        EXPECT_EQ((CTIME().*parse)("07:05 09"), 0);
+        EXPECT_EQ((CTIME().*parse)(std::string(100000, ':').c_str()), 0);
+        EXPECT_EQ((CTIME().*parse)(" 70509"), 0);
     }
-    EXPECT_TRUE(IsStrTime("070509") && IsStrTime("") && !IsStrTime("24:00:00") && !IsStrTime(nullptr));
+    EXPECT_TRUE(IsStrTime("070509"));
+    EXPECT_TRUE(IsStrTime(""));
+    EXPECT_FALSE(IsStrTime("24:00:00"));
+    EXPECT_FALSE(IsStrTime(nullptr));
     EXPECT_EQ(CTIME().FromStringXML(("10:00:00." + std::string(1000, '5')).c_str()), 1);
 }
 
 TEST(TimeTest, OrderHashAndStream) {
-    EXPECT_TRUE(CTIME(7, 5, 9) < CTIME(7, 5, 10) && CTIME(8, 0, 0) > CTIME(7, 59, 59) && CTIME() <= CTIME::Max());
-    EXPECT_TRUE(CTIMESPAN(-1) < CTIMESPAN() && CTIMESPAN(5) == CTIMESPAN(5) && CTIMESPAN(5) != CTIMESPAN(6));
+    EXPECT_LT(CTIME(7, 5, 9), CTIME(7, 5, 10));
+    EXPECT_GT(CTIME(8, 0, 0), CTIME(7, 59, 59));
+    EXPECT_LE(CTIME(), CTIME::Max());
+    EXPECT_LT(CTIMESPAN(-1), CTIMESPAN());
+    EXPECT_EQ(CTIMESPAN(5), CTIMESPAN(5));
+    EXPECT_NE(CTIMESPAN(5), CTIMESPAN(6));
     EXPECT_EQ((std::unordered_set<CTIME>{CTIME(1, 0, 0), CTIME(0, 60, 0), CTIME(2, 0, 0)}).size(), 2U);
     EXPECT_EQ((std::unordered_set<CTIMESPAN>{CTIMESPAN(1), CTIMESPAN(1), CTIMESPAN(LLONG_MIN)}).size(), 2U);
     std::ostringstream out;
@@ -164,16 +208,22 @@ TEST(TimeSpanTest, TextsAndParts) {
         built.SetHours(static_cast<long>(span.GetHours()));
         EXPECT_TRUE(built == span || !std::in_range<long>(span.GetHours()));
     }
-    EXPECT_TRUE(CTIMESPAN::NbSecondsInOneHour() == 3600 && CTIMESPAN::NbSecondsInOneDay() == 86400);
+    EXPECT_EQ(CTIMESPAN::NbSecondsInOneHour(), 3600);
+    EXPECT_EQ(CTIMESPAN::NbSecondsInOneDay(), 86400);
 }
 
 TEST(TimeSpanTest, SumsStayAtTheLongest) {
     const CTIMESPAN most(LLONG_MAX);
     const CTIMESPAN least(LLONG_MIN);
     const CTIMESPAN one(1);
-    EXPECT_TRUE(most + one == most && least - one == least && most - one + one == most);
-    EXPECT_TRUE(-least == most && -most == CTIMESPAN(-LLONG_MAX) && most + least == CTIMESPAN(-1));
-    EXPECT_TRUE(CTIMESPAN(-5) - least == CTIMESPAN(LLONG_MAX - 4) && least - least == CTIMESPAN());
+    EXPECT_EQ(most + one, most);
+    EXPECT_EQ(least - one, least);
+    EXPECT_EQ(most - one + one, most);
+    EXPECT_EQ(-least, most);
+    EXPECT_EQ(-most, CTIMESPAN(-LLONG_MAX));
+    EXPECT_EQ(most + least, CTIMESPAN(-1));
+    EXPECT_EQ(CTIMESPAN(-5) - least, CTIMESPAN(LLONG_MAX - 4));
+    EXPECT_EQ(least - least, CTIMESPAN());
     CTIMESPAN span;
     span.SetMinutes(90);
     span.SetSeconds(7);
