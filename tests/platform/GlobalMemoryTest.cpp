@@ -18,7 +18,8 @@ TEST(GlobalMemoryTest, KeepsExactSizesAndBytes) {
     ASSERT_NE(block, nullptr);
     EXPECT_EQ(GlobalBlockSize(block), 100U);
     void* data = GlobalBlockLock(block);
-    ASSERT_TRUE(data != nullptr && data != block);
+    ASSERT_NE(data, nullptr);
+    ASSERT_NE(data, block);
     std::memset(data, 'Z', 100);
     EXPECT_FALSE(GlobalBlockUnlock(block));
     for (const std::size_t size : {101U, 1000U, 100000U, 99999U, 120U}) {

@@ -94,7 +94,8 @@ TEST(OleDateTest, EverySecondOfADayComesBack) {
         const CIVILTIME time{second < 86400 ? 1850 : 2024, 6, 15, second / 3600 % 24, second / 60 % 60, second % 60};
         double date = 0;
         CIVILTIME back;
-        ASSERT_TRUE(OleDateFromCivil(time, date) && CivilFromOleDate(date, back));
+        ASSERT_TRUE(OleDateFromCivil(time, date));
+        ASSERT_TRUE(CivilFromOleDate(date, back));
         ASSERT_EQ(back, time);
     }
 }

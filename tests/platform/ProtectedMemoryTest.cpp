@@ -18,7 +18,8 @@ TEST(ProtectedMemoryTest, SealedBytesComeBack) {
     std::memset(memory, 's', kSize);
     MEMORYSEAL seal;
     for (int round = 0; round < 3; ++round) {
-        ASSERT_TRUE(SealMemory(memory, kSize, seal) && OpenMemory(memory, kSize, seal));
+        ASSERT_TRUE(SealMemory(memory, kSize, seal));
+        ASSERT_TRUE(OpenMemory(memory, kSize, seal));
         EXPECT_EQ(std::string(memory, kSize), std::string(kSize, 's'));
     }
     WipeMemory(memory, kSize);
@@ -35,7 +36,8 @@ TEST(ProtectedMemoryTest, SealedBytesAreUnreadableAndDifferEachTime) {
     std::string second = first;
     MEMORYSEAL firstSeal;
     MEMORYSEAL secondSeal;
-    ASSERT_TRUE(SealMemory(first.data(), kSize, firstSeal) && SealMemory(second.data(), kSize, secondSeal));
+    ASSERT_TRUE(SealMemory(first.data(), kSize, firstSeal));
+    ASSERT_TRUE(SealMemory(second.data(), kSize, secondSeal));
     EXPECT_EQ(first.find("ssssssss"), std::string::npos);
     EXPECT_NE(first, second);
     ASSERT_TRUE(OpenMemory(first.data(), kSize, firstSeal));
@@ -53,7 +55,8 @@ TEST(ProtectedMemoryTest, SizesThatDoNotGoAreRefused) {
     }
     EXPECT_EQ(bytes, std::string(32, 's'));
     EXPECT_EQ(AllocateSecret(0), nullptr);
-    EXPECT_TRUE(SealMemory(bytes.data(), 0, seal) && OpenMemory(bytes.data(), 0, seal));
+    EXPECT_TRUE(SealMemory(bytes.data(), 0, seal));
+    EXPECT_TRUE(OpenMemory(bytes.data(), 0, seal));
     WipeMemory(nullptr, 0);
 }
 

@@ -25,7 +25,8 @@ TEST(RandomBytesTest, StaysWithinItsBytes) {
     EXPECT_TRUE(RandomBytes(nullptr, 0));
     std::array<unsigned char, 34> bytes{};
     std::array<unsigned char, 34> others{};
-    ASSERT_TRUE(RandomBytes(bytes.data() + 1, 32) && RandomBytes(others.data() + 1, 32));
+    ASSERT_TRUE(RandomBytes(bytes.data() + 1, 32));
+    ASSERT_TRUE(RandomBytes(others.data() + 1, 32));
     EXPECT_EQ(bytes.front() + bytes.back(), 0);
     EXPECT_NE(bytes, others);
 }

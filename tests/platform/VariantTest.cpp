@@ -31,7 +31,8 @@ void ExpectIsKept(VALUE value, VARTYPE type) {
     assigned = variant;
     const _variant_t& same = assigned;
     assigned = same;
-    EXPECT_TRUE(variant.vt == type && assigned == Plain(variant)) << type;
+    EXPECT_EQ(variant.vt, type) << type;
+    EXPECT_EQ(assigned, Plain(variant)) << type;
     EXPECT_EQ(static_cast<VALUE>(assigned), value) << type;
     assigned.Clear();
     EXPECT_EQ(assigned.vt, VT_EMPTY);
@@ -53,10 +54,12 @@ TEST(VariantTest, EachArgumentMakesItsTypeAndComesOutAgain) {
     EXPECT_EQ(_variant_t(true).boolVal, VARIANT_TRUE);
     EXPECT_EQ(_variant_t(7L, VT_BOOL).boolVal, VARIANT_TRUE);
     EXPECT_EQ(_variant_t(short{0}, VT_BOOL).boolVal, VARIANT_FALSE);
-    EXPECT_TRUE(_variant_t(-2L, VT_ERROR).vt == VT_ERROR && _variant_t(-2L, VT_ERROR).scode == -2);
-    EXPECT_TRUE(_variant_t(2.5, VT_DATE).vt == VT_DATE && _variant_t(2.5, VT_DATE).date == 2.5);
+    EXPECT_EQ(_variant_t(-2L, VT_ERROR).vt, VT_ERROR);
+    EXPECT_EQ(_variant_t(-2L, VT_ERROR).scode, -2);
+    EXPECT_EQ(_variant_t(2.5, VT_DATE).vt, VT_DATE);
+    EXPECT_EQ(_variant_t(2.5, VT_DATE).date, 2.5);
     EXPECT_FALSE(_variant_t(2.5) == Plain(_variant_t(2.5, VT_DATE)));
-    EXPECT_TRUE(_variant_t() == Plain(_variant_t()));
+    EXPECT_EQ(_variant_t(), Plain(_variant_t()));
 }
 
 TEST(VariantTest, TextsAreCopied) {
@@ -66,9 +69,11 @@ TEST(VariantTest, TextsAreCopied) {
     EXPECT_NE(copy.bstrVal, variant.bstrVal);
     variant.bstrVal[2] = L'd';
     EXPECT_EQ(std::wstring(copy.bstrVal, SysStringLen(copy.bstrVal)), std::wstring(L"a\0c", 3));
-    EXPECT_FALSE(copy == Plain(variant) || copy == Plain(_variant_t(L"a")));
+    EXPECT_FALSE(copy == Plain(variant));
+    EXPECT_FALSE(copy == Plain(_variant_t(L"a")));
     const _variant_t none(static_cast<const wchar_t*>(nullptr));
-    EXPECT_TRUE(none.vt == VT_BSTR && SysStringLen(_variant_t(none).bstrVal) == 0);
+    EXPECT_EQ(none.vt, VT_BSTR);
+    EXPECT_EQ(SysStringLen(_variant_t(none).bstrVal), 0);
     variant = L"new";
     const _bstr_t taken(variant);
     EXPECT_STREQ(static_cast<const wchar_t*>(taken), L"new");
@@ -84,9 +89,11 @@ TEST(VariantTest, ObjectsAreCounted) {
         other = 5;
         EXPECT_EQ(object.count, 2U);
         const _variant_t copy(Plain(variant));
-        EXPECT_TRUE(object.count == 3 && copy == Plain(variant));
+        EXPECT_EQ(object.count, 3);
+        EXPECT_EQ(copy, Plain(variant));
         IUnknown* const taken = variant;
-        EXPECT_TRUE(taken == &object && object.count == 4);
+        EXPECT_EQ(taken, &object);
+        EXPECT_EQ(object.count, 4);
         const _variant_t owner(taken, false);
         EXPECT_EQ(object.count, 4U);
     }
@@ -100,11 +107,14 @@ TEST(VariantTest, APlainVariantIsTakenOver) {
     plain.bstrVal = SysAllocString(L"text");
     const BSTR text = plain.bstrVal;
     _variant_t owner(plain, false);
-    EXPECT_TRUE(plain.vt == VT_EMPTY && owner.bstrVal == text);
-    EXPECT_TRUE(VariantCopy(&plain, &owner) == S_OK && VariantCopy(&plain, &plain) == S_OK);
+    EXPECT_EQ(plain.vt, VT_EMPTY);
+    EXPECT_EQ(owner.bstrVal, text);
+    EXPECT_EQ(VariantCopy(&plain, &owner), S_OK);
+    EXPECT_EQ(VariantCopy(&plain, &plain), S_OK);
     EXPECT_NE(plain.bstrVal, text);
     EXPECT_STREQ(plain.bstrVal, L"text");
-    EXPECT_TRUE(VariantClear(&plain) == S_OK && plain.vt == VT_EMPTY);
+    EXPECT_EQ(VariantClear(&plain), S_OK);
+    EXPECT_EQ(plain.vt, VT_EMPTY);
 }
 
 template <class ACTION>
@@ -137,7 +147,8 @@ TEST(VariantTest, OnlyTheExactTypeComesOut) {
     EXPECT_EQ(FailureOf([] { _variant_t(2147483648L); }), DISP_E_OVERFLOW);
     EXPECT_EQ(FailureOf([] { _variant_t(4294967296UL); }), DISP_E_OVERFLOW);
     EXPECT_EQ(static_cast<long>(_variant_t(-2147483648L)), INT_MIN);
-    EXPECT_TRUE(VariantClear(nullptr) == E_INVALIDARG && VariantCopy(nullptr, &number) == E_INVALIDARG);
+    EXPECT_EQ(VariantClear(nullptr), E_INVALIDARG);
+    EXPECT_EQ(VariantCopy(nullptr, &number), E_INVALIDARG);
     _variant_t text("\xC9t\xE9");
     const BSTR characters = text.bstrVal;
     EXPECT_STREQ(characters, L"\u00C9t\u00E9");

@@ -34,7 +34,9 @@ const wchar_t* Wide(const _bstr_t& text) { return text; }
 
 TEST(WinTypesTest, BstrObjectOwnsItsText) {
     const _bstr_t none(static_cast<const wchar_t*>(nullptr));
-    EXPECT_TRUE(!none && none.length() == 0 && Wide(none) == nullptr);
+    EXPECT_FALSE(none);
+    EXPECT_EQ(none.length(), 0);
+    EXPECT_EQ(Wide(none), nullptr);
     _bstr_t first(L"one");
     _bstr_t second(first);
     first = _bstr_t(SysAllocString(L"two"), false);
@@ -73,7 +75,7 @@ TEST(WinTypesTest, UdateGetsWeekdayAndDayOfYear) {
     // 5 March 2024 was a Tuesday, the 65th day of a leap year, and DATE 45356.
     UDATE udate{};
     ASSERT_EQ(VarUdateFromDate(45356.75, 0, &udate), S_OK);
-    EXPECT_TRUE(udate.st.wYear == 2024 && udate.st.wMonth == 3 && udate.st.wDay == 5 && udate.st.wHour == 18);
+    EXPECT_EQ(std::tuple(udate.st.wYear, udate.st.wMonth, udate.st.wDay, udate.st.wHour), std::tuple(2024, 3, 5, 18));
     EXPECT_EQ(udate.st.wDayOfWeek, 2);
     EXPECT_EQ(udate.wDayOfYear, 65);
     DATE date = 0;
@@ -93,7 +95,8 @@ TEST(WinTypesTest, GlobalMemoryByItsWindowsNames) {
     EXPECT_EQ(GlobalSize(block), 20U);
     const unsigned char* const moved = static_cast<unsigned char*>(GlobalLock(block));
     ASSERT_NE(moved, nullptr);
-    EXPECT_TRUE(moved[9] == 7 && moved[10] == 0);
+    EXPECT_EQ(moved[9], 7);
+    EXPECT_EQ(moved[10], 0);
     EXPECT_EQ(GlobalFree(block), nullptr);
 }
 
