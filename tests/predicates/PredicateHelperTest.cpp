@@ -144,7 +144,8 @@ TEST(PredicateHelper, ListsEachKeyOnceInTheOrderOfTheirFirstUse) {
         members->AddObject(Comparison("key" + std::to_string(i % 50'000) + " = 1"));
     }
     const KEYS keys = CPREDICATEHELPER(CORPREDICATE::Create(*members)).GetDistinctKeyExpressionKeys();
-    EXPECT_TRUE(keys.size() == 50'000 && keys.back().GetKey() == "key49999");
+    EXPECT_EQ(keys.size(), 50'000);
+    EXPECT_EQ(keys.back().GetKey(), "key49999");
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ TEST(PredicateStreamTest, PredicatesComeBack) {
         EXPECT_EQ(read->GetPredicateType(), original->GetPredicateType());
         EXPECT_EQ(read->GetUseCount(), 1);
         int before = 0, after = 0;
-        const int failure = FailureOf([&] { return before = original->Evaluate(record, *variables); });
+        const auto failure = FailureOf([&] { return before = original->Evaluate(record, *variables); });
         EXPECT_EQ(FailureOf([&] { return after = read->Evaluate(record, *variables); }), failure) << written;
         EXPECT_EQ(after, before) << written;
     }

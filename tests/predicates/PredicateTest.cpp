@@ -66,8 +66,8 @@ TEST(PredicateTest, Compares) {
         for (const char* text : texts) {
             const PREDICATE predicate = Comparison(text);
             int result = 0;
-            const int failure = FailureOf([&] { return result = predicate->Evaluate(record, *variables); });
-            EXPECT_EQ(failure != 0 ? failure : result, expected) << text;
+            const auto failure = FailureOf([&] { return result = predicate->Evaluate(record, *variables); });
+            EXPECT_EQ(failure != 0 ? failure.msg : result, expected) << text << ": " << failure;
         }
     }
     EXPECT_EQ(Comparison("$v != 5")->Evaluate(record), 0) << "without variables each is null";
