@@ -1,11 +1,11 @@
 #include <MLCore/text/DecimalText.h>
 #include <gtest/gtest.h>
+#include <support/Random.h>
 
 #include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <random>
 #include <string>
 #include <string_view>
 
@@ -14,7 +14,8 @@ namespace {
 using namespace MLCore;
 
 TEST(DecimalTextTest, IsDigits) {
-    EXPECT_TRUE(IsDigits("") && IsDigits("00000000000000000000000000"));
+    EXPECT_TRUE(IsDigits(""));
+    EXPECT_TRUE(IsDigits("00000000000000000000000000"));
     for (int character = 0; character < 256; ++character) {
         const std::string text = {'1', static_cast<char>(character)};
         EXPECT_EQ(IsDigits(text), character >= '0' && character <= '9' ? 1 : 0) << character;
@@ -26,15 +27,17 @@ TEST(DecimalTextTest, LeadingIntegerIsThatOfTheCLibraryButStopsAtTheRange) {
         EXPECT_EQ(LeadingInteger(text), 0) << text;
     }
     EXPECT_EQ(LeadingInteger(" \t\n\v\f\r+7x"), 7);
-    EXPECT_TRUE(LeadingInteger("2147483647") == INT_MAX && LeadingInteger("-2147483647") == -INT_MAX);
+    EXPECT_EQ(LeadingInteger("2147483647"), INT_MAX);
+    EXPECT_EQ(LeadingInteger("-2147483647"), -INT_MAX);
     for (const std::string text : {"2147483648", "2147483649", "18446744073709551617"}) {
-        EXPECT_TRUE(LeadingInteger(text) == INT_MAX && LeadingInteger('-' + text) == INT_MIN) << text;
+        EXPECT_EQ(LeadingInteger(text), INT_MAX) << text;
+        EXPECT_EQ(LeadingInteger('-' + text), INT_MIN) << text;
     }
     EXPECT_EQ(LeadingInteger(std::string(100000, '9')), INT_MAX);
     EXPECT_EQ(LeadingInteger("-" + std::string(100000, '0') + "8"), -8);
-    EXPECT_TRUE(LeadingInteger(std::string("1") + '\0' + "2") == 1 &&
-                LeadingInteger(std::string_view("1234", 2)) == 12);
-    std::mt19937 random(12);
+    EXPECT_EQ(LeadingInteger(std::string("1") + '\0' + "2"), 1);
+    EXPECT_EQ(LeadingInteger(std::string_view("1234", 2)), 12);
+    support::RANDOM random(12);
     const std::string characters = "0123456789999 +-\tx";
     for (int i = 0; i < 50000; ++i) {
         std::string text(random() % 15, ' ');
