@@ -112,7 +112,8 @@ void ExpectWalkedWhileItChanges(CSHAREOBJECTPTR<CARRAY> array) {
     EXPECT_EQ(array->GetObjectIndex(b) + 10 * array->ExistObject(b), 11);
     EXPECT_EQ(array->GetObjectIndex(a) + 10 * array->ExistObject(a), 10);
     EXPECT_EQ(array->GetObjectIndex(c) + 10 * array->ExistObject(c), -1);
-    EXPECT_TRUE(array->First() == a && array->Last() == b);
+    EXPECT_EQ(array->First(), a);
+    EXPECT_EQ(array->Last(), b);
     int steps = 0;
     for (const OBJECT& element : array) {
         EXPECT_EQ(element, a) << "an index, whatever moves under it";
@@ -123,7 +124,8 @@ void ExpectWalkedWhileItChanges(CSHAREOBJECTPTR<CARRAY> array) {
     iterator->Next();
     array->RemoveAll();
     iterator->Next();
-    EXPECT_TRUE(iterator->IsEnd() == 1 && !iterator->GetCurrent());
+    EXPECT_EQ(iterator->IsEnd(), 1);
+    EXPECT_FALSE(iterator->GetCurrent());
     array->AddObject(a);
     array->AddObject(b);
     array = nullptr;
@@ -184,9 +186,11 @@ TEST(ArrayTest, MapsKeysOverItsElements) {
     const auto news = CMEMARRAY::Create({nullptr, two, one});
     x->onAccess = [&] { pair->RemoveAll(), news->RemoveAll(); };
     pair->SetKeyPathValue("k", news);
-    EXPECT_TRUE(!x->properties["k"] && y->properties["k"] == two);
+    EXPECT_FALSE(x->properties["k"]);
+    EXPECT_EQ(y->properties["k"], two);
     CMEMSET::Create(y, x)->SetKeyValue("k", CMEMARRAY::Create(one, two));
-    EXPECT_TRUE(x->properties["k"] == two && y->properties["k"] == one) << "in the order of the set";
+    EXPECT_EQ(x->properties["k"], two) << "in the order of the set";
+    EXPECT_EQ(y->properties["k"], one) << "in the order of the set";
 }
 
 TEST(ArrayTest, MapsThrough256Levels) {

@@ -68,7 +68,8 @@ TEST(DictionaryTest, MayChangeWhileItIsWalked) {
     iterator->Next();
     EXPECT_EQ(iterator->GetCurrent(), things["b"]);
     dictionary->RemoveAll();
-    EXPECT_TRUE(iterator->IsEnd() == 1 && !iterator->GetCurrent());
+    EXPECT_EQ(iterator->IsEnd(), 1);
+    EXPECT_FALSE(iterator->GetCurrent());
     dictionary->SetKeyValue("z", things["h"]);
     dictionary = nullptr;
     EXPECT_EQ(iterator->GetCurrent(), things["h"]) << "kept alive";

@@ -1,11 +1,11 @@
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/CMEMSET.h>
 #include <support/Failure.h>
+#include <support/Random.h>
 #include <values/Thing.h>
 
 #include <algorithm>
 #include <memory>
-#include <random>
 
 namespace {
 
@@ -54,7 +54,8 @@ TEST(SetTest, CombinesSets) {
         for (const auto& [change, result] : kChanges) {
             const auto set = setOf(left);
             ((*set).*change)(left == right ? set : other);
-            EXPECT_TRUE(set->Contains(setOf(result)) != 0 && setOf(result)->Contains(set) != 0) << left << right;
+            EXPECT_NE(set->Contains(setOf(result)), 0) << left << right;
+            EXPECT_NE(setOf(result)->Contains(set), 0) << left << right;
         }
     }
     EXPECT_EQ(FailureOf([&] { return setOf(1)->Contains(nullptr); }), -100);
@@ -66,7 +67,7 @@ TEST(SetTest, CombinesSets) {
 
 // Against a plain list, with an iterator that stands anywhere while the entries move together under it.
 TEST(SetTest, MayChangeWhileItIsWalked) {
-    std::mt19937 random(20240612);
+    support::RANDOM random(20240612);
     std::vector<OBJECT> pool(200);
     std::generate(pool.begin(), pool.end(), [] { return CTHING::Create(); });
     for (int round = 0; round < 200; ++round) {

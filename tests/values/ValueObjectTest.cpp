@@ -30,7 +30,7 @@ std::string Answers(const VALUEOBJECT& left, const RIGHT& right, OPTION option) 
     std::string answers;
     for (int type = 0; type < 12; ++type) {
         int answer = -1;
-        const int failure = FailureOf([&] { answer = left->Cmp(right, TYPE{type}, option); });
+        const auto failure = FailureOf([&] { answer = left->Cmp(right, TYPE{type}, option); });
         answers += failure == 138 ? 'x' : failure == 0 ? static_cast<char>('0' + answer) : '?';
     }
     return answers;
@@ -236,10 +236,14 @@ TEST(ValueObjectTest, HoldsAValue) {
     EXPECT_EQ(object->GetUseCount(), 1);
     EXPECT_EQ(object->GetValue(), CVALUE::Null());
     object->SetValue(5L);
-    EXPECT_TRUE(*object == CVALUE(5L) && CVALUE(5L) == *object);
-    EXPECT_FALSE(*object != CVALUE(5L) || CVALUE(5L) != *object);
-    EXPECT_TRUE(*object != CVALUE(5.0) && CVALUE(short{5}) != *object);
-    EXPECT_FALSE(*object == CVALUE(5.0) || CVALUE(short{5}) == *object);
+    EXPECT_EQ(*object, CVALUE(5L));
+    EXPECT_EQ(CVALUE(5L), *object);
+    EXPECT_FALSE(*object != CVALUE(5L));
+    EXPECT_FALSE(CVALUE(5L) != *object);
+    EXPECT_NE(*object, CVALUE(5.0));
+    EXPECT_NE(CVALUE(short{5}), *object);
+    EXPECT_FALSE(*object == CVALUE(5.0));
+    EXPECT_FALSE(CVALUE(short{5}) == *object);
     EXPECT_EQ(FailureOf([&] { return object->GetKeyValue("value"); }), 151);
     EXPECT_EQ(FailureOf([&] { return object->Clone(); }), 150);
     EXPECT_EQ(ValueOf(made), CVALUE(5L));

@@ -104,8 +104,11 @@ TEST(ValueTest, EachTypeIsWhatIsToldOfIt) {
         for (const auto& accessor : kAccessors) {
             const int failure = accessor.type == type ? 0 : 138;
             EXPECT_EQ(FailureOf([&] { return accessor.isZero(sample.value); }), failure) << Printed(accessor.type);
-            EXPECT_TRUE(failure != 0 || (accessor.isZero(cleared) && accessor.isZero(zero)));
-            EXPECT_TRUE(failure != 0 || type == Type::DateTime || !accessor.isZero(sample.value));
+            if (failure == 0) {
+                EXPECT_TRUE(accessor.isZero(cleared)) << Printed(type);
+                EXPECT_TRUE(accessor.isZero(zero)) << Printed(type);
+                EXPECT_EQ(accessor.isZero(sample.value), type == Type::DateTime) << Printed(type);
+            }
         }
         EXPECT_EQ(cleared.GetType(), type);
         EXPECT_EQ(cleared, zero);
@@ -127,8 +130,10 @@ TEST(ValueTest, EachTypeIsWhatIsToldOfIt) {
 
 TEST(ValueTest, IsMadeOfWhatItIsGiven) {
     EXPECT_EQ(CVALUE(1).GetType(), Type::Bool);
-    EXPECT_TRUE(CVALUE(true) == CVALUE::True() && CVALUE(0) == CVALUE::False());
-    EXPECT_TRUE(CVALUE(5).ToBool() == 5 && CVALUE(5) != CVALUE::True()) << "kept as it is";
+    EXPECT_EQ(CVALUE(true), CVALUE::True());
+    EXPECT_EQ(CVALUE(0), CVALUE::False());
+    EXPECT_EQ(CVALUE(5).ToBool(), 5) << "kept as it is";
+    EXPECT_NE(CVALUE(5), CVALUE::True()) << "kept as it is";
     EXPECT_EQ(CVALUE(), CVALUE::Null());
     EXPECT_EQ(CVALUE(static_cast<const char*>(nullptr)).ToString(), "");
     EXPECT_EQ(CVALUE(std::string("ab\0c", 4)).GetSize(), 3U);
@@ -254,35 +259,75 @@ TEST(ValueTest, HoldsOneReferenceOfAnObject) {
 }
 
 TEST(ValueTest, EqualsOnlyThePlainValueOfItsType) {
-    EXPECT_TRUE(CVALUE(short{5}) == short{5} && short{5} == CVALUE(short{5}));
-    EXPECT_TRUE(CVALUE(5L) == 5L && 5L == CVALUE(5L) && CVALUE(5L) != 6L && 6L != CVALUE(5L));
-    EXPECT_TRUE(CVALUE(5UL) == 5UL && CVALUE(5UL) != 5L && CVALUE(5L) != short{5} && CVALUE(5L) != 5.0);
-    EXPECT_TRUE(CVALUE(5) == 5 && 5 == CVALUE(5) && CVALUE(5L) != 5 && CVALUE(true) == true && CVALUE(0) == 0);
+    EXPECT_EQ(CVALUE(short{5}), short{5});
+    EXPECT_EQ(short{5}, CVALUE(short{5}));
+    EXPECT_EQ(CVALUE(5L), 5L);
+    EXPECT_EQ(5L, CVALUE(5L));
+    EXPECT_NE(CVALUE(5L), 6L);
+    EXPECT_NE(6L, CVALUE(5L));
+    EXPECT_EQ(CVALUE(5UL), 5UL);
+    EXPECT_NE(CVALUE(5UL), 5L);
+    EXPECT_NE(CVALUE(5L), short{5});
+    EXPECT_NE(CVALUE(5L), 5.0);
+    EXPECT_EQ(CVALUE(5), 5);
+    EXPECT_EQ(5, CVALUE(5));
+    EXPECT_NE(CVALUE(5L), 5);
+    EXPECT_EQ(CVALUE(true), true);
+    EXPECT_EQ(CVALUE(0), 0);
     const unsigned short word = 5;
-    EXPECT_TRUE(CVALUE(word) == word && CVALUE(word) != short{5} && word == CVALUE(word));
-    EXPECT_TRUE(CVALUE(0.5F) == 0.5F && CVALUE(0.5F) != 0.5 && 0.5 == CVALUE(0.5) && 0.5F != CVALUE(0.5));
-    EXPECT_TRUE(CVALUE("abc") == "abc" && "abc" == CVALUE("abc") && CVALUE("abc") != "ABC" && CVALUE("\xE9") != "e");
-    EXPECT_TRUE(CVALUE("abc") == std::string("abc") && std::string("ab") != CVALUE("abc"));
-    EXPECT_TRUE(CVALUE("") == static_cast<const char*>(nullptr) && CVALUE() != static_cast<const char*>(nullptr));
-    EXPECT_TRUE(CVALUE(kDate) == kDate && kDate == CVALUE(kDate) && CVALUE(kDate) != CDATETIME(kDate, CTIME()));
+    EXPECT_EQ(CVALUE(word), word);
+    EXPECT_NE(CVALUE(word), short{5});
+    EXPECT_EQ(word, CVALUE(word));
+    EXPECT_EQ(CVALUE(0.5F), 0.5F);
+    EXPECT_NE(CVALUE(0.5F), 0.5);
+    EXPECT_EQ(0.5, CVALUE(0.5));
+    EXPECT_NE(0.5F, CVALUE(0.5));
+    EXPECT_EQ(CVALUE("abc"), "abc");
+    EXPECT_EQ("abc", CVALUE("abc"));
+    EXPECT_NE(CVALUE("abc"), "ABC");
+    EXPECT_NE(CVALUE("\xE9"), "e");
+    EXPECT_EQ(CVALUE("abc"), std::string("abc"));
+    EXPECT_NE(std::string("ab"), CVALUE("abc"));
+    EXPECT_EQ(CVALUE(""), static_cast<const char*>(nullptr));
+    EXPECT_NE(CVALUE(), static_cast<const char*>(nullptr));
+    EXPECT_EQ(CVALUE(kDate), kDate);
+    EXPECT_EQ(kDate, CVALUE(kDate));
+    EXPECT_NE(CVALUE(kDate), CDATETIME(kDate, CTIME()));
     const CDATETIME moment(kDate, kTime);
-    EXPECT_TRUE(CVALUE(moment) == moment && moment == CVALUE(moment) && CVALUE(moment) != CDATETIME());
-    EXPECT_TRUE(CVALUE(kTime) == kTime && kTime == CVALUE(kTime) && CVALUE(kTime) != CTIME());
-    EXPECT_TRUE(CVALUE(kTime) == CTIMESPAN(25509) && CTIMESPAN(25509) == CVALUE(kTime) && CVALUE(5L) != CTIMESPAN(5));
-    EXPECT_TRUE(CVALUE(kGuid) == kGuid && kGuid == CVALUE(kGuid) && CVALUE(kGuid) != GUID{} && CVALUE() != GUID{});
+    EXPECT_EQ(CVALUE(moment), moment);
+    EXPECT_EQ(moment, CVALUE(moment));
+    EXPECT_NE(CVALUE(moment), CDATETIME());
+    EXPECT_EQ(CVALUE(kTime), kTime);
+    EXPECT_EQ(kTime, CVALUE(kTime));
+    EXPECT_NE(CVALUE(kTime), CTIME());
+    EXPECT_EQ(CVALUE(kTime), CTIMESPAN(25509));
+    EXPECT_EQ(CTIMESPAN(25509), CVALUE(kTime));
+    EXPECT_NE(CVALUE(5L), CTIMESPAN(5));
+    EXPECT_EQ(CVALUE(kGuid), kGuid);
+    EXPECT_EQ(kGuid, CVALUE(kGuid));
+    EXPECT_NE(CVALUE(kGuid), GUID{});
+    EXPECT_NE(CVALUE(), GUID{});
 
     const OWNED object = AdoptObject(new COWNED);
     const CSHAREOBJECT* const constant = object;
     const CVALUE held(object);
-    EXPECT_TRUE(held == object && object == held && held == object.Get() && constant == held);
-    EXPECT_TRUE(held != AdoptObject(new COWNED) && held != OWNED() && CVALUE(OWNED()) == OWNED() &&
-                CVALUE() != OWNED());
+    EXPECT_EQ(held, object);
+    EXPECT_EQ(object, held);
+    EXPECT_EQ(held, object.Get());
+    EXPECT_EQ(constant, held);
+    EXPECT_NE(held, AdoptObject(new COWNED));
+    EXPECT_NE(held, OWNED());
+    EXPECT_EQ(CVALUE(OWNED()), OWNED());
+    EXPECT_NE(CVALUE(), OWNED());
 
     // Among values floats are compared by their bytes, with plain ones by their numbers.
     const double nan = std::nan("");
-    EXPECT_TRUE(CVALUE(0.0) != CVALUE(-0.0) && CVALUE(0.0) == -0.0);
-    EXPECT_TRUE(CVALUE(nan) == CVALUE(nan) && CVALUE(nan) != nan);
-    EXPECT_TRUE(CVALUE(0.0) == _variant_t(-0.0) && CVALUE(0.0F) == _variant_t(-0.0F));
+    EXPECT_NE(CVALUE(0.0), CVALUE(-0.0));
+    EXPECT_EQ(CVALUE(0.0), -0.0);
+    EXPECT_EQ(CVALUE(nan), CVALUE(nan));
+    EXPECT_NE(CVALUE(nan), nan);
+    EXPECT_EQ(CVALUE(0.0), _variant_t(-0.0));
+    EXPECT_EQ(CVALUE(0.0F), _variant_t(-0.0F));
     const std::unordered_set<CVALUE> set{5L, short{5}, "5", 5.0, 5L, "5", 5.0};
     EXPECT_EQ(set.size(), 4U);
 }
