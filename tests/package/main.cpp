@@ -2,12 +2,13 @@
 
 #include <iostream>
 #include <string>
+#include <vector>
 
 using namespace MLCore;
 
-// A class of one's own: its properties have names, a stream writes its objects and makes them again by their class.
-class CORDER : public CSERIALIZABLEOBJECT {
-    MLCORE_CLASS(CORDER, CSERIALIZABLEOBJECT)
+// Your own class: its properties have names, and a stream writes its objects and creates them again.
+class CORDER : public CSERIALIZABLEOBJECT, public CKEYNAMES {
+    MLCORE_CLASS(CORDER, CSERIALIZABLEOBJECT, CKEYNAMES)
 public:
     CORDER() = default;
     CORDER(const char* customer, double amount, CDATE day) : mCustomer(customer), mAmount(amount), mDay(day) {}
@@ -18,9 +19,10 @@ public:
         if (key == "day") return CVALUEOBJECT::Create(mDay);
         return CSERIALIZABLEOBJECT::GetKeyValue(key);  // fails: an unknown key
     }
+    std::vector<std::string> GetKeyNames() const override { return {"customer", "amount", "day"}; }
     void WriteState(CWRITER& writer) const override {
         writer << mAmount << mDay << static_cast<long>(mCustomer.size())
-               << mCustomer;  // texts do not tell their length
+               << mCustomer;  // a text is written without its length
     }
     void ReadState(CREADER& reader) override {
         long length = 0;
@@ -35,14 +37,14 @@ private:
 };
 MLCORE_REGISTER_CLASS(CORDER)
 
-int main() {
+int main() try {
     CBUFFERSTREAM stream;
     stream.Open();
     stream.SetObject(AdoptObject(new CORDER("Martin", 250, CDATE(30, 4, 2026))));  // day, month, year
     stream.SetObject(AdoptObject(new CORDER("Dupont", 99.5, CDATE(13, 7, 2026))));
     stream.SetObject(AdoptObject(new CORDER("Almeida", 1200, CDATE(24, 12, 2026))));
 
-    stream.Open();  // back at its begin
+    stream.Open();  // back to the beginning
     const auto orders = CMEMARRAY::Create();
     while (!stream.IsEnd()) orders->AddObject(stream.GetObject());
 
@@ -53,4 +55,7 @@ int main() {
         std::cout << ValueOf(order->GetKeyValue("customer")) << " gets it after " << day.ToStringXML() << ", on "
                   << NextDateOuvre(day, nullptr).ToStringXML() << '\n';  // the next business day, in France
     }
+} catch (const FrameworkException& failure) {
+    std::cerr << failure << '\n';
+    return 1;
 }
