@@ -61,17 +61,13 @@ inCode { print; next }
 {
     rest = $0
     line = ""
-    while (match(rest, /\[[^]]*\]\([^)]*\)/)) {
-        link = substr(rest, RSTART, RLENGTH)
+    while (match(rest, /\]\([^)]*\)/)) {  # the text of a link may begin on an earlier line
         line = line substr(rest, 1, RSTART - 1)
+        target = substr(rest, RSTART + 2, RLENGTH - 3)
         rest = substr(rest, RSTART + RLENGTH)
-        text = link
-        sub(/\]\(.*$/, "", text)
-        target = link
-        sub(/^.*\]\(/, "", target)
-        sub(/\)$/, "", target)
         if (target !~ /^[a-z]+:/) target = Target(target)
-        line = line (target == "" ? substr(text, 2) : text "](" target ")")
+        if (target != "") line = line "](" target ")"
+        else if (match(line, /\[[^[]*$/)) line = substr(line, 1, RSTART - 1) substr(line, RSTART + 1)
     }
     print line rest
 }
