@@ -20,7 +20,7 @@ struct MLCORE_TEMPLATE_API noautorelease {};
 ///
 ///     class CMANAGER : public CSINGLETON<CMANAGER, autorelease> {
 ///         friend class CSINGLETON<CMANAGER, autorelease>;
-///         CMANAGER();
+///         CMANAGER() = default;
 ///     };
 ///     CMANAGER::GetInstance()->...
 ///

@@ -9,8 +9,8 @@ namespace MLCore {
 
 /// Quotes the fields of a semicolon-separated file.
 ///
-///     Encode("a;b")        // "a;b" in double quotes
-///     Encode("say \"hi\"") // in double quotes, with each inner one doubled
+///     Encode("a;b");         // "a;b" in double quotes
+///     Encode("say \"hi\"");  // in double quotes, with each inner one doubled
 ///
 /// Every text comes back from Decode(Encode(text)), except that double quotes next to each other become one. Quoting looks
 /// for ";" whatever the separator of the file is.

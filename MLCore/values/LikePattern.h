@@ -10,9 +10,9 @@ namespace MLCore {
 
 /// 1 when `text` matches `pattern`, where each "?" stands for any run of characters, the empty one too:
 ///
-///     MatchesLike("Dupont", "Du?", option)      // begins
-///     MatchesLike("Dupont", "?pon?", option)    // contains
-///     MatchesLike("Dupont", "D?t", option)      // begins and ends
+///     MatchesLike("Dupont", "Du?", option);     // begins
+///     MatchesLike("Dupont", "?pon?", option);   // contains
+///     MatchesLike("Dupont", "D?t", option);     // begins and ends
 ///
 /// Option 0 takes characters as they are; option 1 upper-cases both texts; option 2 takes the accents off both, and case
 /// still counts. An unknown option is exact.

@@ -1,0 +1,45 @@
+// The examples of the folder's headers: see header_examples.cmake.
+
+#include <gtest/gtest.h>
+#include <predicates/Trees.h>
+
+namespace {
+
+using namespace predicates_test;
+
+CSHAREOBJECTPTR<CARRAY> Orders() {
+    return CMEMARRAY::Create({Record({{"customer", Object("b")}, {"sales", Object(1L)}, {"amount", Object(2000L)}}),
+                              Record({{"customer", Object("A")}, {"sales", Object(2L)}, {"amount", Object(500L)}}),
+                              Record({{"customer", Object("A")}, {"sales", Object(3L)}, {"amount", Object(700L)}})});
+}
+
+TEST(PredicatesExamplesTest, Predicate) {
+    const auto orders = Orders();
+#include "header_examples/CPREDICATE.inc"
+    ASSERT_EQ(large->GetCount(), 1);
+    EXPECT_EQ(large->First(), orders->First());
+}
+
+TEST(PredicatesExamplesTest, Helper) {
+#include "header_examples/CPREDICATEHELPER.inc"
+    EXPECT_EQ(helper.GetStrSQL(), "name = 'O''Brien'");
+    EXPECT_NE(helper.GetStr().find("CVALUEEXPRESSION(O'Brien)"), std::string::npos) << helper.GetStr();
+}
+
+TEST(PredicatesExamplesTest, Visitor) {
+#include "header_examples/CPREDICATEVISITOR.inc"
+    KEYS keys;
+    Comparison("a < b")->Accept(keys);
+    EXPECT_EQ(keys.keys, (std::vector<std::string>{"a", "b"}));
+}
+
+TEST(PredicatesExamplesTest, Sorting) {
+    const auto orders = Orders();
+#include "header_examples/CSORTDESCRIPTORBUILDER.inc"
+#include "header_examples/SortArray.inc"
+    const auto sorted = SortArray(orders, CSORTDESCRIPTORBUILDER::Create("+customer; -sales"));
+    EXPECT_EQ(sorted->First(), orders->Last());
+    EXPECT_EQ(sorted->Last(), orders->First());
+}
+
+}  // namespace
