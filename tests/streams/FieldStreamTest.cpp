@@ -36,7 +36,7 @@ TEST(FieldStreamTest, ReadsFieldsAndLines) {
         {"\"open;1\n2;3", "\"open;1|/2|3|/"},
         {"a\"b;c\"d;e", "a\"b;c\"d|e|/"},
         {std::string("\0;b\0\n"sv), std::string("\0|b\0|/"sv)},
-        {lengthy + ";b", std::string(32767, 'x') + "|" + std::string(40000 - 32767, 'x') + "|b|/"}};
+        {lengthy + ";b", lengthy.substr(0, 32767) + "|" + lengthy.substr(32767) + "|b|/"}};
     for (const bool hasPosition : {true, false}) {
         for (const auto& [data, expected] : rows) {
             FIELDINPUT input(data, hasPosition, ';', csv);
@@ -87,9 +87,9 @@ TEST(FieldStreamTest, ReadsTheSameAheadInMemoryAndByteByByte) {
         return all;
     };
     const std::string expected = read(asked, hidden);
-    EXPECT_EQ(read(asked, asked), expected);
-    EXPECT_EQ(read(buffer, buffer), expected);
-    EXPECT_EQ(read(file, file), expected);
+    EXPECT_TRUE(read(asked, asked) == expected);
+    EXPECT_TRUE(read(buffer, buffer) == expected);
+    EXPECT_TRUE(read(file, file) == expected);
 }
 
 /// Makes texts longer, which must not make them longer than a caller's buffer.
