@@ -15,6 +15,7 @@
 #include <MLCore/core/CSINGLETON.h>
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/core/FAILUREPART.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/core/FrameworkException.h>

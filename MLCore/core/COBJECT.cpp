@@ -3,12 +3,12 @@
 #include <MLCore/core/CINDEXEDACCESS.h>
 #include <MLCore/core/CKEYNAMES.h>
 #include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/core/detail/KEYSTEPS.h>
 #include <MLCore/core/detail/NearestName.h>
 
 #include <cstring>
-#include <typeinfo>
 #include <vector>
 
 namespace MLCore {
@@ -45,7 +45,7 @@ void SetValueAtStep(COBJECT* object, const STEP& step, COBJECT* value) {
 // A key that is unknown in the middle of a path is named with its path, unless the object that was asked threw an exception of
 // its own kind. Called while the failure is handled.
 [[noreturn]] void FailInPath(const FrameworkException& failure, const std::string& keyPath, int step) {
-    const bool isPlain = typeid(failure) == typeid(FrameworkException) && failure.GetClass() == kErrUnknownKey &&
+    const bool isPlain = IsExactly<FrameworkException>(failure) && failure.GetClass() == kErrUnknownKey &&
                          failure.GetMsg() == kErrUnknownKey && failure.GetText() != nullptr;
     if (!isPlain) {
         throw;

@@ -1,0 +1,26 @@
+/// \file
+/// The class of an object itself, where a class derived from it may do things in its own way.
+#pragma once
+
+#include <typeinfo>
+
+namespace MLCore {
+
+/// True when `object` is of one of these classes itself; false for an object of a class derived from them. Code that takes a
+/// short cut around a virtual function asks this first.
+///
+///     if (IsExactly<CVALUEOBJECT>(*object)) {
+///         return static_cast<const CVALUEOBJECT&>(*object).GetValue();
+///     }
+template <class... Classes, class Object>
+[[nodiscard]] bool IsExactly(const Object& object) noexcept;
+
+template <class... Classes, class Object>
+bool IsExactly(const Object& object) noexcept {
+    static_assert(sizeof...(Classes) > 0, "name the classes: IsExactly<CVALUEOBJECT>(object)");
+    const std::type_info& type = typeid(object);
+    // The addresses first: they nearly always answer. Only modules with descriptions of their own need the names.
+    return ((&type == &typeid(Classes)) || ...) || ((type == typeid(Classes)) || ...);
+}
+
+}  // namespace MLCore
