@@ -1,8 +1,10 @@
 """How GDB shows MLCore's objects: holders, values, dates and times, collections.
 
 Loaded by itself with an installed shared library, where GDB's auto-load finds it; otherwise "source mlcore_gdb.py".
-Fields are read by their names from the program's debug information, and functions of the program are never called, so that core
-files are shown, too. Texts are code page 1252. Plain std::string variables are shown so after "set target-charset CP1252".
+The library needs no debug information. GCC describes a class with virtual functions only where it emits their table, so a program
+knows nothing of the library's collections: an object's class is read from the symbol of its table, and what it holds from the
+places below. Functions of the program are never called, so core files are shown, too. Texts are code page 1252. Plain std::string
+variables are shown so after "set target-charset CP1252".
 """
 
 import struct
@@ -33,142 +35,134 @@ def quoted(data, length):
     return '"' + text + '"' + ("..." if length > shown else "")
 
 
-def bare(type_):
-    return type_.strip_typedefs().unqualified()
+# Where members stand in objects of the library, in bytes, on 64-bit systems with libstdc++. tests/debugger/ compares.
+USE_COUNT = 8  # of CSHAREOBJECT
+VALUE = 12  # of CVALUEOBJECT
+VALUE_PAYLOAD = 4  # of CVALUE; its type is in front
+ARRAY = 24  # of CMEMARRAY: a vector of holders
+SET = 16  # of CMEMSET: a vector of entries
+SET_ENTRY, SET_HOLDER = 16, 8
+DICTIONARY, DICTIONARY_TREE = 16, 40  # of CMEMDICTIONARY: a vector of entries, or a pointer to a set of them when there are many
+DICTIONARY_ENTRY, DICTIONARY_HOLDER = 40, 32  # the key is in front
+TREE_FIRST, TREE_COUNT = 24, 40  # of std::set
+NODE_PARENT, NODE_LEFT, NODE_RIGHT, NODE_ENTRY = 8, 16, 24, 32
 
 
-def name_of(type_):
-    return str(bare(type_))
+def bytes_at(address, size):
+    return bytes(gdb.selected_inferior().read_memory(address, size))
 
 
-def members(value):
-    """The members of its own class that each object has."""
-    return [value[field] for field in value.type.strip_typedefs().fields()
-            if field.name and not field.is_base_class and hasattr(field, "bitpos")]
+def unpacked(form, address):
+    return struct.unpack(form, bytes_at(address, struct.calcsize(form)))
 
 
-def std_string(value):
-    return quoted(int(value["_M_dataplus"]["_M_p"]), int(value["_M_string_length"]))
-
-
-def vector_items(vector):
-    begin, end = vector["_M_impl"]["_M_start"], vector["_M_impl"]["_M_finish"]
-    # Counted, so that a damaged one ends, too.
-    for index in range(max(0, int(end) - int(begin)) // begin.dereference().type.sizeof):
-        yield (begin + index).dereference()
-
-
-def tree_addresses(tree):
-    """Where the entries of a std::set are, in their order."""
-    header = tree["_M_t"]["_M_impl"]["_M_header"]
-    node = header["_M_left"]
-    head = bare(node.type).target().sizeof
-    # Counted, so that damaged links end, too.
-    for _ in range(int(tree["_M_t"]["_M_impl"]["_M_node_count"])):
-        yield int(node) + head
-        if node["_M_right"]:
-            node = node["_M_right"]
-            while node["_M_left"]:
-                node = node["_M_left"]
-        else:
-            parent = node["_M_parent"]
-            while node == parent["_M_right"]:
-                node, parent = parent, parent["_M_parent"]
-            if node["_M_right"] != parent:
-                node = parent
+def word(address):
+    return unpacked("<Q", address)[0]
 
 
 def at(address, type_):
     return gdb.Value(address).cast(type_.pointer()).dereference()
 
 
-def key_and_object(entry):
-    """The text and the holder of an entry, whatever it calls them."""
-    key = holder = None
-    for member in members(entry):
-        name = name_of(member.type)
-        if name.startswith("std::__cxx11::basic_string<char"):
-            key = member
-        elif name.startswith("MLCore::CSHAREOBJECTPTR<"):
-            holder = member
-    return key, holder
+def std_string(address):
+    return quoted(*unpacked("<QQ", address))
 
 
-def keyed_objects(value):
-    """The keys and holders in a container, or in those that a class holds: a dictionary keeps few otherwise than many."""
-    type_ = bare(value.type)
-    name = str(type_)
-    if name.startswith("std::vector<"):
-        yield from map(key_and_object, vector_items(value))
-    elif name.startswith("std::set<"):
-        for address in tree_addresses(value):
-            yield key_and_object(at(address, type_.template_argument(0)))
-    elif name.startswith("std::unique_ptr<"):
-        owned = at(int(value.address), type_.template_argument(0).pointer())
-        if owned:
-            yield from keyed_objects(owned.dereference())
-    elif name.startswith("MLCore::") and type_.code == gdb.TYPE_CODE_STRUCT:
-        for member in members(value):
-            yield from keyed_objects(member)
+def std_vector(address, size):
+    """Where the elements of a std::vector are."""
+    begin, end = unpacked("<QQ", address)
+    return range(begin, end - size + 1, size)
 
 
-def is_derived(type_, base):
-    type_ = bare(type_)
-    return type_.name == base or any(is_derived(field.type, base) for field in type_.fields() if field.is_base_class)
+def std_set(address):
+    """Where the elements of a std::set are, in their order."""
+    node = word(address + TREE_FIRST)
+    # Counted, so that damaged links end, too.
+    for _ in range(word(address + TREE_COUNT)):
+        yield node + NODE_ENTRY
+        right = word(node + NODE_RIGHT)
+        if right:
+            node = right
+            while word(node + NODE_LEFT):
+                node = word(node + NODE_LEFT)
+        else:
+            while node == word(word(node + NODE_PARENT) + NODE_RIGHT):
+                node = word(node + NODE_PARENT)
+            node = word(node + NODE_PARENT)
 
 
-class Held:
-    """An object behind a pointer, seen as the class that it is. What the debug information does not tell stays out: `object` and
-    `count` are None. GCC describes classes with virtual functions only where it makes their tables, so those of the library are
-    known when the library has debug information, or the program was compiled with -femit-class-debug-always."""
-
-    def __init__(self, pointer):
-        self.name, self.object, self.count = "null", None, None
-        if not int(pointer):
-            return
-        try:
-            actual = pointer.dynamic_type
-            target = bare(actual.target())
-            self.name = str(target)
-            if actual == pointer.type:
-                self.name = name_from_table(int(pointer)) or self.name
-            if target.fields():
-                self.object = pointer.cast(actual).dereference()
-            if is_derived(target, "MLCore::CSHAREOBJECT"):
-                self.count = use_count(int(self.object.cast(gdb.lookup_type("MLCore::CSHAREOBJECT")).address))
-        except gdb.error:
-            self.name = "unreadable"
-
-    def __str__(self):
-        return self.name if self.count is None else with_count(self.name, self.count)
+# The elements of a collection: where their keys are, in a dictionary, and their holders.
+def array_elements(address):
+    return ((None, place) for place in std_vector(address + ARRAY, 8))
 
 
-def with_count(name, count):
-    return "%s, %d reference%s" % (name, count, "" if count == 1 else "s")
+def set_elements(address):
+    # Elements that were removed leave holes.
+    places = (entry + SET_HOLDER for entry in std_vector(address + SET, SET_ENTRY))
+    return ((None, place) for place in places if word(place))
 
 
-def use_count(address):
-    """Of a CSHAREOBJECT: the number behind its pointer to the virtual functions."""
-    word = gdb.lookup_type("void").pointer().sizeof
-    return struct.unpack("<i", bytes_at(address + word, 4))[0]
+def dictionary_elements(address):
+    tree = word(address + DICTIONARY_TREE)
+    for entry in std_set(tree) if tree else std_vector(address + DICTIONARY, DICTIONARY_ENTRY):
+        yield entry, entry + DICTIONARY_HOLDER
 
 
-def shared_text(address):
-    """Any CSHAREOBJECT."""
-    return with_count(name_from_table(address) or "unknown class", use_count(address))
+COLLECTIONS = {"MLCore::CMEMARRAY": array_elements, "MLCore::CMEMSET": set_elements,
+               "MLCore::CMEMDICTIONARY": dictionary_elements}
 
 
-def name_from_table(address):
-    """The class of an object without debug information, from the name of its table of virtual functions."""
-    table = int(gdb.Value(address).cast(gdb.lookup_type("void").pointer().pointer()).dereference())
+def class_name(table):
+    """The class of a table of virtual functions, from its symbol."""
     symbol = gdb.execute("info symbol %d" % table, to_string=True)
     if not symbol.startswith("vtable for "):
         return None
     return symbol[len("vtable for "):].split(" in section ")[0].rsplit(" + ", 1)[0].strip()
 
 
-def bytes_at(address, size):
-    return bytes(gdb.selected_inferior().read_memory(address, size))
+def complete_type(name):
+    """The class of this name, when the debug information describes it."""
+    try:
+        type_ = gdb.lookup_type(name)
+        return type_ if type_.fields() else None
+    except (gdb.error, TypeError):
+        return None
+
+
+class Held:
+    """The object at an address, seen as the class that it is. `address` is that of the whole object; `type` is None when the debug
+    information does not describe the class."""
+
+    def __init__(self, address):
+        self.name, self.address, self.type, self.references = "null", address, None, ""
+        if not address:
+            return
+        try:
+            table = word(address)
+            # A pointer to a second base points into the object.
+            self.address += unpacked("<q", table - 16)[0]
+            self.name = class_name(table) or "unknown class"
+            self.type = complete_type(self.name)
+            count = unpacked("<i", self.address + USE_COUNT)[0]
+            self.references = " (%d reference%s)" % (count, "" if count == 1 else "s")
+        except gdb.error:
+            self.name = "unreadable"
+
+    def text(self):
+        return self.contents() + self.references
+
+    def contents(self):
+        if self.name in COLLECTIONS:
+            return "%s of %d" % (self.name, sum(1 for _ in COLLECTIONS[self.name](self.address)))
+        if self.name == "MLCore::CVALUEOBJECT":
+            return "CVALUEOBJECT(%s)" % value_text(self.address + VALUE)
+        return self.name
+
+    def members(self):
+        """What the class adds to the library's: names and values."""
+        value = at(self.address, self.type)
+        return [(field.name, value[field]) for field in self.type.fields()
+                if hasattr(field, "bitpos") and not (field.is_base_class and field.name.startswith("MLCore::"))]
 
 
 def date_text(day, month, year):
@@ -186,6 +180,48 @@ def date_time_text(day, month, year, seconds):
     return date if date == "null" else date + " " + time_text(seconds)
 
 
+def guid_text(raw):
+    first, second, third = struct.unpack_from("<IHH", raw)
+    return "{%08X-%04X-%04X-%s-%s}" % (first, second, third, raw[8:10].hex().upper(), raw[10:16].hex().upper())
+
+
+# The kinds of values by their numbers.
+KINDS = ("Unknown", "Short", "UShort", "Long", "ULong", "Date", "Time", "String", "Float", "Double", "DateTime", "Bool", "Object",
+         "Guid")
+# What stands in the value itself.
+INLINE = {"Short": "<h", "UShort": "<H", "Long": "<i", "ULong": "<I", "Bool": "<i", "Time": "<i"}
+# What stands in a block: its size, and how its bytes are shown.
+BLOCKS = {
+    "Date": (6, lambda raw: date_text(*struct.unpack("<hhh", raw))),
+    "DateTime": (10, lambda raw: date_time_text(*struct.unpack("<hhhi", raw))),
+    "Float": (4, lambda raw: "%.7g" % struct.unpack("<f", raw)),
+    "Double": (8, lambda raw: repr(struct.unpack("<d", raw)[0])),
+    "Guid": (16, guid_text),
+}
+
+
+def value_text(address):
+    """A CVALUE."""
+    number = unpacked("<i", address)[0]
+    kind = KINDS[number] if 0 <= number < len(KINDS) else "damaged"
+    payload = address + VALUE_PAYLOAD
+    if kind in INLINE:
+        number = unpacked(INLINE[kind], payload)[0]
+        return "%s %s" % (kind, time_text(number) if kind == "Time" else number)
+    if kind == "String":
+        # In front of the text stands its length.
+        block = word(payload)
+        return "String " + quoted(block, word(block - 8) if block else 0)
+    if kind == "Object":
+        held = Held(word(payload))
+        return "Object " + held.name + held.references
+    if kind in BLOCKS:
+        size, shown = BLOCKS[kind]
+        block = word(payload)
+        return "%s %s" % (kind, shown(bytes_at(block, size) if block else bytes(size)))
+    return kind
+
+
 class Printer:
     def __init__(self, value):
         self.value = value
@@ -194,14 +230,24 @@ class Printer:
 class HolderPrinter(Printer):
     def __init__(self, value):
         super().__init__(value)
-        self.held = Held(value["mObject"])
+        self.held = Held(int(value["mObject"]))
 
     def to_string(self):
-        return str(self.held)
+        return self.held.text()
 
     def children(self):
-        if self.held.object is not None:
-            yield "object", self.held.object
+        if self.held.name in COLLECTIONS:
+            for index, (key, place) in enumerate(COLLECTIONS[self.held.name](self.held.address)):
+                if key:
+                    yield "key%d" % index, std_string(key)
+                yield "[%d]" % index, at(place, self.value.type)
+        elif self.held.type and self.held.name != "MLCore::CVALUEOBJECT":
+            yield from self.held.members()
+
+    def display_hint(self):
+        if self.held.name in COLLECTIONS:
+            return "map" if self.held.name == "MLCore::CMEMDICTIONARY" else "array"
+        return None
 
 
 class DatePrinter(Printer):
@@ -228,98 +274,15 @@ class TimeSpanPrinter(Printer):
         return "%s%d:%02d:%02d" % (sign, seconds // 3600, seconds // 60 % 60, seconds % 60)
 
 
-def guid_text(raw):
-    first, second, third = struct.unpack_from("<IHH", raw)
-    return "{%08X-%04X-%04X-%s-%s}" % (first, second, third, raw[8:10].hex().upper(), raw[10:16].hex().upper())
-
-
 class ValuePrinter(Printer):
-    # What stands in the value itself.
-    INLINE = {"Short": "<h", "UShort": "<H", "Long": "<i", "ULong": "<I", "Bool": "<i", "Time": "<i"}
-    # What stands in a block: its size, and how its bytes are shown.
-    BLOCKS = {
-        "Date": (6, lambda raw: date_text(*struct.unpack("<hhh", raw))),
-        "DateTime": (10, lambda raw: date_time_text(*struct.unpack("<hhhi", raw))),
-        "Float": (4, lambda raw: "%.7g" % struct.unpack("<f", raw)),
-        "Double": (8, lambda raw: repr(struct.unpack("<d", raw)[0])),
-        "Guid": (16, guid_text),
-    }
-
     def to_string(self):
-        kind = str(self.value["mType"]).split("::")[-1]
-        payload = bytes_at(int(self.value["mPayload"].address), 8)
-        if kind in self.INLINE:
-            number = struct.unpack_from(self.INLINE[kind], payload)[0]
-            return "%s %s" % (kind, time_text(number) if kind == "Time" else number)
-        block = struct.unpack("<Q", payload)[0]
-        if kind == "String":
-            # In front of the text stands its length.
-            length = struct.unpack("<Q", bytes_at(block - 8, 8))[0] if block else 0
-            return "String " + quoted(block, length)
-        if kind == "Object":
-            return "Object " + (shared_text(block) if block else "null")
-        if kind in self.BLOCKS:
-            size, shown = self.BLOCKS[kind]
-            return "%s %s" % (kind, shown(bytes_at(block, size) if block else bytes(size)))
-        return kind
-
-
-class ValueObjectPrinter(Printer):
-    def to_string(self):
-        return "CVALUEOBJECT(%s)" % ValuePrinter(self.value["mValue"]).to_string()
-
-
-class CollectionPrinter(Printer):
-    """Elements as children; a class derives from it and gives `items`."""
-
-    def count(self):
-        return sum(1 for _ in self.items())
-
-    def to_string(self):
-        return "%s of %d" % (name_of(self.value.type), self.count())
-
-    def children(self):
-        for index, item in enumerate(self.items()):
-            yield "[%d]" % index, item
-
-    def display_hint(self):
-        return "array"
-
-
-class ArrayPrinter(CollectionPrinter):
-    def count(self):
-        elements = self.value["mObjects"]["_M_impl"]
-        return int(elements["_M_finish"] - elements["_M_start"])
-
-    def items(self):
-        return vector_items(self.value["mObjects"])
-
-
-class SetPrinter(CollectionPrinter):
-    def items(self):
-        # Elements that were removed leave holes.
-        return (entry["object"] for entry in vector_items(self.value["mEntries"]) if entry["object"]["mObject"])
-
-
-class DictionaryPrinter(CollectionPrinter):
-    def items(self):
-        return keyed_objects(self.value)
-
-    def children(self):
-        for index, (key, holder) in enumerate(self.items()):
-            yield "key%d" % index, std_string(key)
-            yield "value%d" % index, holder
-
-    def display_hint(self):
-        return "map"
+        return value_text(int(self.value.address))
 
 
 def build():
     printers = gdb.printing.RegexpCollectionPrettyPrinter("MLCore")
     for name, printer in (("CSHAREOBJECTPTR<.*>", HolderPrinter), ("CDATE", DatePrinter), ("CTIME", TimePrinter),
-                          ("CDATETIME", DateTimePrinter), ("CTIMESPAN", TimeSpanPrinter), ("CVALUE", ValuePrinter),
-                          ("CVALUEOBJECT", ValueObjectPrinter), ("CMEMARRAY", ArrayPrinter),
-                          ("CMEMDICTIONARY", DictionaryPrinter), ("CMEMSET", SetPrinter)):
+                          ("CDATETIME", DateTimePrinter), ("CTIMESPAN", TimeSpanPrinter), ("CVALUE", ValuePrinter)):
         printers.add_printer(name, "^MLCore::%s$" % name, printer)
     return printers
 

@@ -60,6 +60,7 @@ int main() {
     const CSHAREOBJECTPTR<COBJECT> first = Boxed(4), second = Boxed(5);
     const CSHAREOBJECTPTR<CSET> set = CMEMSET::Create({first, second});
     set->RemoveObject(first);
+    const CSHAREOBJECTPTR<CARRAY> mixed = CMEMARRAY::Create({order, nullptr, array});
     StopHere();
     return gStopped - 1;
 }
