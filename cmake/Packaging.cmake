@@ -17,6 +17,35 @@ if(NOT CPACK_GENERATOR STREQUAL "DEB")
         DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
 endif()
 
+# The examples, as sources.
+set(examplesDir "${CMAKE_INSTALL_DOCDIR}/examples")
+mlcore_extract_guide_programs("${PROJECT_BINARY_DIR}/guide_programs" names)
+list(TRANSFORM names REPLACE "(.+)" "${PROJECT_BINARY_DIR}/guide_programs/\\1.cpp" OUTPUT_VARIABLE programs)
+install(FILES ${programs} "${PROJECT_SOURCE_DIR}/cmake/examples/CMakeLists.txt"
+    DESTINATION "${examplesDir}" COMPONENT development)
+
+# For Windows, what is there must run as it is unpacked: with the libraries of the compiler, and with a program that shows it.
+if(WIN32 AND TARGET orders)
+    install(TARGETS orders RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT development)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/orders" "${PROJECT_SOURCE_DIR}/examples/data"
+        DESTINATION "${examplesDir}" COMPONENT development)
+endif()
+if(MINGW AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    foreach(name IN ITEMS libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+        execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${name}"
+            OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+        if(NOT IS_ABSOLUTE "${file}")
+            message(WARNING "The compiler has no ${name}: what is installed needs one from elsewhere")
+            continue()
+        endif()
+        # Nine tenths of them are debug information.
+        file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/runtime")
+        execute_process(COMMAND "${CMAKE_STRIP}" -o "${PROJECT_BINARY_DIR}/runtime/${name}" "${file}" COMMAND_ERROR_IS_FATAL ANY)
+        install(PROGRAMS "${PROJECT_BINARY_DIR}/runtime/${name}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime)
+    endforeach()
+    install(FILES "${PROJECT_SOURCE_DIR}/cmake/windows/NOTICE.txt" DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT runtime)
+endif()
+
 set(CPACK_PACKAGE_NAME MLCore)
 if(NOT CPACK_PACKAGE_CONTACT)
     set(CPACK_PACKAGE_CONTACT "The MLCore authors <mlcore@packages.invalid>")
