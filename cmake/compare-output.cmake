@@ -1,16 +1,17 @@
 # Runs a program and compares what it prints, its output followed by its error output, with a file:
 #   cmake -DCOMMAND=... -DEXPECTED=FILE -DSTATUS=N -DACTUAL=FILE -P compare-output.cmake
 # COMMAND is a list. What was printed is left in ACTUAL.txt and compared with EXPECTED.txt; line ends may be those of any
-# system. An argument ACTUAL.NAME is a file that the program writes, the bytes of EXPECTED.NAME, or does not leave there when
-# there is no such file.
+# system, and ACTUAL stands in it as @OUT@. An argument that ends with ACTUAL.NAME names a file that the program writes, the bytes
+# of EXPECTED.NAME, or does not leave there when there is no such file.
 cmake_minimum_required(VERSION 3.25)
 
 set(outputs "")
 foreach(argument IN LISTS COMMAND)
     string(FIND "${argument}" "${ACTUAL}." place)
-    if(place EQUAL 0)
-        list(APPEND outputs "${argument}")
-        file(WRITE "${argument}" "left by an earlier run")
+    if(NOT place EQUAL -1)
+        string(SUBSTRING "${argument}" ${place} -1 output)
+        list(APPEND outputs "${output}")
+        file(WRITE "${output}" "left by an earlier run")
     endif()
 endforeach()
 
@@ -20,6 +21,7 @@ execute_process(COMMAND ${COMMAND} OUTPUT_FILE "${ACTUAL}/out" ERROR_FILE "${ACT
 file(READ "${ACTUAL}/out" output)
 file(READ "${ACTUAL}/errors" errors)
 string(REPLACE "\r" "" actual "${output}${errors}")
+string(REPLACE "${ACTUAL}" "@OUT@" actual "${actual}")
 file(WRITE "${ACTUAL}.txt" "${actual}")
 file(READ "${EXPECTED}.txt" expected)
 

@@ -7,13 +7,13 @@
 
 namespace orders {
 
-/// Counts ten-thousandths, the finest that the order lines tell.
+/// Counts ten-thousandths, the finest amount in an order line.
 class AMOUNT {
 public:
     constexpr AMOUNT() noexcept = default;
 
-    /// Reads "[-]digits[.digits]" with at most 14 digits before the point and 4 behind it, and nothing else; false, and
-    /// the amount left alone, for any other text.
+    /// Reads "[-]digits[.digits]" with at most 14 digits before the point and 4 after it. Any other text
+    /// returns false and leaves the amount unchanged.
     [[nodiscard]] bool FromText(std::string_view text) noexcept;
     /// "-1234.5600", which FromText() reads back.
     [[nodiscard]] std::string ToText() const;

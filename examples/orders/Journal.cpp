@@ -4,6 +4,7 @@
 #include <MLCore/logging/CLOGMANAGER.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "RecordFile.h"
 
@@ -25,6 +26,8 @@ constexpr KIND kKinds[] = {
     {LogEventType::ERREUR, CLOGMANAGER::Level::ERR},
 };
 
+std::vector<std::string> gWritten;
+
 CLOGMANAGER::Level LevelOf(LogEventType type) { return kKinds[static_cast<int>(type)].level; }
 
 }  // namespace
@@ -35,9 +38,12 @@ void StartJournal(const std::string& path) {
     }
     CLOGMANAGER::SetLogFile(path.c_str());
     ForFile(path, "written", [] { CLOGMANAGER::Enable(kChannel, 1); });
+    if (!path.empty()) {
+        AddWritten(path);
+    }
 }
 
-void Tell(LogEventType type, const std::string& text) {
+void LogEvent(LogEventType type, const std::string& text) {
     std::string line = text;
     std::replace_if(
         line.begin(), line.end(), [](unsigned char character) { return character < ' '; }, '?');
@@ -45,13 +51,18 @@ void Tell(LogEventType type, const std::string& text) {
     CLOGMANAGERLOGGER(kChannel, LevelOf(type)) << type << ' ' << line << MLCore::endl;
 }
 
-void WriteCounts(std::ostream& out) {
+void AddWritten(const std::string& path) { gWritten.push_back(path); }
+
+void WriteClosing(std::ostream& out) {
     const char* separator = "Events: ";
     for (const KIND& kind : kKinds) {
         out << separator << CLOGMANAGER::GetEventCount(kChannel, kind.type) << ' ' << kind.type;
         separator = ", ";
     }
     out << '\n';
+    for (const std::string& path : gWritten) {
+        out << "Written: " << path << '\n';
+    }
 }
 
 }  // namespace orders

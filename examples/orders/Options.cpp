@@ -42,7 +42,7 @@ const CALENDARCHOICE* ReadCalendar(const std::string& text) {
     const auto* const found = std::find_if(std::begin(kCalendars), std::end(kCalendars),
                                            [&text](const CALENDARCHOICE& choice) { return choice.name == text; });
     if (found == std::end(kCalendars)) {
-        throw USAGEERROR("unknown calendar \"" + text + '"');
+        throw USAGEERROR('"' + text + "\" is not a calendar");
     }
     return found;
 }
@@ -52,18 +52,18 @@ int ReadDays(const std::string& text) {
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, days);
     if (error != std::errc() || stop != end || days < 0) {
-        throw USAGEERROR('"' + text + "\" is no number of days");
+        throw USAGEERROR('"' + text + "\" is not a number of days");
     }
     return days;
 }
 
-// FromString() finds a date in nearly anything; what it found must be what was written.
+// FromString() finds a date in nearly anything; the text must be a date and nothing else.
 CDATE ReadDate(const std::string& text) {
     CDATE date;
     std::string digits = text;
     std::erase(digits, '/');
     if (date.FromString(text.c_str()) == 0 || (date.ToStringXML() != text && date.ToString() != digits)) {
-        throw USAGEERROR('"' + text + "\" is no date");
+        throw USAGEERROR('"' + text + "\" is not a date");
     }
     return date;
 }
@@ -71,7 +71,7 @@ CDATE ReadDate(const std::string& text) {
 double ReadAmount(const std::string& text) {
     double amount = 0;
     if (!AMOUNT().FromText(text) || ParseDouble(text, amount) == 0) {
-        throw USAGEERROR('"' + text + "\" is no amount");
+        throw USAGEERROR('"' + text + "\" is not an amount");
     }
     return amount;
 }
@@ -87,18 +87,22 @@ std::string ReadSort(const std::string& text) {
     const auto descriptors = CSORTDESCRIPTORBUILDER::Create(text);
     for (const CSORTDESCRIPTOR* const descriptor : ElementsOf<CSORTDESCRIPTOR>(*descriptors)) {
         if (const std::string fault = FaultOfKey(descriptor->GetKey()); !fault.empty()) {
-            throw USAGEERROR("--sort: " + fault);
+            throw USAGEERROR(fault);
         }
     }
     return text;
 }
 
+std::string HelpText();
+std::string VersionText() { return "orders " MLCORE_VERSION "\n"; }
+
 struct OPTION {
     std::string_view name;
-    std::string_view value;  // what the help calls it; empty: the option takes none
+    std::string_view value;  // its name in the help; empty: the option takes none
     std::string_view help;
     void (*apply)(OPTIONS& options, const std::string& value);
     bool selects = false;
+    std::string_view shortName = {};
 };
 constexpr bool kSelects = true;
 
@@ -107,13 +111,13 @@ constexpr OPTION kOptions[] = {
      [](OPTIONS& options, const std::string& value) { options.calendar = ReadCalendar(value); }},
     {"--late", "N", "list, or select, the orders that took more than N business days (4)",
      [](OPTIONS& options, const std::string& value) { options.late = ReadDays(value); }},
-    {"--from", "DATE", "leave out what was ordered before: 2016-01-31, 31/01/2016, 31012016",
+    {"--from", "DATE", "leave out orders placed before DATE: 2016-01-31, 31/01/2016 or 31012016",
      [](OPTIONS& options, const std::string& value) { options.from = ReadDate(value); }},
-    {"--to", "DATE", "leave out what was ordered after",
+    {"--to", "DATE", "leave out orders placed after DATE",
      [](OPTIONS& options, const std::string& value) { options.to = ReadDate(value); }},
     {"--all", "", "list every order, late or not",
      [](OPTIONS& options, const std::string&) { options.listsAll = true; }},
-    {"--select", "", "--segment Corporate --sales 500 --late 3 --name a; options behind it change that",
+    {"--select", "", "--segment Corporate --sales 500 --late 3 --name a; later options change these",
      [](OPTIONS& options, const std::string&) {
          options.segment = "Corporate";
          options.sales = 500;
@@ -131,22 +135,44 @@ constexpr OPTION kOptions[] = {
      [](OPTIONS& options, const std::string& value) { options.filter = value; }, kSelects},
     {"--save", "FILE", "write these conditions to FILE, as a filter",
      [](OPTIONS& options, const std::string& value) { options.save = value; }, kSelects},
-    {"--sort", "KEYS", "sort what is selected by keys: +customer;-sales (the default)",
+    {"--sort", "KEYS", "sort the selected orders by keys: +customer;-sales (the default)",
      [](OPTIONS& options, const std::string& value) { options.sort = ReadSort(value); }, kSelects},
-    {"--report", "FILE", "write the orders with their totals to FILE too, as CSV",
+    {"--report", "FILE", "also write the orders with their totals to FILE, as CSV",
      [](OPTIONS& options, const std::string& value) { options.report = value; }},
-    {"--rejects", "FILE", "keep the lines that cannot be read in FILE, to be mended and read again",
+    {"--rejects", "FILE", "keep the lines that cannot be read in FILE, to be corrected and read again",
      [](OPTIONS& options, const std::string& value) { options.rejects = value; }},
-    {"--log", "FILE", "log the run to FILE: what was read and written, each line that cannot be read",
+    {"--log", "FILE", "log the run to FILE: the files, and each line that cannot be read",
      [](OPTIONS& options, const std::string& value) { options.log = value; }},
-    {"--progress", "", "show on the error output how far the file has been read",
+    {"--input", "FILE", "the file to report on, unless one is named without an option",
+     [](OPTIONS& options, const std::string& value) { options.input = value; }},
+    {"--progress", "", "show on the error output how much of the file has been read",
      [](OPTIONS& options, const std::string&) { options.showsProgress = true; }},
-    {"--help", "", "show this text", [](OPTIONS& options, const std::string&) { options.wantsHelp = true; }},
+    {"--help", "", "show this text", [](OPTIONS& options, const std::string&) { options.answer = HelpText; }, !kSelects,
+     "-h"},
+    {"--version", "", "show the version", [](OPTIONS& options, const std::string&) { options.answer = VersionText; }},
 };
 
+std::string HelpText() {
+    constexpr std::size_t kWidth = 18;
+    std::string text =
+        "usage: orders FILE [OPTION...]\n"
+        "Reports on a file of order lines: how many business days passed from order to\n"
+        "shipping, and what was sold in each month and quarter. With an option from --select\n"
+        "to --sort, lists instead the orders that meet all of these conditions.\n\n";
+    for (const OPTION& option : kOptions) {
+        std::string line = "  ";
+        line.append(option.shortName).append(option.shortName.empty() ? "" : ", ");
+        line.append(option.name).append(" ").append(option.value);
+        line.resize(std::max(line.size(), kWidth), ' ');
+        text.append(line).append(" ").append(option.help).append("\n");
+    }
+    return text;
+}
+
 const OPTION& FindOption(const std::string& name) {
-    const auto* const found = std::find_if(std::begin(kOptions), std::end(kOptions),
-                                           [&name](const OPTION& option) { return option.name == name; });
+    const auto* const found = std::find_if(std::begin(kOptions), std::end(kOptions), [&name](const OPTION& option) {
+        return option.name == name || option.shortName == name;
+    });
     if (found == std::end(kOptions)) {
         throw USAGEERROR("unknown option " + name);
     }
@@ -160,7 +186,7 @@ void ReadFile(OPTIONS& options, const std::string& argument) {
     options.file = argument;
 }
 
-// Whether both are one file, or would be.
+// Whether both paths lead to the same file, which may not exist yet.
 bool IsSameFile(const std::string& left, const std::string& right) {
     std::error_code none;
     const auto place = [&none](const std::string& path) {
@@ -171,14 +197,11 @@ bool IsSameFile(const std::string& left, const std::string& right) {
 }
 
 void Check(const OPTIONS& options) {
-    if (options.wantsHelp) {
-        return;
-    }
     if (options.file.empty()) {
         throw USAGEERROR("no file given");
     }
     if (options.selects && options.listsAll) {
-        throw USAGEERROR("--all is not for selected orders");
+        throw USAGEERROR("--all cannot be used when orders are selected");
     }
     if (options.to < options.from) {
         throw USAGEERROR("--to is before --from");
@@ -187,46 +210,54 @@ void Check(const OPTIONS& options) {
                                         &options.report, &options.rejects, &options.log};
     for (const auto* file = std::begin(files); file != std::end(files); ++file) {
         if (std::any_of(file + 1, std::end(files), [file](const auto* other) { return IsSameFile(**file, *other); })) {
-            throw USAGEERROR("one file cannot be read and written, or written twice");
+            throw USAGEERROR("the same file is given twice: " + **file);
         }
     }
+}
+
+using ARGUMENTS = std::vector<std::string>;
+
+// Applies the option at `argument` and returns its last argument: a value may follow it, or stand in it after "=".
+ARGUMENTS::const_iterator ReadOption(OPTIONS& options, ARGUMENTS::const_iterator argument,
+                                     ARGUMENTS::const_iterator end) {
+    const std::size_t sign = argument->find('=');
+    const bool holdsValue = sign != std::string::npos;
+    const OPTION& option = FindOption(argument->substr(0, sign));
+    const std::string name(option.name);
+    if (holdsValue && option.value.empty()) {
+        throw USAGEERROR(name + " takes no value");
+    }
+    if (!holdsValue && !option.value.empty() && ++argument == end) {
+        throw USAGEERROR(name + " needs a value");
+    }
+    try {
+        option.apply(options, holdsValue ? argument->substr(sign + 1) : *argument);
+    } catch (const USAGEERROR& error) {
+        throw USAGEERROR(name + ": " + error.what());
+    }
+    options.selects |= option.selects;
+    return argument;
 }
 
 }  // namespace
 
-OPTIONS ReadOptions(const std::vector<std::string>& arguments) {
+OPTIONS ReadOptions(const ARGUMENTS& arguments) {
     OPTIONS options;
     options.calendar = &kCalendars[0];
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-        if (!argument->starts_with('-')) {
+        if (argument->starts_with('-')) {
+            argument = ReadOption(options, argument, arguments.end());
+        } else {
             ReadFile(options, *argument);
-            continue;
         }
-        const OPTION& option = FindOption(*argument);
-        if (!option.value.empty() && ++argument == arguments.end()) {
-            throw USAGEERROR(std::string(option.name) + " needs a value");
-        }
-        option.apply(options, *argument);
-        options.selects |= option.selects;
     }
-    Check(options);
+    if (options.file.empty()) {
+        options.file = options.input;
+    }
+    if (options.answer == nullptr) {
+        Check(options);
+    }
     return options;
-}
-
-std::string HelpText() {
-    constexpr std::size_t kWidth = 18;
-    std::string text =
-        "usage: orders FILE [OPTION...]\n"
-        "Reports on a file of order lines: how many business days passed from order to\n"
-        "shipping, and what was sold in each month and quarter. With an option from --select\n"
-        "to --sort, tells instead which orders meet all of these conditions.\n\n";
-    for (const OPTION& option : kOptions) {
-        std::string line = "  ";
-        line.append(option.name).append(" ").append(option.value);
-        line.resize(std::max(line.size(), kWidth), ' ');
-        text.append(line).append(" ").append(option.help).append("\n");
-    }
-    return text;
 }
 
 }  // namespace orders

@@ -21,21 +21,22 @@ struct CALENDARCHOICE {
 
 struct OPTIONS {
     std::string file;
-    std::string report;  // empty: no such file, as for the others
+    std::string input;   // the file when no other is named
+    std::string report;  // empty: no such file; the same holds for the others
     std::string rejects;
     std::string log;
     const CALENDARCHOICE* calendar = nullptr;  // ReadOptions() sets one
     MLCore::CDATE from;                        // without limits: from the null date, which sorts first, to MaxDate
     MLCore::CDATE to = MLCore::CDATE::MaxDate();
-    std::optional<int> late;  // business days that are still in time
+    std::optional<int> late;  // business days; an order that takes more is late
     bool listsAll = false;
     bool showsProgress = false;
-    bool wantsHelp = false;
+    std::string (*answer)() = nullptr;  // instead of a report, its text is wanted
 
-    bool selects = false;  // list the orders that meet what follows, instead of the late ones
+    bool selects = false;  // list the orders that meet the following conditions, instead of the late ones
     std::string segment;   // empty: any
     std::optional<double> sales;
-    std::string name;  // the begin of the customer's
+    std::string name;  // the customer's begins with it
     std::string filter;
     std::string save;
     std::string sort = "+customer;-sales";
@@ -47,9 +48,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reads the arguments behind the program's name. Throws a USAGEERROR.
+/// Reads the arguments after the program's name: options, as "--late 3" or "--late=3", and the file. Of an option that is given
+/// twice, the last one holds. Throws a USAGEERROR.
 [[nodiscard]] OPTIONS ReadOptions(const std::vector<std::string>& arguments);
-
-[[nodiscard]] std::string HelpText();
 
 }  // namespace orders

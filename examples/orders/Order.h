@@ -35,7 +35,7 @@ public:
     AMOUNT sales, profit;
 };
 
-/// The CSHIPMENTs that an array of CORDERs makes, in the order of their first lines, which also tell the segment.
+/// The CSHIPMENTs that an array of CORDERs makes, in the order of their first lines. The segment is that of the first line.
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CARRAY> JoinLines(const MLCore::CARRAY& lines,
                                                                 MLCore::CCALENDARSTRATEGY* calendar);
 

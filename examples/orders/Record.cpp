@@ -19,7 +19,7 @@ MLCORE_REGISTER_CLASS(CRECORD)
 namespace {
 
 // The types of properties, in the order of PROPERTY::MEMBER; below, what each is as text and by key.
-constexpr const char* kTypeNames[] = {"text", "whole number", "date YYYY-MM-DD", "amount"};
+constexpr const char* kTypeNames[] = {"a text", "a whole number", "a date YYYY-MM-DD", "an amount"};
 
 bool Parse(const std::string& text, std::string& value) {
     value = text;
@@ -55,26 +55,30 @@ void SetFrom(const CVALUE& value, CDATE& member) { member = value.ToDate(); }
 void SetFrom(const CVALUE& value, AMOUNT& member) {
     std::string text;
     AppendDouble(text, value.ToDouble());
-    FailOSErr(member.FromText(text) ? short(0) : kErrValueType);
-}
-
-const PROPERTY& PropertyOf(const CRECORD& record, const std::string& key) {
-    const PROPERTIES properties = record.GetProperties();
-    const auto found = std::find_if(properties.begin(), properties.end(),
-                                    [&key](const PROPERTY& property) { return property.key == key; });
-    FailOSErr(found != properties.end() ? short(0) : kErrUnknownKey);
-    return *found;
+    if (!member.FromText(text)) {
+        FailWith(kErrValueType, text, " is not an amount");
+    }
 }
 
 }  // namespace
 
+const PROPERTY& CRECORD::PropertyOf(const std::string& key) {
+    const PROPERTIES properties = GetProperties();
+    const auto found = std::find_if(properties.begin(), properties.end(),
+                                    [&key](const PROPERTY& property) { return property.key == key; });
+    if (found == properties.end()) {
+        FailUnknownKey(key);
+    }
+    return *found;
+}
+
 CSHAREOBJECTPTR<COBJECT> CRECORD::GetKeyValue(const std::string& key) {
     const auto get = [this](auto member) { return ToValue(this->*member); };
-    return CVALUEOBJECT::Create(std::visit(get, PropertyOf(*this, key).member));
+    return CVALUEOBJECT::Create(std::visit(get, PropertyOf(key).member));
 }
 
 void CRECORD::SetKeyValue(const std::string& key, COBJECT* value) {
-    const PROPERTY& property = PropertyOf(*this, key);
+    const PROPERTY& property = PropertyOf(key);
     const CVALUE given = ValueOf(value);
     std::visit([&](auto member) { SetFrom(given, this->*member); }, property.member);
 }

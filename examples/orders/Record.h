@@ -20,7 +20,7 @@ class CRECORD;
 ///
 /// | member      | by key                         | in a file                                                       |
 /// |-------------|--------------------------------|-----------------------------------------------------------------|
-/// | std::string | String                         | as it is, at most 32767 characters of code page 1252 but zeros  |
+/// | std::string | String                         | at most 32767 characters of code page 1252, none of them zero    |
 /// | long        | Long                           | decimal digits, within 32 bits                                  |
 /// | CDATE       | Date                           | YYYY-MM-DD                                                      |
 /// | AMOUNT      | Double, at most 4 decimals     | see AMOUNT                                                      |
@@ -43,20 +43,23 @@ class CRECORD : public MLCore::COBJECT {
 public:
     [[nodiscard]] virtual PROPERTIES GetProperties() const = 0;
 
-    /// A new value object of the property's type.
+    /// A new value object of the property's type. An unknown key fails with kErrUnknownKey (151), here and below.
     [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::COBJECT> GetKeyValue(const std::string& key) override;
-    /// Takes a value object of the property's type; anything else fails with 138.
+    /// Takes a value object of the property's type; anything else fails with kErrValueType (138).
     void SetKeyValue(const std::string& key, MLCore::COBJECT* value) override;
 
-    /// The text of a property as it stands in a file. SetText() answers false for what is none; the property is then
-    /// anything.
+    /// The text of a property as it stands in a file. SetText() returns false for any other text, and leaves the property
+    /// with an unspecified value.
     [[nodiscard]] std::string GetText(const PROPERTY& property) const;
     [[nodiscard]] bool SetText(const PROPERTY& property, const std::string& text);
-    /// What SetText() asks for: "amount".
+    /// The texts that SetText() accepts: "an amount".
     [[nodiscard]] static const char* TypeName(const PROPERTY& property);
+
+private:
+    const PROPERTY& PropertyOf(const std::string& key);
 };
 
-/// The elements of an array, none of which is null or anything but a RECORD. Borrowed.
+/// The elements of an array, all of which must be RECORDs. The array keeps them.
 template <class RECORD>
 [[nodiscard]] std::vector<RECORD*> ElementsOf(const MLCore::CARRAY& array) {
     std::vector<RECORD*> elements;

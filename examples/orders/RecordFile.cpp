@@ -18,6 +18,11 @@ constexpr unsigned kLongestLine = 1U << 20;  // room for every record
 
 }  // namespace
 
+std::string ReasonOf(const FrameworkException& failure) {
+    const char* const text = failure.GetText();
+    return text != nullptr && failure.GetCode() == 0 ? ": " + ToReadable(text) : "";
+}
+
 RECORDREADER::RECORDREADER(const std::string& path, PROPERTIES properties, REJECTS& rejects)
     : mFile(path.c_str()), mFields(mFile, kSeparator, mEncoder), mRejects(rejects) {
     mFields.Open();
@@ -58,12 +63,12 @@ std::string RECORDREADER::ReadLine(CRECORD& record) {
         return "more than " + std::to_string(kLongestLine) + " bytes";
     }
     if (texts.size() != mColumns.size()) {
-        return std::to_string(texts.size()) + " fields instead of " + std::to_string(mColumns.size());
+        return std::to_string(texts.size()) + " instead of " + std::to_string(mColumns.size()) + " fields";
     }
     for (std::size_t i = 0; i < texts.size(); ++i) {
         const PROPERTY* const column = mColumns[i];
         if (column != nullptr && !record.SetText(*column, texts[i])) {
-            return std::string(column->key) + ": " + Quoted(texts[i]) + " is no " + CRECORD::TypeName(*column);
+            return std::string(column->key) + ": " + Quoted(texts[i]) + " is not " + CRECORD::TypeName(*column);
         }
     }
     return {};

@@ -15,15 +15,15 @@
 
 namespace orders {
 
-/// Reads records line by line. A line ends where it ends, also between quotes, and has 1 MiB at most.
+/// Reads records line by line. A line end between quotes also ends the line. A line has 1 MiB at most.
 class RECORDREADER {
 public:
-    /// Opens the file and finds the columns, in whatever order they stand; what is no property is left out. Throws a
+    /// Opens the file and finds the columns, in any order; other columns are ignored. Throws a
     /// std::runtime_error when a column is missing, unless the file is empty. The rejects are borrowed.
     RECORDREADER(const std::string& path, PROPERTIES properties, REJECTS& rejects);
 
-    /// Sets the properties of `record` from the next line; false at the end. Lines of the wrong number of fields, or with a
-    /// field that is no value, are rejected and passed over.
+    /// Sets the properties of `record` from the next line; false at the end. Lines with the wrong number of fields, or with a
+    /// field that is not a value of its type, are rejected and skipped.
     [[nodiscard]] bool Read(CRECORD& record);
     /// Rejects the line that was read last.
     void Reject(const std::string& reason) { mRejects.Add(mFile, mFirstLine, mLine, reason); }
@@ -39,7 +39,7 @@ private:
     MLCore::CFILESTREAM mFile;
     MLCore::CCSVENCODER mEncoder;
     MLCore::CISTREAMDECORATORFIELD mFields;
-    std::vector<const PROPERTY*> mColumns;  // null for one that is left out
+    std::vector<const PROPERTY*> mColumns;  // null: ignored
     REJECTS& mRejects;
     LINE mFirstLine;
     LINE mLine;
@@ -48,14 +48,17 @@ private:
 /// Writes an array of records of that class to a new file.
 void WriteRecords(const std::string& path, PROPERTIES properties, const MLCore::CARRAY& records);
 
-/// Runs `action`. What fails in the library below it becomes a std::runtime_error "FILE: cannot be read", or whatever
-/// `verb` says.
+/// ": " and the text of a failure; "" when it has none, or is the system's, whose texts depend on its language.
+[[nodiscard]] std::string ReasonOf(const MLCore::FrameworkException& failure);
+
+/// Runs `action`. A failure of the library in it becomes a std::runtime_error "FILE: cannot be read" and its reason,
+/// with `verb` for "read".
 template <class ACTION>
 auto ForFile(const std::string& path, const char* verb, ACTION action) {
     try {
         return action();
-    } catch (const MLCore::FrameworkException&) {
-        throw std::runtime_error(path + ": cannot be " + verb);
+    } catch (const MLCore::FrameworkException& failure) {
+        throw std::runtime_error(path + ": cannot be " + verb + ReasonOf(failure));
     }
 }
 

@@ -32,10 +32,10 @@ REJECTS::REJECTS(const std::string& path)
 
 void REJECTS::Add(CFILESTREAM& source, const LINE& first, const LINE& line, const std::string& reason) {
     constexpr long kMostReasons = 20;
-    const std::string told = source.GetPath() + ':' + std::to_string(line.number) + ": " + reason;
-    Tell(LogEventType::ALERTE, told);
+    const std::string message = source.GetPath() + ':' + std::to_string(line.number) + ": " + reason;
+    LogEvent(LogEventType::ALERTE, message);
     if (++mCount <= kMostReasons) {
-        mReasons.push_back(told);
+        mReasons.push_back(message);
     }
     if (mPath.empty()) {
         return;
@@ -43,6 +43,7 @@ void REJECTS::Add(CFILESTREAM& source, const LINE& first, const LINE& line, cons
     ForFile(mPath, "written", [&] {
         if (mFile.IsOpen() == 0) {
             mFile.Open();
+            AddWritten(mPath);
             Copy(source, first, mFile);
         }
         Copy(source, line, mFile);

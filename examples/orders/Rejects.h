@@ -16,19 +16,19 @@ struct LINE {
     long number = 0;
 };
 
-/// Counts lines that are refused, tells the journal, and keeps them, byte by byte, in a file of their own. It begins with
-/// the first line of the file that they come from, so that it can be mended and read in that one's place.
+/// Counts and logs the lines that are refused, and keeps them, byte by byte, in a file. It begins with the first line of the
+/// file that they come from, so that it can be corrected and read in place of that file.
 class REJECTS {
 public:
     /// Without a path, the lines are only counted.
     explicit REJECTS(const std::string& path = {});
 
     void Add(MLCore::CFILESTREAM& source, const LINE& first, const LINE& line, const std::string& reason);
-    /// Ends the file. Without rejects there is none: what an earlier run left there is removed.
+    /// Closes the file. Without rejects there is no file, and that of an earlier run is removed.
     void Close();
 
     [[nodiscard]] long GetCount() const noexcept { return mCount; }
-    /// Tells where the first 20 are and why, and how many more there are.
+    /// Writes where the first 20 are and why they were refused, and how many more there are.
     void Write(std::ostream& out) const;
 
 private:

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Journal.h"
 #include "Order.h"
 #include "RecordFile.h"
 #include "Selection.h"
@@ -125,7 +126,7 @@ void WriteLists(std::ostream& out, CARRAY& shipments, const OPTIONS& options) {
     }
 }
 
-// How the library tells a predicate: as a query, by its keys, and as an outline with a tab for each level.
+// A predicate as the library writes it: as a query, by its keys, and as an outline with a tab for each level.
 void WritePredicate(std::ostream& out, const CPREDICATE& predicate) {
     const CPREDICATEHELPER helper(&predicate);
     WriteTitle(out, "Query: " + ToReadable(helper.GetStrSQL()));
@@ -237,6 +238,7 @@ void WriteSelection(std::ostream& out, const CARRAY& array, const CARRAY& select
 
 void WriteReportFile(const std::string& path, const CARRAY& shipments) {
     ForFile(path, "written", [&] { WriteRecords(path, CSHIPMENT::Properties(), shipments); });
+    AddWritten(path);
     ForFile(path, "read back", [&] { CheckReadsBack(path, ElementsOf<CSHIPMENT>(shipments)); });
 }
 

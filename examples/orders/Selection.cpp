@@ -13,6 +13,7 @@
 #include <MLCore/streams/CBUFFERSTREAM.h>
 #include <MLCore/values/CMEMARRAY.h>
 
+#include "Journal.h"
 #include "Order.h"
 #include "RecordFile.h"
 #include "Text.h"
@@ -30,14 +31,15 @@ CSHAREOBJECTPTR<CPREDICATE> Compare(const char* key, const CVALUE& value, auto..
     return COMPARISON::Create(CKEYEXPRESSION::Create(key), CVALUEEXPRESSION::Create(value), option...);
 }
 
-// One filter, and only blanks behind it.
+// One filter, and only blanks after it.
 CSHAREOBJECTPTR<CPREDICATE> ReadPredicate(CFILESTREAM& file) {
     CXMLKEYREADER reader(file);
     auto predicate = CPREDICATE::Create(reader);
     while (file.IsEnd() == 0) {
         char byte = 0;
         file.GetValue(byte);
-        FailOSErr(std::string_view(" \t\r\n").find(byte) != std::string_view::npos ? short(0) : kErrValueType);
+        Require(std::string_view(" \t\r\n").find(byte) != std::string_view::npos, kErrValueType,
+                "text after the filter");
     }
     return predicate;
 }
@@ -45,7 +47,7 @@ CSHAREOBJECTPTR<CPREDICATE> ReadPredicate(CFILESTREAM& file) {
 CSHAREOBJECTPTR<CPREDICATE> ReadFilter(const std::string& path) {
     CFILESTREAM file(path);
     ForFile(path, "read", [&] { file.Open(); });
-    auto filter = ForFile(path, "understood as a filter", [&] { return ReadPredicate(file); });
+    auto filter = ForFile(path, "read as a filter", [&] { return ReadPredicate(file); });
     for (const auto& key : CPREDICATEHELPER(filter).GetDistinctKeyExpressionKeys()) {
         if (const std::string fault = FaultOfKey(key.GetKey()); !fault.empty()) {
             throw std::runtime_error(path + ": " + fault);
@@ -91,6 +93,7 @@ void SaveFilter(const std::string& path, const CPREDICATE& filter) {
         text.GetValue(file);
         file.Close();
     });
+    AddWritten(path);
 }
 
 CSHAREOBJECTPTR<CPREDICATE> IsLate(int days) {
@@ -114,7 +117,7 @@ std::string FaultOfKey(const std::string& key) {
         }
         keys.append(" ").append(property.key);
     }
-    return "orders have no " + Quoted(key) + ", but" + keys;
+    return "orders have no key " + Quoted(key) + "; their keys are" + keys;
 }
 
 }  // namespace orders

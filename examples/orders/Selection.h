@@ -10,14 +10,14 @@
 
 namespace orders {
 
-/// What the options ask for: all of their conditions, and that of the filter file. Throws a std::runtime_error when that file
-/// cannot be read, is no filter, or asks for a key that orders lack.
+/// All conditions of the options, and that of the filter file. Throws a std::runtime_error when that file cannot be read, is
+/// not a filter, or uses a key that orders lack.
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> MakeFilter(const OPTIONS& options);
 
 /// Writes a filter file. Throws a std::runtime_error.
 void SaveFilter(const std::string& path, const MLCore::CPREDICATE& filter);
 
-/// What took more business days, and what was ordered from one date to another.
+/// The shipments that took more business days, and those that were ordered from one date to another.
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> IsLate(int days);
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> IsOrdered(const MLCore::CDATE& from, const MLCore::CDATE& to);
 

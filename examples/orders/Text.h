@@ -10,7 +10,7 @@ namespace orders {
 /// A text of code page 1252 in UTF-8, with blanks for the control characters that could upset a terminal or a table.
 [[nodiscard]] std::string ToReadable(std::string text);
 
-/// The same between quotation marks; no more than the begin of a long one.
+/// The same between quotation marks; a long one is cut.
 [[nodiscard]] std::string Quoted(const std::string& text);
 
 /// "-1,234.5600" of "-1234.5600"

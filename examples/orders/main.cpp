@@ -1,4 +1,4 @@
-// Reports on a file of order lines; `orders --help` tells the options. Ends with 0, with 1 when lines were rejected or a
+// Reports on a file of order lines; `orders --help` lists the options. Ends with 0, with 1 when lines were rejected or a
 // file cannot be read or written, and with 2 when the command line cannot be understood.
 
 #include <algorithm>
@@ -24,7 +24,7 @@ using namespace orders;
 constexpr int kDataStatus = 1;
 constexpr int kUsageStatus = 2;
 
-// One line that is written over until it is gone.
+// One line that is overwritten, and erased at the end.
 class PROGRESSLINE {
 public:
     explicit PROGRESSLINE(const OPTIONS& options) : mIsShown(options.showsProgress), mName(options.file) {}
@@ -64,7 +64,7 @@ int Report(const OPTIONS& options) {
     REJECTS rejects(options.rejects);
     const auto lines = ReadLines(options, rejects);
     rejects.Write(std::cerr);
-    Tell(LogEventType::INFO, options.file + ": " + std::to_string(lines->GetCount()) + " lines read");
+    LogEvent(LogEventType::INFO, options.file + ": " + std::to_string(lines->GetCount()) + " lines read");
     const auto period = lines->Filter(IsOrdered(options.from, options.to));
     const auto shipments = JoinLines(*period, options.calendar->create());
     const auto selected = ForFile(options.filter, "applied to the orders", [&] {
@@ -72,7 +72,7 @@ int Report(const OPTIONS& options) {
     });
     if (!options.report.empty()) {
         WriteReportFile(options.report, *selected);
-        Tell(LogEventType::INFO, options.report + ": " + std::to_string(selected->GetCount()) + " orders written");
+        LogEvent(LogEventType::INFO, options.report + ": " + std::to_string(selected->GetCount()) + " orders written");
     }
     options.selects ? WriteSelection(std::cout, *shipments, *selected, *filter, options)
                     : WriteReport(std::cout, *shipments, options);
@@ -93,16 +93,16 @@ int Run(const OPTIONS& options) {
     return status;
 }
 
-// Ends with the counts, also after a failure.
-int RunAndTell(const OPTIONS& options) {
+// Ends with the counts and the files, also after a failure.
+int RunAndClose(const OPTIONS& options) {
     int status = kDataStatus;
     try {
         status = Run(options);
     } catch (const std::exception& error) {
-        Tell(LogEventType::ERREUR, error.what());
+        LogEvent(LogEventType::ERREUR, error.what());
         std::cerr << error.what() << '\n';
     }
-    WriteCounts(std::cerr);
+    WriteClosing(std::cerr);
     return status;
 }
 
@@ -111,12 +111,12 @@ int RunAndTell(const OPTIONS& options) {
 int main(int argc, char** argv) {
     try {
         const OPTIONS options = ReadOptions(std::vector<std::string>(argv + std::min(argc, 1), argv + argc));
-        if (!options.wantsHelp) {
-            return RunAndTell(options);
+        if (options.answer == nullptr) {
+            return RunAndClose(options);
         }
-        return std::cout << HelpText() << std::flush ? 0 : kDataStatus;
+        return std::cout << options.answer() << std::flush ? 0 : kDataStatus;
     } catch (const USAGEERROR& error) {
-        std::cerr << "orders: " << error.what() << " (orders --help tells the options)\n";
+        std::cerr << "orders: " << error.what() << " (--help lists the options)\n";
     }
     return kUsageStatus;
 }
