@@ -6,17 +6,10 @@
 
 namespace MLCore {
 
-/// True when `object` is of one of these classes itself; false for an object of a class derived from them. Code that takes a
-/// short cut around a virtual function asks this first.
-///
-///     if (IsExactly<CVALUEOBJECT>(*object)) {
-///         return static_cast<const CVALUEOBJECT&>(*object).GetValue();
-///     }
+/// True when `object` is of one of these classes itself, `IsExactly<CVALUEOBJECT>(*object)`; false for an object of a class
+/// derived from them. Code that takes a short cut around a virtual function asks this first.
 template <class... Classes, class Object>
-[[nodiscard]] bool IsExactly(const Object& object) noexcept;
-
-template <class... Classes, class Object>
-bool IsExactly(const Object& object) noexcept {
+[[nodiscard]] bool IsExactly(const Object& object) noexcept {
     static_assert(sizeof...(Classes) > 0, "name the classes: IsExactly<CVALUEOBJECT>(object)");
     const std::type_info& type = typeid(object);
     // The addresses first: they nearly always answer. Only modules with descriptions of their own need the names.
