@@ -7,15 +7,15 @@ namespace MLCore {
 class CKEYREADER;
 class CKEYWRITER;
 
-/// What can write its state as an element of a key stream and read it back.
+/// The interface of classes that write their state as an element of a key stream and read it back.
 class MLCORE_API CKEYSERIALIZABLE {
 public:
     virtual ~CKEYSERIALIZABLE();
-    /// Writes one element, with all that belongs to it. Fails with 138 for what cannot be written; elements may then be
-    /// begun and not ended.
+    /// Writes one element, with everything that belongs to it. Fails with kErrValueType (138) when the state cannot be written;
+    /// elements may then be begun and not ended.
     virtual void DoWriteState(CKEYWRITER& writer) const = 0;
-    /// Reads the element that the reader stands on, as DoWriteState() wrote it. Called once, on an object just created.
-    /// Fails with 138 for anything else; the object is then good for nothing but to be released.
+    /// Reads the element that the reader stands on, as DoWriteState() wrote it. Must be called once, on an object that has just
+    /// been created. Fails with kErrValueType for any other element; the object must then be released unused.
     virtual void DoInitState(CKEYREADER& reader) = 0;
 
 protected:

@@ -6,7 +6,7 @@
 
 namespace MLCore {
 
-/// An object that key streams can write.
+/// The base of objects that are written to key streams.
 class MLCORE_API CKEYSERIALIZABLEOBJECT : public COBJECT, public CKEYSERIALIZABLE {
     MLCORE_CLASS(CKEYSERIALIZABLEOBJECT, COBJECT)
 

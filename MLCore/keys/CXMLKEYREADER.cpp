@@ -8,6 +8,7 @@
 #include <MLCore/text/LegacyStrings.h>
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace MLCore {
@@ -15,6 +16,7 @@ namespace MLCore {
 namespace {
 
 constexpr std::size_t kLongestReference = 16;
+constexpr std::size_t kMaxShownName = 60;  // in the text of a failure
 constexpr int kNone = -1;
 
 bool IsBlank(int character) noexcept {
@@ -28,9 +30,15 @@ bool IsSameWord(std::string_view left, std::string_view right) noexcept {
                       [](char one, char other) { return UpperAnsi(one) == UpperAnsi(other); });
 }
 
-void AppendText(std::string& text, char character) {
-    RequireXml(text.size() < CXMLKEYWRITER::kMaxText);
-    text += character;
+bool IsUtf8Continuation(char byte) noexcept { return (byte & 0xC0) == 0x80; }
+
+std::string_view WithoutBlanks(std::string_view text) noexcept {
+    const auto* const first = std::find_if_not(text.begin(), text.end(), IsBlank);
+    text.remove_prefix(static_cast<std::size_t>(first - text.begin()));
+    while (!text.empty() && IsBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
 }
 
 }  // namespace
@@ -47,22 +55,40 @@ int CXMLKEYREADER::HasElement() {
 }
 
 const std::string& CXMLKEYREADER::GetElementName() {
-    RequireXml(HasElement() != 0);
+    if (HasElement() == 0) {
+        FailHere("no further element, one is wanted");
+    }
     return mNext.name;
 }
 
 void CXMLKEYREADER::BeginElement(std::string_view name) {
-    RequireXml(GetElementName() == name && mElements.size() < CXMLKEYWRITER::kMaxDepth);
+    if (HasElement() == 0) {
+        FailHere("no further element, ", Quoted(name), " is wanted");
+    }
+    if (mNext.name != name) {
+        FailHere("element ", Quoted(mNext.name), " found, ", Quoted(name), " wanted");
+    }
+    if (mElements.size() == CXMLKEYWRITER::kMaxDepth) {
+        FailHere("element ", Quoted(name), " is nested too deep: ", CXMLKEYWRITER::kMaxDepth, " is the limit");
+    }
     mElements.push_back(std::exchange(mNext, {}));
     mAhead = mElements.back().isEmpty ? AHEAD::End : AHEAD::Unknown;
 }
 
 void CXMLKEYREADER::EndElement() {
-    RequireXml(!mElements.empty());
+    RequireEntered();
     LookAhead();
-    const std::vector<ATTRIBUTE>& attributes = mElements.back().attributes;
-    RequireXml(mAhead == AHEAD::End && IsBlankText(mText) &&
-               std::all_of(attributes.begin(), attributes.end(), [](const ATTRIBUTE& each) { return each.isAsked; }));
+    if (mAhead != AHEAD::End) {
+        FailHere("unexpected element ", Quoted(mNext.name));
+    }
+    if (!IsBlankText(mText)) {
+        FailHere("unexpected text ", Quoted(WithoutBlanks(mText)));
+    }
+    for (const ATTRIBUTE& attribute : mElements.back().attributes) {
+        if (!attribute.isAsked) {
+            FailHere("unexpected attribute ", Quoted(attribute.name));
+        }
+    }
     mElements.pop_back();
     mText.clear();
     mAhead = AHEAD::Unknown;
@@ -76,18 +102,30 @@ int CXMLKEYREADER::HasAttribute(std::string_view name) { return FindAttribute(na
 
 const std::string& CXMLKEYREADER::GetAttribute(std::string_view name) {
     const ATTRIBUTE* const attribute = FindAttribute(name);
-    RequireXml(attribute != nullptr);
+    if (attribute == nullptr) {
+        FailHere("attribute ", Quoted(name), " is missing");
+    }
     return attribute->value;
 }
 
 std::string CXMLKEYREADER::GetText() {
-    RequireXml(!mElements.empty());
+    RequireEntered();
     LookAhead();
     return std::exchange(mText, {});
 }
 
+CKEYREADER::PLACE CXMLKEYREADER::GetPlace() const noexcept {
+    return PlaceAt(mTagAt == kGone ? mTag : PositionOf(mTagAt));
+}
+
+void CXMLKEYREADER::RequireEntered() const {
+    if (mElements.empty()) {
+        FailHere("no element has been entered");
+    }
+}
+
 CXMLKEYREADER::ATTRIBUTE* CXMLKEYREADER::FindAttribute(std::string_view name) {
-    RequireXml(!mElements.empty());
+    RequireEntered();
     for (ATTRIBUTE& attribute : mElements.back().attributes) {
         if (attribute.name == name) {
             attribute.isAsked = true;
@@ -106,45 +144,49 @@ void CXMLKEYREADER::LookAhead() {
     int brackets = 0;  // as they stand, in a row: "]]>" is no text
     while (mAhead == AHEAD::Unknown) {
         if (Skip('<')) {
-            ReadMarkup();
+            ReadMarkup(false);
             brackets = 0;
         } else if (mElements.empty()) {
-            RequireXml(IsBlank(Take()));
+            if (!SkipBlanks()) {
+                FailWanted("an element");
+            }
         } else if (PeekByte() == '&') {
-            AppendText(mText, ReadReference());
+            Append(mText, ReadReference());
             brackets = 0;
         } else {
             const char character = Take();
-            RequireXml(character != '>' || brackets < 2);
+            if (character == '>' && brackets >= 2) {
+                --mAt;
+                FailAtByte("']]>' found in a text");
+            }
             brackets = character == ']' ? brackets + 1 : 0;
-            AppendText(mText, character);
+            Append(mText, character);
         }
     }
 }
 
-// A byte-order mark, blanks and a declaration, all optional, and the first markup behind them.
+// A byte-order mark, blanks and a declaration, all optional, and the first markup after them.
 void CXMLKEYREADER::ReadProlog() {
     mHasMark = PeekByte() == 0xEF;
     if (mHasMark) {
         for (const int byte : {0xEF, 0xBB, 0xBF}) {
-            RequireXml(TakeByte() == byte);
+            if (TakeByte() != byte) {
+                FailAtByte("neither '<' nor a byte-order mark of UTF-8 found");
+            }
         }
     }
     SkipBlanks();
     Expect("<");
-    if (Skip('?')) {
-        ReadInstruction(true);
-    } else {
-        ReadMarkup();
-    }
+    ReadMarkup(true);
 }
 
-// Behind a '<'.
-void CXMLKEYREADER::ReadMarkup() {
+// After a '<'.
+void CXMLKEYREADER::ReadMarkup(bool isFirst) {
+    mTagAt = mAt - 1;
     if (Skip('/')) {
         ReadEndTag();
     } else if (Skip('?')) {
-        ReadInstruction(false);
+        ReadInstruction(isFirst);
     } else if (!Skip('!')) {
         ReadStartTag();
     } else if (Skip('-')) {
@@ -154,15 +196,19 @@ void CXMLKEYREADER::ReadMarkup() {
     }
 }
 
-// Behind "<?".
+// After "<?".
 void CXMLKEYREADER::ReadInstruction(bool isFirst) {
     const std::string target = ReadName();
     if (IsSameWord(target, "xml")) {
-        RequireXml(isFirst && target == "xml");
+        if (!isFirst || target != "xml") {
+            FailHere("<?", target, " found: a declaration is <?xml, at the beginning only");
+        }
         ReadDeclaration();
         return;
     }
-    RequireXml(IsBlank(PeekByte()) || PeekByte() == '?');
+    if (!IsBlank(PeekByte()) && PeekByte() != '?') {
+        FailWanted("a blank or '?>'");
+    }
     while (Take() != '?' || !Skip('>')) {
     }
 }
@@ -170,16 +216,30 @@ void CXMLKEYREADER::ReadInstruction(bool isFirst) {
 void CXMLKEYREADER::ReadDeclaration() {
     const std::vector<ATTRIBUTE> attributes = ReadAttributes();
     Expect("?>");
-    RequireXml(!attributes.empty() && attributes.front().name == "version");
+    if (attributes.empty() || attributes.front().name != "version") {
+        FailHere("the declaration does not begin with the version");
+    }
     for (const ATTRIBUTE& each : attributes) {
-        if (each.name == "encoding") {
-            mIsUtf8 = IsSameWord(each.value, "utf-8");
-            RequireXml(mIsUtf8 || (IsSameWord(each.value, "windows-1252") && !mHasMark));
-        } else if (each.name == "version") {
-            RequireXml(each.value == "1.0");
-        } else {
-            RequireXml(each.name == "standalone" && (each.value == "yes" || each.value == "no"));
+        UseDeclared(each);
+    }
+}
+
+void CXMLKEYREADER::UseDeclared(const ATTRIBUTE& attribute) {
+    const std::string& value = attribute.value;
+    if (attribute.name == "encoding") {
+        mIsUtf8 = IsSameWord(value, "utf-8");
+        if (!mIsUtf8 && !IsSameWord(value, "windows-1252")) {
+            FailHere("encoding ", Quoted(value), " found, UTF-8 or windows-1252 wanted");
         }
+        if (!mIsUtf8 && mHasMark) {
+            FailHere("encoding ", Quoted(value), " found after a byte-order mark of UTF-8");
+        }
+    } else if (attribute.name == "version") {
+        if (value != "1.0") {
+            FailHere("XML version ", Quoted(value), " found, 1.0 wanted");
+        }
+    } else if (attribute.name != "standalone" || (value != "yes" && value != "no")) {
+        FailHere("unexpected ", Quoted(attribute.name), " with the value ", Quoted(value), " in the declaration");
     }
 }
 
@@ -196,7 +256,14 @@ void CXMLKEYREADER::ReadStartTag() {
 }
 
 void CXMLKEYREADER::ReadEndTag() {
-    RequireXml(!mElements.empty() && ReadName() == mElements.back().name);
+    const std::string name = ReadName();
+    if (mElements.empty()) {
+        FailHere("</", std::string_view(name).substr(0, kMaxShownName), "> found, an element wanted");
+    }
+    if (const std::string_view wanted = mElements.back().name; name != wanted) {
+        FailHere("</", std::string_view(name).substr(0, kMaxShownName), "> found, </", wanted.substr(0, kMaxShownName),
+                 "> wanted");
+    }
     SkipBlanks();
     Expect(">");
     if (mElements.back().hasChildren) {
@@ -207,11 +274,13 @@ void CXMLKEYREADER::ReadEndTag() {
 
 // Beside elements stand blanks only.
 void CXMLKEYREADER::EndBlanks() {
-    RequireXml(IsBlankText(mText));
+    if (!IsBlankText(mText)) {
+        FailHere("text ", Quoted(WithoutBlanks(mText)), " found beside elements");
+    }
     mText.clear();
 }
 
-// Behind "<!-".
+// After "<!-".
 void CXMLKEYREADER::SkipComment() {
     Expect("-");
     while (Take() != '-' || !Skip('-')) {
@@ -219,13 +288,18 @@ void CXMLKEYREADER::SkipComment() {
     Expect(">");
 }
 
-// Behind "<!". A document type fails here too.
+// After "<!".
 void CXMLKEYREADER::ReadCData() {
+    if (PeekByte() != '[') {
+        FailHere("a comment or '<![CDATA[' is wanted after '<!': a document type is refused");
+    }
     Expect("[CDATA[");
-    RequireXml(!mElements.empty());
+    if (mElements.empty()) {
+        FailHere("a CDATA section found, an element wanted");
+    }
     const std::size_t start = mText.size();
     while (!std::string_view(mText).substr(start).ends_with("]]>")) {
-        AppendText(mText, Take());
+        Append(mText, Take());
     }
     mText.resize(mText.size() - 3);
 }
@@ -240,9 +314,14 @@ std::vector<CXMLKEYREADER::ATTRIBUTE> CXMLKEYREADER::ReadAttributes() {
         Expect("=");
         SkipBlanks();
         attribute.value = ReadQuoted();
-        const bool isNew = std::none_of(attributes.begin(), attributes.end(),
-                                        [&](const ATTRIBUTE& each) { return each.name == attribute.name; });
-        RequireXml(isNew && attributes.size() < CXMLKEYWRITER::kMaxAttributes);
+        for (const ATTRIBUTE& each : attributes) {
+            if (each.name == attribute.name) {
+                FailAtByte("the tag has the attribute ", Quoted(each.name), " twice");
+            }
+        }
+        if (attributes.size() == CXMLKEYWRITER::kMaxAttributes) {
+            FailAtByte("the tag has more than ", CXMLKEYWRITER::kMaxAttributes, " attributes");
+        }
         attributes.push_back(std::move(attribute));
     }
     return attributes;
@@ -251,23 +330,33 @@ std::vector<CXMLKEYREADER::ATTRIBUTE> CXMLKEYREADER::ReadAttributes() {
 std::string CXMLKEYREADER::ReadName() {
     std::string name;
     while (IsXmlNameCharacter(static_cast<char>(PeekByte()))) {
-        AppendText(name, Take());
+        Append(name, Take());
     }
-    RequireXml(IsXmlName(name));
+    if (name.empty()) {
+        FailWanted("a name");
+    }
+    if (!IsXmlName(name)) {
+        FailAtByte(Quoted(name), " is not a name: a name begins with a letter or '_'");
+    }
     return name;
 }
 
 std::string CXMLKEYREADER::ReadQuoted() {
-    const char quote = Take();
-    RequireXml(quote == '"' || quote == '\'');
+    const char quote = Skip('"') ? '"' : '\'';
+    if (quote == '\'' && !Skip('\'')) {
+        FailWanted("a value in quotes");
+    }
     std::string text;
     while (!Skip(quote)) {
         if (PeekByte() == '&') {
-            AppendText(text, ReadReference());
+            Append(text, ReadReference());
         } else {
             const char character = Take();
-            RequireXml(character != '<');
-            AppendText(text, IsBlank(character) ? ' ' : character);
+            if (character == '<') {
+                --mAt;
+                FailAtByte("'<' found in the value of an attribute");
+            }
+            Append(text, IsBlank(character) ? ' ' : character);
         }
     }
     return text;
@@ -276,34 +365,37 @@ std::string CXMLKEYREADER::ReadQuoted() {
 char CXMLKEYREADER::ReadReference() {
     Expect("&");
     std::string reference;
-    while (!Skip(';')) {
-        reference += Take();
-        RequireXml(reference.size() <= kLongestReference);
-    }
     char character = '\0';
-    RequireXml(ReadXmlReference(reference, character));
+    while (reference.size() <= kLongestReference && !Skip(';')) {
+        reference += Take();
+    }
+    if (reference.size() > kLongestReference || !ReadXmlReference(reference, character)) {
+        FailAtByte(Quoted(reference), " found after '&', wanted a number of a character or amp, lt, gt, quot, apos");
+    }
     return character;
 }
 
 // ---- the characters
 
-int CXMLKEYREADER::PeekByte() {
-    if (mAt == mSize) {
-        // One by one from a stream that cannot take back what stands behind the document.
-        const long wanted = mRandom != nullptr ? static_cast<long>(mBytes.size()) : 1L;
-        mSize = static_cast<std::size_t>(
-            std::clamp(mStream.GetValue(static_cast<void*>(mBytes.data()), wanted), 0L, wanted));
-        mAt = 0;
-        if (mSize == 0) {
-            return kNone;
-        }
-    }
-    return static_cast<unsigned char>(mBytes[mAt]);
+int CXMLKEYREADER::PeekByte() { return mAt != mSize || ReadBytes() ? static_cast<unsigned char>(mBytes[mAt]) : kNone; }
+
+// One by one from a stream that cannot take back what stands after the document.
+bool CXMLKEYREADER::ReadBytes() {
+    mTag = mTagAt == kGone ? mTag : PositionOf(mTagAt);
+    mTagAt = kGone;
+    mPosition = PositionOf(mSize);
+    mAt = mSize = 0;
+    const long wanted = mRandom != nullptr ? static_cast<long>(mBytes.size()) : 1L;
+    mSize =
+        static_cast<std::size_t>(std::clamp(mStream.GetValue(static_cast<void*>(mBytes.data()), wanted), 0L, wanted));
+    return mSize != 0;
 }
 
 int CXMLKEYREADER::TakeByte() {
     const int byte = PeekByte();
-    RequireXml(byte != kNone);
+    if (byte == kNone) {
+        FailAtByte("the document ends too early");
+    }
     ++mAt;
     return byte;
 }
@@ -322,24 +414,33 @@ char CXMLKEYREADER::Take() {
         }
         return '\n';
     }
-    RequireXml(static_cast<unsigned char>(byte) >= 0x20 || IsBlank(character));
+    if (static_cast<unsigned char>(byte) < 0x20 && !IsBlank(character)) {
+        --mAt;
+        FailAtByte("control character ", Quoted({&character, 1}), " found");
+    }
     return character;
 }
 
 char CXMLKEYREADER::TakeUtf8() {
     std::string sequence(1, static_cast<char>(TakeByte()));
-    while (sequence.size() < 4 && PeekByte() != kNone && (PeekByte() & 0xC0) == 0x80) {
+    while (sequence.size() < 4 && PeekByte() != kNone && IsUtf8Continuation(static_cast<char>(PeekByte()))) {
         sequence += static_cast<char>(TakeByte());
     }
     int lost = 0;
     const std::string character = AnsiFromUtf8(sequence, &lost);
-    RequireXml(lost == 0);  // so it is one character: no other begins with such a byte
-    return character.front();
+    if (lost != 0) {
+        POSITION position = PositionOf(mAt);
+        position.column -= IsUtf8Continuation(sequence.front()) ? 0 : 1;
+        FailAt(PlaceAt(position), "bytes found that are not UTF-8, or a character that code page 1252 lacks");
+    }
+    return character.front();  // all of it: no other character begins with such a byte
 }
 
-void CXMLKEYREADER::Expect(std::string_view text) {
-    for (const char character : text) {
-        RequireXml(Take() == character);
+void CXMLKEYREADER::Expect(const char* text) {
+    for (const char* each = text; *each != '\0'; ++each) {
+        if (!Skip(*each)) {
+            FailWanted(text);
+        }
     }
 }
 
@@ -359,11 +460,54 @@ bool CXMLKEYREADER::SkipBlanks() {
     return hasBlanks;
 }
 
+void CXMLKEYREADER::Append(std::string& text, char character) const {
+    if (text.size() >= CXMLKEYWRITER::kMaxText) {
+        FailAtByte("a name, a value or a text is longer than ", CXMLKEYWRITER::kMaxText, " characters");
+    }
+    text += character;
+}
+
 void CXMLKEYREADER::PutBack() {
     if (mRandom != nullptr && mAt != mSize) {
         mRandom->SetPosition(mRandom->GetPosition() - (mSize - mAt));
         mAt = mSize;
     }
+}
+
+// ---- the places of failures
+
+CXMLKEYREADER::POSITION CXMLKEYREADER::PositionOf(std::size_t at) const noexcept {
+    POSITION position = mPosition;
+    const char* first = mBytes.data();
+    const char* const last = first + at;
+    for (const void* end = nullptr;
+         (end = std::memchr(first, '\n', static_cast<std::size_t>(last - first))) != nullptr;) {
+        first = static_cast<const char*>(end) + 1;
+        position = {position.line + 1, 1};
+    }
+    // In UTF-8, only the first byte of a character counts.
+    position.column += static_cast<unsigned long long>(
+        std::count_if(first, last, [this](char byte) { return !mIsUtf8 || !IsUtf8Continuation(byte); }));
+    return position;
+}
+
+CKEYREADER::PLACE CXMLKEYREADER::PlaceAt(const POSITION& position) const noexcept {
+    return {position.line, position.column, mElements.empty() ? std::string_view() : mElements.back().name};
+}
+
+// Where the reader has come to inside a tag or a text.
+template <class... Parts>
+void CXMLKEYREADER::FailAtByte(const Parts&... parts) const {
+    FailAt(PlaceAt(PositionOf(mAt)), parts...);
+}
+
+void CXMLKEYREADER::FailWanted(const char* wanted) {
+    if (PeekByte() == kNone) {
+        FailAtByte("the document ends here, wanted ", wanted);
+    }
+    const PLACE place = PlaceAt(PositionOf(mAt));
+    const char found = Take();
+    FailAt(place, Quoted({&found, 1}), " found, wanted ", wanted);
 }
 
 }  // namespace MLCore

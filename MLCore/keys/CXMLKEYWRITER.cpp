@@ -1,5 +1,6 @@
 #include <MLCore/keys/CXMLKEYWRITER.h>
 
+#include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/detail/XmlCharacters.h>
 #include <MLCore/streams/COSTREAM.h>
 
@@ -12,7 +13,7 @@ namespace {
 
 constexpr std::size_t kPiece = 4096;
 
-bool IsName(std::string_view name) noexcept { return name.size() <= CXMLKEYWRITER::kMaxText && IsXmlName(name); }
+constexpr std::size_t kMaxShownName = 60;  // in the text of a failure
 
 }  // namespace
 
@@ -21,7 +22,11 @@ CXMLKEYWRITER::CXMLKEYWRITER(COSTREAM& stream) : mStream(stream) {}
 CXMLKEYWRITER::~CXMLKEYWRITER() = default;
 
 void CXMLKEYWRITER::BeginElement(std::string_view name) {
-    RequireXml(IsName(name) && mState != STATE::Text && mNames.size() < kMaxDepth && !(mNames.empty() && mHasRoot));
+    RequireName(name);
+    RequireHere(mState != STATE::Text, "element ", Quoted(name), " after a text: an element has text or children");
+    RequireHere(mNames.size() < kMaxDepth, "element ", Quoted(name), " is nested too deep: ", kMaxDepth,
+                " is the limit");
+    RequireHere(!mNames.empty() || !mHasRoot, "element ", Quoted(name), " after the end of the outermost element");
     if (!mHasRoot) {
         Append("<?xml version=\"1.0\" encoding=\"windows-1252\"?>");
         mHasRoot = true;
@@ -38,7 +43,7 @@ void CXMLKEYWRITER::BeginElement(std::string_view name) {
 }
 
 void CXMLKEYWRITER::EndElement() {
-    RequireXml(!mNames.empty());
+    RequireBegun();
     const std::string name = std::move(mNames.back());
     mNames.pop_back();
     if (mState == STATE::Tag) {
@@ -59,9 +64,13 @@ void CXMLKEYWRITER::EndElement() {
 }
 
 void CXMLKEYWRITER::SetAttribute(std::string_view name, std::string_view value) {
-    RequireXml(mState == STATE::Tag && mAttributes.size() < kMaxAttributes && IsName(name) &&
-               value.size() <= kMaxText && IsXmlText(value) &&
-               std::find(mAttributes.begin(), mAttributes.end(), name) == mAttributes.end());
+    RequireBegun();
+    RequireHere(mState == STATE::Tag, "attribute ", Quoted(name), " after a text or a child");
+    RequireName(name);
+    RequireText(value, 0);
+    RequireHere(mAttributes.size() < kMaxAttributes, "attribute ", Quoted(name), " after ", kMaxAttributes, " others");
+    RequireHere(std::find(mAttributes.begin(), mAttributes.end(), name) == mAttributes.end(), "attribute ",
+                Quoted(name), " twice");
     mAttributes.emplace_back(name);
     Append(" ");
     Append(name);
@@ -72,7 +81,9 @@ void CXMLKEYWRITER::SetAttribute(std::string_view name, std::string_view value) 
 }
 
 void CXMLKEYWRITER::SetText(std::string_view text) {
-    RequireXml(!mNames.empty() && mState != STATE::Children && text.size() <= kMaxText - mTextSize && IsXmlText(text));
+    RequireBegun();
+    RequireHere(mState != STATE::Children, "text ", Quoted(text), " after a child: an element has text or children");
+    RequireText(text, mTextSize);
     CloseTag();
     AppendXmlText(mPending, text);
     mTextSize += text.size();
@@ -97,6 +108,31 @@ void CXMLKEYWRITER::Flush(std::size_t least) {
         mStream.SetValue(static_cast<const void*>(mPending.data()), static_cast<long>(mPending.size()));
         mPending.clear();
     }
+}
+
+// The text of the failure begins with the element begun last.
+template <class... Parts>
+void CXMLKEYWRITER::RequireHere(bool condition, const Parts&... parts) const {
+    if (!condition) [[unlikely]] {
+        const std::string_view inside = mNames.empty() ? std::string_view() : mNames.back();
+        FailWith(kErrValueType, inside.empty() ? "" : "in <", inside.substr(0, kMaxShownName),
+                 inside.empty() ? "" : ">: ", parts...);
+    }
+}
+
+void CXMLKEYWRITER::RequireBegun() const { RequireHere(!mNames.empty(), "no element has been begun"); }
+
+void CXMLKEYWRITER::RequireName(std::string_view name) const {
+    RequireHere(IsXmlName(name), Quoted(name),
+                " is not a name: letters of ASCII, digits, '_', '-' and '.', the first a letter or '_'");
+    RequireHere(name.size() <= kMaxText, "a name of ", name.size(), " characters, ", kMaxText, " is the limit");
+}
+
+// A text that is added to one of `size` characters.
+void CXMLKEYWRITER::RequireText(std::string_view text, std::size_t size) const {
+    RequireHere(text.size() <= kMaxText - size, "a text of ", text.size() + size, " characters, ", kMaxText,
+                " is the limit");
+    RequireHere(IsXmlText(text), "the text ", Quoted(text), " holds a control character");
 }
 
 }  // namespace MLCore

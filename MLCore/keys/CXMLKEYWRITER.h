@@ -20,14 +20,15 @@ class COSTREAM;
 ///       <value type="string" value="Dupont"/>
 ///     </equal>
 ///
-/// The declaration is written with the first element. There is one outermost element; a second one fails with 138, as does
-/// all that the reader would refuse. A call that failed with 138 changed nothing.
+/// The declaration is written with the first element. There is one outermost element; a second one fails with
+/// kErrValueType (138), and so does everything that the reader would refuse: the text of the failure names the element begun last
+/// and what cannot be written. A call that fails with kErrValueType changes nothing.
 ///
 /// The stream gets raw writes of some thousand bytes; it has everything once the outermost element has ended. Its failures
-/// pass through, and the writer is then good for nothing.
+/// pass through; the writer must not be used after one.
 class MLCORE_API CXMLKEYWRITER : public CKEYWRITER {
 public:
-    /// The stream is open, is not owned, and outlives the writer. Line ends are LF.
+    /// The stream must be open and must outlive the writer, which does not own it. Line ends are LF.
     explicit CXMLKEYWRITER(COSTREAM& stream);
     ~CXMLKEYWRITER() override;
     CXMLKEYWRITER(const CXMLKEYWRITER&) = delete;
@@ -38,7 +39,7 @@ public:
     void SetAttribute(std::string_view name, std::string_view value) override;
     void SetText(std::string_view text) override;
 
-    // Limits, here and in the reader. What exceeds them fails with 138.
+    // Limits, here and in the reader. A document that exceeds one fails with kErrValueType.
     static constexpr std::size_t kMaxDepth = 256;       ///< of elements in each other
     static constexpr std::size_t kMaxAttributes = 256;  ///< of one element
     static constexpr std::size_t kMaxText = 1U << 20;   ///< characters of a name, a value, the text of an element
@@ -47,6 +48,11 @@ private:
     enum class STATE { Tag, Text, Children };
 
     void Append(std::string_view text) { mPending.append(text); }
+    template <class... Parts>
+    void RequireHere(bool condition, const Parts&... parts) const;
+    void RequireBegun() const;
+    void RequireName(std::string_view name) const;
+    void RequireText(std::string_view text, std::size_t size) const;
     void NewLine();
     void CloseTag();
     void Flush(std::size_t least);
