@@ -42,12 +42,32 @@ private:
     std::size_t mSize;
 };
 
-void FailIf(bool isWrong) { FailOSErr(isWrong ? kErrInvalidArgument : short{0}); }
+// Texts of failures. They never say anything of a content, nor how long it is.
+
+/// `isDone` is what a function of the platform has just returned.
+void RequireSystem(bool isDone, const char* text) {
+    if (!isDone) {
+        FailWithLastError(text);
+    }
+}
+
+constexpr const char* kNotSealed = "the system did not seal a password";
+
+void RequireMemory(const void* memory) { Require(memory != nullptr, kErrNull, "no memory for a secret"); }
+
+void RequireAllClasses(short length) {
+    Require(length >= kLeastOfAllClasses, kErrInvalidArgument, "a password of ", length,
+            " characters asked for, wanted ", kLeastOfAllClasses, " or more");
+}
+
+void FillRandom(void* buffer, std::size_t size) {
+    RequireSystem(platform::RandomBytes(buffer, size), "the system gave no random bytes");
+}
 
 void SeedRand() {
     std::array<unsigned char, 4> seed{};
     const WIPER wiper(seed.data(), seed.size());
-    FailLastError(platform::RandomBytes(seed.data(), seed.size()));
+    FillRandom(seed.data(), seed.size());
     std::srand(std::bit_cast<std::uint32_t>(seed));
 }
 
@@ -95,8 +115,8 @@ private:
 
     unsigned char NextByte() {
         if (mNext == mBytes.size()) {
-            FailOSErr(++mBlocks > kMostBlocks ? kErrRuntime : short{0});
-            FailLastError(platform::RandomBytes(mBytes.data(), mBytes.size()));
+            Require(++mBlocks <= kMostBlocks, kErrRuntime, "the system's random bytes keep repeating themselves");
+            FillRandom(mBytes.data(), mBytes.size());
             mNext = 0;
         }
         return mBytes[mNext++];
@@ -158,11 +178,12 @@ private:
 CPASSWORD::CPASSWORD() noexcept = default;
 
 CPASSWORD::CPASSWORD(std::size_t textLength) {
-    FailIf(textLength > kLongestText);
+    Require(textLength <= kLongestText, kErrInvalidArgument,
+            "the text of a password is too long, wanted less than 2 GiB");
     const std::size_t size =
         (textLength / platform::kSealBlockSize + 1) * platform::kSealBlockSize;  // the terminator fits always
     mNarrow = static_cast<char*>(platform::AllocateSecret(size));
-    FailNull(mNarrow);
+    RequireMemory(mNarrow);
     mBufferSize = static_cast<std::int32_t>(size);
     mLength = static_cast<std::int32_t>(textLength + 1);
     mDepth = 1;
@@ -182,7 +203,8 @@ CPASSWORD::~CPASSWORD() {
 }
 
 std::unique_ptr<CPASSWORD> CPASSWORD::Create(short length) {
-    FailIf(length < 0 || static_cast<std::size_t>(length) > kAlphabet.size());
+    Require(length >= 0 && static_cast<std::size_t>(length) <= kAlphabet.size(), kErrInvalidArgument, "a password of ",
+            length, " characters asked for, wanted 0 to ", kAlphabet.size());
     std::unique_ptr<CPASSWORD> password(new CPASSWORD(static_cast<std::size_t>(length)));
     SeedRand();
     const std::string_view drawn = kAlphabet.substr(0, static_cast<std::size_t>(length));
@@ -192,7 +214,7 @@ std::unique_ptr<CPASSWORD> CPASSWORD::Create(short length) {
 }
 
 std::unique_ptr<CPASSWORD> CPASSWORD::CreateStrong(short length) {
-    FailIf(length < kLeastOfAllClasses);
+    RequireAllClasses(length);
     std::unique_ptr<CPASSWORD> password(new CPASSWORD(static_cast<std::size_t>(length)));
     SeedRand();
     std::array<short, kClasses.size()> positions = RandPositions(length);
@@ -207,7 +229,7 @@ std::unique_ptr<CPASSWORD> CPASSWORD::CreateStrong(short length) {
 }
 
 std::unique_ptr<CPASSWORD> CPASSWORD::CreateSecure(short length) {
-    FailIf(length < kLeastOfAllClasses);
+    RequireAllClasses(length);
     std::unique_ptr<CPASSWORD> password(new CPASSWORD(static_cast<std::size_t>(length)));
     CHARACTERSOURCE source;
     // Texts are dropped as wholes, or those that remain would not be equally likely.
@@ -219,7 +241,7 @@ std::unique_ptr<CPASSWORD> CPASSWORD::CreateSecure(short length) {
 }
 
 double CPASSWORD::SecureEntropy(short length) {
-    FailIf(length < kLeastOfAllClasses);
+    RequireAllClasses(length);
     // Inclusion and exclusion over the sets of classes that a text lacks, each as a share of all texts.
     double share = 0;
     for (unsigned int lacking = 0; lacking < 1U << kClasses.size(); ++lacking) {
@@ -234,7 +256,7 @@ double CPASSWORD::SecureEntropy(short length) {
 }
 
 std::unique_ptr<CPASSWORD> CPASSWORD::Create(const char* text) {
-    FailNull(text);
+    Require(text != nullptr, kErrNull, "the text of a password is null");
     const std::size_t length = std::strlen(text);
     std::unique_ptr<CPASSWORD> password(new CPASSWORD(length));
     std::memcpy(password->mNarrow, text, length);
@@ -243,10 +265,8 @@ std::unique_ptr<CPASSWORD> CPASSWORD::Create(const char* text) {
 }
 
 std::unique_ptr<CPASSWORD> CPASSWORD::Create(const void* data, long size) {
-    FailIf(size < 0);
-    if (size > 0) {
-        FailNull(data);
-    }
+    Require(size >= 0, kErrInvalidArgument, "a password of ", size, " bytes asked for, wanted 0 or more");
+    Require(data != nullptr || size == 0, kErrNull, "the bytes of a password are null");
     std::unique_ptr<CPASSWORD> password(new CPASSWORD(static_cast<std::size_t>(size)));
     if (size > 0) {
         std::memcpy(password->mNarrow, data, static_cast<std::size_t>(size));
@@ -261,18 +281,18 @@ std::unique_ptr<CPASSWORD> CPASSWORD::Clone() {
     }
     OPENING opening(*this);
     std::unique_ptr<CPASSWORD> clone = Create(mNarrow, mLength - 1);
-    FailLastError(opening.End());
+    RequireSystem(opening.End(), kNotSealed);
     return clone;
 }
 
 void CPASSWORD::Lock() {
     if (mDepth == 0) {
-        FailLastError(OpenBuffers());
+        RequireSystem(OpenBuffers(), "the system did not open a password");
     }
     ++mDepth;
 }
 
-void CPASSWORD::Unlock() { FailLastError(EndUse()); }
+void CPASSWORD::Unlock() { RequireSystem(EndUse(), kNotSealed); }
 
 CPASSWORD::operator const char*() const noexcept { return mNarrow; }
 
@@ -284,10 +304,11 @@ CPASSWORD::operator const wchar_t*() {
     const auto release = [this](wchar_t* memory) { platform::FreeSecret(memory, WideSize()); };
     std::unique_ptr<wchar_t, decltype(release)> wide(static_cast<wchar_t*>(platform::AllocateSecret(WideSize())),
                                                      release);
-    FailNull(wide.get());
-    FailLastError(platform::WidenText(mNarrow, static_cast<std::size_t>(mLength), wide.get()));
+    RequireMemory(wide.get());
+    RequireSystem(platform::WidenText(mNarrow, static_cast<std::size_t>(mLength), wide.get()),
+                  "the system did not convert a password to wide characters");
     mWide = wide.release();
-    FailLastError(opening.End());
+    RequireSystem(opening.End(), kNotSealed);
     return mWide;
 }
 
@@ -299,7 +320,7 @@ bool CPASSWORD::operator==(CPASSWORD& other) {
         difference = static_cast<unsigned char>(difference | (mNarrow[i] ^ other.mNarrow[i]));
     }
     const bool isRightSealed = right.End();
-    FailLastError(left.End() && isRightSealed);
+    RequireSystem(left.End() && isRightSealed, kNotSealed);
     return difference == 0;
 }
 
