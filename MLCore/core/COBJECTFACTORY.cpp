@@ -89,8 +89,8 @@ COBJECTFACTORY::COBJECTFACTORY() : mImplementation(std::make_unique<IMPLEMENTATI
 COBJECTFACTORY::~COBJECTFACTORY() = default;
 
 void COBJECTFACTORY::RegisterClass(const char* className, const char* classIdentifier, CREATOR creator) {
-    FailNull(className);
-    FailNull(reinterpret_cast<const void*>(creator));
+    Require(className != nullptr, kErrNull, "the name of the class to register is null");
+    Require(creator != nullptr, kErrNull, "the creator of the class to register is null");
     const bool hasIdentifier = classIdentifier != nullptr;
     ENTRY entry{creator, hasIdentifier ? classIdentifier : "", hasIdentifier};
     // Every allocation comes before the first change, so a failure leaves the registries as they were.

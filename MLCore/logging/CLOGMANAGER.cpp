@@ -94,7 +94,9 @@ public:
         // As it was given, too: the whole path may lead through folders that the program may not see.
         const bool isGivenSame = mGivenPath && platform::AbsolutePath(mGivenPath->c_str()) == path;
         mHasFailed = !mOutput.Open(path.c_str()) && (!isGivenSame || !mOutput.Open(mGivenPath->c_str()));
-        FailLastError(mHasFailed ? 0 : 1);
+        if (mHasFailed) {
+            FailWithLastError("cannot open the log file ", Quoted(path));
+        }
     }
     void Close() noexcept { mOutput.Close(); }
     void Retry() noexcept { mHasFailed = false; }
