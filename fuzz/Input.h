@@ -23,7 +23,19 @@
 
 namespace fuzz {
 
-using support::FailureOf;
+/// The message number of the failure of `action`; 0 when it does not fail. A failure always has a text.
+template <class Action>
+int FailureOf(Action&& action) {
+    return support::FailureOf([&action] {
+        try {
+            static_cast<void>(action());
+        } catch (const MLCore::FrameworkException& failure) {
+            FUZZ_REQUIRE(failure.GetText() != nullptr && *failure.GetText() != '\0');
+            throw;
+        }
+        return 0;
+    });
+}
 
 /// The bytes of an input, taken from the front. Behind the end there are zeros.
 class INPUT {
