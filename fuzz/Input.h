@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// Ends the program where a property does not hold. A property lets out no exception either.
@@ -23,18 +24,12 @@
 
 namespace fuzz {
 
-/// The message number of the failure of `action`; 0 when it does not fail. A failure always has a text.
+/// The failure of `action`. Every failure has a text.
 template <class Action>
-int FailureOf(Action&& action) {
-    return support::FailureOf([&action] {
-        try {
-            static_cast<void>(action());
-        } catch (const MLCore::FrameworkException& failure) {
-            FUZZ_REQUIRE(failure.GetText() != nullptr && *failure.GetText() != '\0');
-            throw;
-        }
-        return 0;
-    });
+support::FAILURE FailureOf(Action&& action) {
+    const support::FAILURE failure = support::FailureOf(std::forward<Action>(action));
+    FUZZ_REQUIRE(failure == support::FAILURE() || !failure.text.empty());
+    return failure;
 }
 
 /// The bytes of an input, taken from the front. Behind the end there are zeros.

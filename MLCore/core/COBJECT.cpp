@@ -8,7 +8,9 @@
 #include <MLCore/core/detail/KEYSTEPS.h>
 #include <MLCore/core/detail/NearestName.h>
 
+#include <algorithm>
 #include <cstring>
+#include <new>
 #include <vector>
 
 namespace MLCore {
@@ -42,12 +44,25 @@ void SetValueAtStep(COBJECT* object, const STEP& step, COBJECT* value) {
     }
 }
 
-// A key that is unknown in the middle of a path is named with its path, unless the object that was asked threw an exception of
-// its own kind. Called while the failure is handled.
+// The keys that the object lists. That there is no memory for them must not hide what failed.
+std::vector<std::string> KeyNamesOf(COBJECT* object) {
+    const CKEYNAMES* const known = ProtocolCast<CKEYNAMES>(object);
+    if (known == nullptr) {
+        return {};
+    }
+    try {
+        return known->GetKeyNames();
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
+// A key that is unknown in a path of several steps is named with its path, unless the object that was asked threw an exception
+// of another class. Must be called while the failure is handled.
 [[noreturn]] void FailInPath(const FrameworkException& failure, const std::string& keyPath, int step) {
     const bool isPlain = IsExactly<FrameworkException>(failure) && failure.GetClass() == kErrUnknownKey &&
                          failure.GetMsg() == kErrUnknownKey && failure.GetText() != nullptr;
-    if (!isPlain) {
+    if (!isPlain || KEYSTEPS::IsName(keyPath)) {
         throw;
     }
     FailWith(kErrUnknownKey, failure.GetText(), " (step ", step, " of the path ", Quoted(keyPath), ")");
@@ -103,9 +118,9 @@ CSHAREOBJECTPTR<COBJECT> COBJECT::GetKeyValue(const std::string& key) { FailUnkn
 void COBJECT::SetKeyValue(const std::string& key, COBJECT*) { FailUnknownKey(key); }
 
 void COBJECT::FailUnknownKey(const std::string& key) {
-    std::vector<std::string> names;
-    if (const CKEYNAMES* const known = ProtocolCast<CKEYNAMES>(this); known != nullptr) {
-        names = known->GetKeyNames();
+    const std::vector<std::string> names = KeyNamesOf(this);
+    if (std::find(names.begin(), names.end(), key) != names.end()) {
+        FailWith(kErrUnknownKey, GetClassName(), " does not let its key ", Quoted(key), " be set");
     }
     const std::string* const nearest = NearestName(names, key);
     if (nearest == nullptr) {

@@ -61,7 +61,7 @@ constexpr STANDARDCODE kStandardCodes[] = {
 };
 
 std::string TextOf(const FrameworkException& failure) {
-    if (const char* const text = failure.GetText(); text != nullptr) {
+    if (const char* const text = failure.GetText(); text != nullptr && *text != '\0') {
         return text;
     }
     std::string message;

@@ -48,8 +48,9 @@ KEYSTEPS::STEP KEYSTEPS::Take() {
     if (step.isIndex) {
         step.index = TakeIndex();
     } else {
-        step.name = TakeName();
+        step.name = TextAhead();
         RequireAt(!step.name.empty(), "a name");
+        mRest.remove_prefix(step.name.size());
     }
     if (IsAt('.')) {
         mRest.remove_prefix(1);
@@ -61,24 +62,24 @@ KEYSTEPS::STEP KEYSTEPS::Take() {
 }
 
 // Up to the next delimiter; may be empty.
-std::string_view KEYSTEPS::TakeName() noexcept {
+std::string_view KEYSTEPS::TextAhead() const noexcept {
     const auto* const end = std::find_if(mRest.data(), mRest.data() + mRest.size(), IsDelimiter);
-    const std::string_view name = mRest.substr(0, static_cast<std::size_t>(end - mRest.data()));
-    mRest.remove_prefix(name.size());
-    return name;
+    return mRest.substr(0, static_cast<std::size_t>(end - mRest.data()));
 }
 
 // "[digits]".
 long KEYSTEPS::TakeIndex() {
     mRest.remove_prefix(1);
-    const std::string_view digits = TakeName();
+    constexpr const char* kIndex = "an index from 0 to 2147483647";
+    const std::string_view digits = TextAhead();
     std::int64_t index = 0;
+    RequireAt(!digits.empty(), kIndex);
     for (const char digit : digits) {
         index = index * 10 + (digit - '0');
-        RequireAt(digit >= '0' && digit <= '9' && index <= std::numeric_limits<std::int32_t>::max(),
-                  "an index from 0 to 2147483647");
+        RequireAt(digit >= '0' && digit <= '9' && index <= std::numeric_limits<std::int32_t>::max(), kIndex);
     }
-    RequireAt(!digits.empty() && IsAt(']'), "digits and ']'");
+    mRest.remove_prefix(digits.size());
+    RequireAt(IsAt(']'), "']'");
     mRest.remove_prefix(1);
     return static_cast<long>(index);
 }

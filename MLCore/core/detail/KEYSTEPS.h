@@ -32,7 +32,7 @@ public:
 
 private:
     [[nodiscard]] bool IsAt(char wanted) const noexcept { return !mRest.empty() && mRest.front() == wanted; }
-    std::string_view TakeName() noexcept;
+    [[nodiscard]] std::string_view TextAhead() const noexcept;
     long TakeIndex();
 
     void RequireAt(bool condition, const char* wanted) const;

@@ -51,7 +51,8 @@ const std::string* NearestName(const std::vector<std::string>& names, std::strin
     }
     for (const std::string& name : names) {
         const std::size_t distance = name.size() > kMaxLength ? least : Distance(name, misspelt);
-        if (distance < least) {
+        const bool isAlike = distance < std::max(name.size(), misspelt.size());  // in one letter at least
+        if (isAlike && distance < least) {
             least = distance;
             nearest = &name;
         }
