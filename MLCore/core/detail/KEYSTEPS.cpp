@@ -38,8 +38,8 @@ void KEYSTEPS::Check(std::string_view keyPath) {
 
 void KEYSTEPS::RequireAt(bool condition, const char* wanted) const {
     if (!condition) {
-        FailWith(kErrUnknownKey, Quoted(mPath), " is not a key path: ", wanted, " is wanted after ",
-                 mPath.size() - mRest.size(), " characters");
+        FailWith(kErrUnknownKey, Quoted(mPath), " is not a key path: ", wanted, " is wanted at character ",
+                 mPath.size() - mRest.size() + 1);
     }
 }
 
