@@ -25,6 +25,18 @@ bool IsBlank(int character) noexcept {
 
 bool IsBlankText(std::string_view text) noexcept { return std::all_of(text.begin(), text.end(), IsBlank); }
 
+/// By byte: stands for itself in values and texts, in both encodings.
+constexpr std::array<bool, 256> kIsPlain = [] {
+    std::array<bool, 256> isPlain{};
+    std::fill(isPlain.begin() + ' ', isPlain.begin() + 0x7F, true);
+    for (const char character : std::string_view("&<>]'\"")) {
+        isPlain[static_cast<unsigned char>(character)] = false;
+    }
+    return isPlain;
+}();
+
+bool IsPlain(char character) noexcept { return kIsPlain[static_cast<unsigned char>(character)]; }
+
 bool IsSameWord(std::string_view left, std::string_view right) noexcept {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                       [](char one, char other) { return UpperAnsi(one) == UpperAnsi(other); });
@@ -161,6 +173,9 @@ void CXMLKEYREADER::LookAhead() {
             }
             brackets = character == ']' ? brackets + 1 : 0;
             Append(mText, character);
+            if (brackets == 0) {
+                AppendRun(mText, IsPlain);
+            }
         }
     }
 }
@@ -169,11 +184,12 @@ void CXMLKEYREADER::LookAhead() {
 void CXMLKEYREADER::ReadProlog() {
     mHasMark = PeekByte() == 0xEF;
     if (mHasMark) {
-        for (const int byte : {0xEF, 0xBB, 0xBF}) {
-            if (TakeByte() != byte) {
+        for (const char byte : {'\xEF', '\xBB', '\xBF'}) {
+            if (!Skip(byte)) {
                 FailAtByte("neither '<' nor a byte-order mark of UTF-8 found");
             }
         }
+        --mPosition.column;  // the mark is not a character of the document
     }
     SkipBlanks();
     Expect("<");
@@ -227,13 +243,14 @@ void CXMLKEYREADER::ReadDeclaration() {
 void CXMLKEYREADER::UseDeclared(const ATTRIBUTE& attribute) {
     const std::string& value = attribute.value;
     if (attribute.name == "encoding") {
-        mIsUtf8 = IsSameWord(value, "utf-8");
-        if (!mIsUtf8 && !IsSameWord(value, "windows-1252")) {
+        const bool isUtf8 = IsSameWord(value, "utf-8");
+        if (!isUtf8 && !IsSameWord(value, "windows-1252")) {
             FailHere("encoding ", Quoted(value), " found, UTF-8 or windows-1252 wanted");
         }
-        if (!mIsUtf8 && mHasMark) {
+        if (!isUtf8 && mHasMark) {
             FailHere("encoding ", Quoted(value), " found after a byte-order mark of UTF-8");
         }
+        mIsUtf8 = isUtf8;
     } else if (attribute.name == "version") {
         if (value != "1.0") {
             FailHere("XML version ", Quoted(value), " found, 1.0 wanted");
@@ -330,7 +347,7 @@ std::vector<CXMLKEYREADER::ATTRIBUTE> CXMLKEYREADER::ReadAttributes() {
 std::string CXMLKEYREADER::ReadName() {
     std::string name;
     while (IsXmlNameCharacter(static_cast<char>(PeekByte()))) {
-        Append(name, Take());
+        AppendRun(name, IsXmlNameCharacter);
     }
     if (name.empty()) {
         FailWanted("a name");
@@ -347,7 +364,7 @@ std::string CXMLKEYREADER::ReadQuoted() {
         FailWanted("a value in quotes");
     }
     std::string text;
-    while (!Skip(quote)) {
+    for (AppendRun(text, IsPlain); !Skip(quote); AppendRun(text, IsPlain)) {
         if (PeekByte() == '&') {
             Append(text, ReadReference());
         } else {
@@ -366,11 +383,13 @@ char CXMLKEYREADER::ReadReference() {
     Expect("&");
     std::string reference;
     char character = '\0';
-    while (reference.size() <= kLongestReference && !Skip(';')) {
+    while (reference.size() < kLongestReference &&
+           (PeekByte() == '#' || IsXmlNameCharacter(static_cast<char>(PeekByte())))) {
         reference += Take();
     }
-    if (reference.size() > kLongestReference || !ReadXmlReference(reference, character)) {
-        FailAtByte(Quoted(reference), " found after '&', wanted a number of a character or amp, lt, gt, quot, apos");
+    if (!Skip(';') || !ReadXmlReference(reference, character)) {
+        FailAtByte("'&", reference,
+                   "' found, wanted '&amp;', '&lt;', '&gt;', '&quot;', '&apos;' or a number as '&#233;'");
     }
     return character;
 }
@@ -460,11 +479,25 @@ bool CXMLKEYREADER::SkipBlanks() {
     return hasBlanks;
 }
 
-void CXMLKEYREADER::Append(std::string& text, char character) const {
-    if (text.size() >= CXMLKEYWRITER::kMaxText) {
+void CXMLKEYREADER::RequireRoom(std::size_t size) const {
+    if (size > CXMLKEYWRITER::kMaxText) {
         FailAtByte("a name, a value or a text is longer than ", CXMLKEYWRITER::kMaxText, " characters");
     }
+}
+
+void CXMLKEYREADER::Append(std::string& text, char character) const {
+    RequireRoom(text.size() + 1);
     text += character;
+}
+
+// The characters ahead that `isOfRun` accepts, as far as they have been read.
+template <class Predicate>
+void CXMLKEYREADER::AppendRun(std::string& text, const Predicate& isOfRun) {
+    const char* const first = mBytes.data() + mAt;
+    const char* const last = std::find_if_not(first, static_cast<const char*>(mBytes.data() + mSize), isOfRun);
+    RequireRoom(text.size() + static_cast<std::size_t>(last - first));
+    text.append(first, last);
+    mAt += static_cast<std::size_t>(last - first);
 }
 
 void CXMLKEYREADER::PutBack() {
@@ -485,9 +518,10 @@ CXMLKEYREADER::POSITION CXMLKEYREADER::PositionOf(std::size_t at) const noexcept
         first = static_cast<const char*>(end) + 1;
         position = {position.line + 1, 1};
     }
-    // In UTF-8, only the first byte of a character counts.
-    position.column += static_cast<unsigned long long>(
-        std::count_if(first, last, [this](char byte) { return !mIsUtf8 || !IsUtf8Continuation(byte); }));
+    position.column += static_cast<unsigned long long>(last - first);
+    if (mIsUtf8) {  // the first byte of a character counts
+        position.column -= static_cast<unsigned long long>(std::count_if(first, last, IsUtf8Continuation));
+    }
     return position;
 }
 

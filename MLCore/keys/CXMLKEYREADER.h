@@ -72,7 +72,10 @@ private:
     void Expect(const char* text);
     bool Skip(char character);
     bool SkipBlanks();
+    void RequireRoom(std::size_t size) const;
     void Append(std::string& text, char character) const;
+    template <class Predicate>
+    void AppendRun(std::string& text, const Predicate& isOfRun);
 
     void LookAhead();
     void ReadProlog();

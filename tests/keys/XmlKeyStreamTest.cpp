@@ -161,6 +161,132 @@ TEST(XmlKeyStreamTest, TheWriterRefusesMisuseAndGoesOn) {
     EXPECT_EQ(xml, std::string(kDeclaration) + "<r a=\"1\">\n  <s>12</s>\n</r>\n");
 }
 
+/// The text of the failure, which is the same from a stream with a position and from one without.
+std::string TextOf(const std::string& xml) {
+    std::string texts[2];
+    for (const bool hasPosition : {true, false}) {
+        INPUT<CXMLKEYREADER> in(xml, hasPosition);
+        texts[hasPosition ? 0 : 1] = FailureOf([&] { return Read(in.stream); }).text;
+    }
+    EXPECT_EQ(texts[0], texts[1]) << xml.substr(0, 500);
+    return texts[0];
+}
+
+TEST(XmlKeyStreamTest, FailuresOfTheTextNamePlaceAndReason) {
+    const struct {
+        const char* xml;
+        const char* text;
+    } kRows[] = {
+        {"", "line 1, column 1: the document ends here, wanted <"},
+        {" x", "line 1, column 2: 'x' found, wanted <"},
+        {"\xEFx", "line 1, column 2: neither '<' nor a byte-order mark of UTF-8 found"},
+        {"<!-- -->\n x", "line 2, column 2: 'x' found, wanted an element"},
+        {"<!DOCTYPE r>", "line 1, column 1: a comment or '<![CDATA[' is wanted after '<!': a document type is refused"},
+        {"<![CDATA[]]>", "line 1, column 1: a CDATA section found, an element wanted"},
+        {"</r>", "line 1, column 1: </r> found, an element wanted"},
+        {"<r>\n <and>\n  <or/>\n </compound>", "line 4, column 2, in <and>: </compound> found, </and> wanted"},
+        {"<r>\r\n<s>", "line 2, column 4, in <s>: the document ends too early"},
+        {"<r", "line 1, column 3: the document ends here, wanted >"},
+        {"<r>\n<\xE9/>",
+         "line 2, column 2, in <r>: bytes found that are not UTF-8, or a character that code page 1252 lacks"},
+        {"<r>\n<\xC3\xA9/>", "line 2, column 2, in <r>: '\xE9' found, wanted a name"},
+        {"<r>\xC3\xA9\xE2\x82\xAC \x01", "line 1, column 7, in <r>: control character '\\x01' found"},
+        {"<r>\xC3\xA9\xC4\x80",
+         "line 1, column 5, in <r>: bytes found that are not UTF-8, or a character that code page 1252 lacks"},
+        {"<r>]]></r>", "line 1, column 6, in <r>: ']]>' found in a text"},
+        {"<r>\n text <s/></r>", "line 2, column 7, in <r>: text 'text' found beside elements"},
+        {"<-r/>", "line 1, column 4: '-r' is not a name: a name begins with a letter or '_'"},
+        {"<r a=1/>", "line 1, column 6: '1' found, wanted a value in quotes"},
+        {"<r a='<'/>", "line 1, column 7: '<' found in the value of an attribute"},
+        {"<r a='' a=''/>", "line 1, column 13: the tag has the attribute 'a' twice"},
+        {"<r>a & b</r>", "line 1, column 7, in <r>: '&' found, wanted '&amp;', '&lt;'"},
+        {"<r>&eacute;",
+         "line 1, column 12, in <r>: '&eacute' found, wanted '&amp;', '&lt;', '&gt;', '&quot;', '&apos;' or a number "
+         "as '&#233;'"},
+        {"<?xml version='1.1'?><r/>", "line 1, column 1: XML version '1.1' found, 1.0 wanted"},
+        {"<?xml encoding='UTF-8'?><r/>", "line 1, column 1: the declaration does not begin with the version"},
+        {"<?xml version='1.0' encoding='latin1'?>",
+         "line 1, column 1: encoding 'latin1' found, UTF-8 or windows-1252 wanted"},
+        {"\xEF\xBB\xBF<?xml version='1.0' encoding='windows-1252'?>",
+         "line 1, column 1: encoding 'windows-1252' found after a byte-order mark of UTF-8"},
+        {"<?xml version='1.0' standalone='maybe'?>",
+         "line 1, column 1: unexpected 'standalone' with the value 'maybe' in the declaration"},
+        {"<r><?xml?></r>", "line 1, column 4, in <r>: <?xml found: a declaration is <?xml, at the beginning only"},
+        {"<r><?x+?></r>", "line 1, column 7, in <r>: '+' found, wanted a blank or '?>'"},
+        {"<r><s/>\n<s>t</s><s b='2' c='3'/></r>", "line 2, column 9, in <s>: unexpected attribute 'c'"}};
+    for (const auto& row : kRows) {
+        const std::string text = TextOf(row.xml);
+        EXPECT_EQ(text.substr(0, std::string(row.text).size()), row.text) << text;
+    }
+    // Where the bytes are read in pieces.
+    for (std::size_t lines = 1; lines < 9000; lines += 997) {
+        const std::string place = "line " + std::to_string(lines + 1) + ", column 2, in <r>: ";
+        EXPECT_EQ(TextOf("<r>" + std::string(lines, '\n') + " </s>").substr(0, place.size()), place);
+        const std::string column = "line 1, column " + std::to_string(lines + 4) + ", in <r>: ";
+        EXPECT_EQ(TextOf("<r>" + Repeated(lines, "\xC3\xA9") + "</s>").substr(0, column.size()), column);
+    }
+    const std::string name(1000, 'n');
+    EXPECT_EQ(TextOf("<r><" + name + "></r>"),
+              "line 1, column 1006, in <" + name.substr(0, 60) + ">: </r> found, </" + name.substr(0, 60) + "> wanted");
+}
+
+TEST(XmlKeyStreamTest, FailuresOfTheCallerNamePlaceAndReason) {
+    const auto textOf = [](const std::string& xml, const auto& action) {
+        INPUT<CXMLKEYREADER> in(xml, true);
+        return FailureOf([&] { return action(in.stream), 0; }).text;
+    };
+    EXPECT_EQ(textOf("\n<r/>", [](auto& reader) { reader.BeginElement("s"); }),
+              "line 2, column 1: element 'r' found, 's' wanted");
+    EXPECT_EQ(textOf("<r/>", [](auto& reader) { reader.EndElement(); }),
+              "line 1, column 1: no element has been entered");
+    EXPECT_EQ(textOf("<r><s/></r>", [](auto& reader) { reader.BeginElement("r"), reader.EndElement(); }),
+              "line 1, column 4, in <r>: unexpected element 's'");
+    EXPECT_EQ(textOf("<r>\n t\tu \n</r>", [](auto& reader) { reader.BeginElement("r"), reader.EndElement(); }),
+              "line 3, column 1, in <r>: unexpected text 't\\x09u'");
+    EXPECT_EQ(textOf("<r>\n<s/></r>",
+                     [](auto& reader) {
+                         reader.BeginElement("r"), reader.BeginElement("s");
+                         static_cast<void>(reader.GetAttribute("compType"));
+                     }),
+              "line 2, column 1, in <s>: attribute 'compType' is missing");
+    EXPECT_EQ(textOf("<r></r>", [](auto& reader) { reader.BeginElement("r"), reader.BeginElement("key"); }),
+              "line 1, column 4, in <r>: no further element, 'key' is wanted");
+    EXPECT_EQ(
+        textOf("<r></r>", [](auto& reader) { reader.BeginElement("r"), static_cast<void>(reader.GetElementName()); }),
+        "line 1, column 4, in <r>: no further element, one is wanted");
+    EXPECT_EQ(textOf(Repeated(257, "<b>"),
+                     [](auto& reader) {
+                         for (int i = 0; i < 257; ++i) reader.BeginElement("b");
+                     }),
+              "line 1, column 769, in <b>: element 'b' is nested too deep: 256 is the limit");
+    EXPECT_EQ(
+        textOf("<r a='1'>", [](auto& reader) { reader.BeginElement("r"), reader.FailHere(7, " is ", Quoted("odd")); }),
+        "line 1, column 1, in <r>: 7 is 'odd'");
+}
+
+TEST(XmlKeyStreamTest, TheWriterNamesElementAndReason) {
+    const auto textOf = [](const std::string& script, char what, const std::string& name) {
+        std::string text;
+        Written<CXMLKEYWRITER>([&](CKEYWRITER& writer) {
+            Play(writer, script);
+            text = FailureOf([&] { return Do(writer, what, name), 0; }).text;
+            for (std::size_t begun = std::count(script.begin(), script.end(), '<'); begun > 0; --begun)
+                writer.EndElement();
+        });
+        return text;
+    };
+    const std::string rule = " is not a name: letters of ASCII, digits, '_', '-' and '.', the first a letter or '_'";
+    EXPECT_EQ(textOf("", '<', "a b"), "'a b'" + rule);
+    EXPECT_EQ(textOf("", '>', ""), "no element has been begun");
+    EXPECT_EQ(textOf("<r .t", '<', "s"), "in <r>: element 's' after a text: an element has text or children");
+    EXPECT_EQ(textOf("<r <s", '@', "1"), "in <s>: '1'" + rule);
+    EXPECT_EQ(textOf("<r @a", '@', "a"), "in <r>: attribute 'a' twice");
+    EXPECT_EQ(textOf("<r .t", '@', "a"), "in <r>: attribute 'a' after a text or a child");
+    EXPECT_EQ(textOf("<r", '=', "\x1B"), "in <r>: the text '\\x1B' holds a control character");
+    EXPECT_EQ(textOf("<r", '.', std::string(1 << 20, 'x') + 'x'),
+              "in <r>: a text of 1048577 characters, 1048576 is the limit");
+}
+
 TREE RandomTree(std::mt19937& random, int depth) {
     const auto text = [&random] {
         std::string made(random() % 9 == 0 ? random() % 6000 : random() % 4, ' ');
