@@ -44,14 +44,11 @@ void SetValueAtStep(COBJECT* object, const STEP& step, COBJECT* value) {
     }
 }
 
-// The keys that the object lists. That there is no memory for them must not hide what failed.
+// The keys that the object lists. A lack of memory for them, or for the description of its class, must not hide what failed.
 std::vector<std::string> KeyNamesOf(COBJECT* object) {
-    const CKEYNAMES* const known = ProtocolCast<CKEYNAMES>(object);
-    if (known == nullptr) {
-        return {};
-    }
     try {
-        return known->GetKeyNames();
+        const CKEYNAMES* const known = ProtocolCast<CKEYNAMES>(object);
+        return known != nullptr ? known->GetKeyNames() : std::vector<std::string>();
     } catch (const std::bad_alloc&) {
         return {};
     }

@@ -145,6 +145,15 @@ TEST(PasswordTest, GivenBytesComeBack) {
     EXPECT_EQ(FailureOf([] { return CPASSWORD::Create("text", -1); }), kErrInvalidArgument);
 }
 
+TEST(PasswordTest, FailuresSayWhatWasAskedFor) {
+    using support::Saying;
+    EXPECT_EQ(FailureOf([] { return CPASSWORD::Create(67); }), Saying(132, "a password of 67 characters", "0 to 66"));
+    EXPECT_EQ(FailureOf([] { return CPASSWORD::CreateSecure(3); }), Saying(132, "of 3 characters", "4 or more"));
+    EXPECT_EQ(FailureOf([] { return CPASSWORD::Create(nullptr); }), Saying(-100, "text", "null"));
+    EXPECT_EQ(FailureOf([] { return CPASSWORD::Create(nullptr, 1); }), Saying(-100, "bytes", "null"));
+    EXPECT_EQ(FailureOf([] { return CPASSWORD::Create("text", -1); }), Saying(132, "-1 bytes", "0 or more"));
+}
+
 TEST(PasswordTest, MovedFromPasswordsAreEmpty) {
     const auto password = CPASSWORD::Create("moved");
     CPASSWORD taken(std::move(*password));

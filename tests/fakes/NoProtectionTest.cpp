@@ -105,6 +105,9 @@ TEST(NoProtectionTest, EachFailureIsToldAndHarmless) {
                 isReached = gCallsToFailure < 0 ? 1 : 0;
                 gCallsToFailure = -1;
                 EXPECT_EQ(failure != 0, isReached != 0);
+                EXPECT_NE(failure.text.empty(), isReached != 0);
+                EXPECT_EQ(failure.text.find("longer"), std::string::npos) << "no part of the secret";
+                EXPECT_EQ(failure.text.find_first_of("0123456789"), std::string::npos) << "nor its length";
                 EXPECT_LE(IsReadable(*left) + IsReadable(*right), gHasSealFailed ? 1 : 0);
                 left->Unlock();
                 right->Unlock();

@@ -5,6 +5,7 @@
 #include <MLCore/platform/LastError.h>
 #include <MLCore/platform/WinTypes.h>
 #include <gtest/gtest.h>
+#include <support/Failure.h>
 
 #include <new>
 
@@ -51,6 +52,20 @@ TEST(NoSystemMessageTest, TheTextIsNullUntilTheSystemHasOne) {
 TEST(NoSystemMessageTest, ComErrorsHaveATextAllTheSame) {
     const FrameworkException failure{_com_error(E_ACCESSDENIED)};
     EXPECT_STREQ(failure.GetText(), "Unknown error 0x80070005");
+}
+
+TEST(NoSystemMessageTest, ATextStandsWithoutAMessage) {
+    const auto fail = [] { return FailWithLastError("cannot open ", 7), 0; };
+    gLastError = 5;
+    EXPECT_EQ(support::FailureOf(fail), (support::FAILURE{-3005, -3005, 5, "cannot open 7"}));
+    gMessage = " .\r\n";
+    EXPECT_EQ(support::FailureOf(fail).text, "cannot open 7");
+    gMessage = "Not. Today. \r\n";
+    EXPECT_EQ(support::FailureOf(fail).text, "cannot open 7: Not. Today");
+    gIsOutOfMemory = true;
+    EXPECT_EQ(support::FailureOf(fail), (support::FAILURE{-3005, -3005, 5, "cannot open 7"}));
+    gIsOutOfMemory = false;
+    gMessage.clear();
 }
 
 TEST(NoSystemMessageTest, AFailureWithoutALastErrorIsAFailure) {

@@ -2,6 +2,7 @@
 // std::bad_alloc or a told failure or goes on without that memory; it loses nothing, changes nothing by half, and works when
 // it is tried again. The program holds the library itself, so that it allocates here.
 #include <MLCore/MLCore.h>
+#include <MLCore/platform/File.h>
 #include <MLCore/platform/WinTypes.h>
 #include <faults/Faults.h>
 #include <gtest/gtest.h>
@@ -237,6 +238,81 @@ const SCENARIO<STATE> kScenarios[] = {
      LEAVES::Anything},
     {"from UTF-8 and back", [](STATE& state) { state.text = Utf8FromAnsi(AnsiFromUtf8(kLong)); }},
 };
+
+/// Lists its keys.
+class CLISTED : public COBJECT, public CKEYNAMES {
+    MLCORE_CLASS(CLISTED, COBJECT, CKEYNAMES)
+public:
+    std::vector<std::string> GetKeyNames() const override { return {kLong, "amount"}; }
+};
+MLCORE_REGISTER_CLASS(CLISTED)
+
+/// What fails without an allocation, except for the text.
+struct REFUSING {
+    REFUSING() {
+        xml.writer.BeginElement("root");
+        xml.writer.EndElement();
+        xml.stream.Open();
+        reader.BeginElement("root");
+        other.writer.BeginElement("root");
+        read.Open();
+    }
+    OBJECT listed = AdoptObject<COBJECT>(new CLISTED);
+    CSHAREOBJECTPTR<CARRAY> array = CMEMARRAY::Create();
+    CVALUE value = kLong;
+    std::string key = "amont", path = "a..b";
+    STATE::XML xml, other;
+    CXMLKEYREADER reader{xml.stream};
+    CBUFFERSTREAM closed, read{0, nullptr};
+};
+
+const struct {
+    const char* name;
+    int failure;
+    void (*act)(REFUSING& state);
+} kRefusals[] = {
+    {"a text of parts", 138, [](REFUSING&) { FailWith(138, kLong, 1, Quoted(kLong)); }},
+    {"a message of the system", -3002,
+     [](REFUSING&) {
+         static_cast<void>(platform::FileOpen("no such file", platform::kFileRead));
+         FailWithLastError("cannot open ", Quoted(kLong));
+     }},
+    {"an unknown key", 151, [](REFUSING& state) { state.listed->GetKeyValue(state.key); }},
+    {"an unknown key to be set", 151, [](REFUSING& state) { state.listed->SetKeyPathValue(state.key, nullptr); }},
+    {"a malformed path", 151, [](REFUSING& state) { state.listed->GetKeyPathValue(state.path); }},
+    {"an unknown class", 123, [](REFUSING&) { static_cast<void>(COBJECTFACTORY::GetInstance()->CreateObject(kLong)); }},
+    {"an object that cannot be copied", 150, [](REFUSING& state) { static_cast<void>(state.listed->Clone()); }},
+    {"an attribute that is missing", 138, [](REFUSING& state) { static_cast<void>(state.reader.GetAttribute("key")); }},
+    {"a name that is none", 138, [](REFUSING& state) { state.other.writer.SetAttribute(kLong, ""); }},
+    {"a length of a password", 132, [](REFUSING&) { static_cast<void>(CPASSWORD::CreateStrong(3)); }},
+    {"a value of another type", 138, [](REFUSING& state) { static_cast<void>(state.value.ToLong()); }},
+    {"an index", 151, [](REFUSING& state) { state.array->RemoveObjectAt(7); }},
+    {"a closed stream", 141, [](REFUSING& state) { state.closed.SetPosition(0); }},
+    {"the end of a stream", -110,
+     [](REFUSING& state) {
+         double number = 0;
+         state.read.GetValue(number);
+     }},
+};
+
+TEST(AllocationTest, AFailureWithoutMemoryForItsTextKeepsItsCode) {
+    for (const auto& refusal : kRefusals) {
+        const testing::ScopedTrace trace(__FILE__, __LINE__, refusal.name);
+        REFUSING state;
+        for (const int round : {0, 1, 2}) {
+            const long live = gFaults.live;
+            gFaults.kind = FAULTS::Kind::Memory;
+            gFaults.isLasting = round == 2;
+            long toGo = 0;
+            do {
+                gFaults.toGo = toGo++;
+                EXPECT_EQ(FailureOf({refusal.name, refusal.act}, state), refusal.failure) << toGo;
+            } while (gFaults.hasFailed && !HasFailure());
+            EXPECT_TRUE(gFaults.live == live || round == 0)
+                << "after the first use, which may leave the description of a class";
+        }
+    }
+}
 
 TEST(AllocationTest, FailuresChangeAndLoseNothing) {
     long failures = 0;

@@ -143,7 +143,8 @@ TEST(LogManager, FailsOnceWithoutAFile) {
     const LOGFILE restored;
     const std::string path = restored.path + "/no/folder";
     CLOGMANAGER::SetLogFile(path.c_str());
-    EXPECT_EQ(FailureOf([] { CLOGMANAGER::Enable("failing", 1); }), kPathNotFound);
+    EXPECT_EQ(FailureOf([] { CLOGMANAGER::Enable("failing", 1); }),
+              support::Saying(kPathNotFound, "cannot open the log file '", path.substr(0, 20), ": "));
     EXPECT_NO_THROW(CLOGMANAGERPOLICY::Write("failing", "dropped"));
     EXPECT_NO_THROW(static_cast<void>(CLOGMANAGER::GetStream() << "dropped" << std::endl));
     CLOGMANAGER::SetLogFile(path.c_str());
