@@ -2,6 +2,10 @@
 
 #include <MLCore/platform/LocaleCompare.h>
 
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
 namespace MLCore {
 
 namespace {
@@ -17,6 +21,8 @@ char* Replace(char* text) noexcept {
 const char* TextOf(const char* text) noexcept { return text != nullptr ? text : ""; }
 
 short SignOf(int difference) noexcept { return static_cast<short>((difference > 0) - (difference < 0)); }
+
+bool IsDigit(char character) noexcept { return character >= '0' && character <= '9'; }
 
 // Walks over a text letter by letter, two of them where one character stands for two.
 class LETTERS {
@@ -35,6 +41,29 @@ public:
         mIsSecond = isFirstOfTwo;
         mAt += isFirstOfTwo || *mAt == 0 ? 0 : 1;
         return {order, character.accent};
+    }
+
+    // A run of digits.
+    struct NUMBER {
+        std::size_t zeros;  // at its beginning
+        std::string_view digits;
+
+        // As numbers of any length.
+        int Compare(const NUMBER& other) const noexcept {
+            return digits.size() != other.digits.size() ? (digits.size() < other.digits.size() ? -1 : 1)
+                                                        : digits.compare(other.digits);
+        }
+    };
+
+    [[nodiscard]] bool IsAtNumber() const noexcept { return !mIsSecond && IsDigit(*mAt); }
+    NUMBER TakeNumber() noexcept {
+        const char* const begin = mAt;
+        mAt += std::strspn(mAt, "0");
+        const char* const digits = mAt;
+        while (IsDigit(*mAt)) {
+            ++mAt;
+        }
+        return {static_cast<std::size_t>(digits - begin), {digits, static_cast<std::size_t>(mAt - digits)}};
     }
 
 private:
@@ -80,6 +109,37 @@ short CompareNoCaseByTable(const char* left, const char* right) noexcept {
         }
         if (x.order == 0) {
             return SignOf(firstAccent);
+        }
+    }
+}
+
+short CompareNaturally(const char* left, const char* right) noexcept {
+    LETTERS a(TextOf(left));
+    LETTERS b(TextOf(right));
+    const LETTERS::LETTER number = {AnsiCharacterOf('0').order, 0};  // all numbers stand there, and nothing but them
+    int firstDifference = 0;                                         // of accents or leading zeros
+    for (;;) {
+        if (a.IsAtNumber() && b.IsAtNumber()) {
+            const LETTERS::NUMBER x = a.TakeNumber();
+            const LETTERS::NUMBER y = b.TakeNumber();
+            if (const int order = x.Compare(y); order != 0) {
+                return SignOf(order);
+            }
+            if (firstDifference == 0) {
+                firstDifference = (x.zeros > y.zeros) - (x.zeros < y.zeros);
+            }
+            continue;
+        }
+        const LETTERS::LETTER x = a.IsAtNumber() ? number : a.Next();
+        const LETTERS::LETTER y = b.IsAtNumber() ? number : b.Next();
+        if (x.order != y.order) {
+            return SignOf(x.order - y.order);
+        }
+        if (firstDifference == 0) {
+            firstDifference = x.accent - y.accent;
+        }
+        if (x.order == 0) {
+            return SignOf(firstDifference);
         }
     }
 }

@@ -47,4 +47,10 @@ MLCORE_API char* lstrrmvaccent(char* text) noexcept;
 /// Windows' own rule for English and French differs in that it passes over hyphens and apostrophes at first.
 [[nodiscard]] MLCORE_API short CompareNoCaseByTable(const char* left, const char* right) noexcept;
 
+/// Compares as CompareNoCaseByTable() does, with each run of digits as one number of any length: "Facture 2" < "Facture 10".
+/// Numbers come where digits do, between symbols and letters, and before fractions and superscripts. Where all else is equal,
+/// the first difference in accents or in leading zeros decides, fewer zeros first: "7" < "07" < "7a". Texts are equal when
+/// they are by CompareNoCaseByTable(). A sign, a decimal point and a comma are symbols: "1.5" < "1.10". Takes no memory.
+[[nodiscard]] MLCORE_API short CompareNaturally(const char* left, const char* right) noexcept;
+
 }  // namespace MLCore
