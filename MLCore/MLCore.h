@@ -14,6 +14,7 @@
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 #include <MLCore/core/CSINGLETON.h>
 #include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/core/EnumTable.h>
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/ExactClass.h>
 #include <MLCore/core/FAILUREPART.h>
@@ -70,6 +71,7 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/CVALUEPREDICATE.h>
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
+#include <MLCore/predicates/SORTRULE.h>
 #include <MLCore/predicates/SortArray.h>
 #include <MLCore/predicates/SortDescriptors.h>
 #include <MLCore/streams/CBUFFERSTREAM.h>
@@ -116,9 +118,10 @@
 #include <MLCore/values/CSET.h>
 #include <MLCore/values/CVALUE.h>
 #include <MLCore/values/CVALUEOBJECT.h>
-#include <MLCore/values/Cmp.h>
 #include <MLCore/values/ComparisonWords.h>
 #include <MLCore/values/ELEMENTCURSOR.h>
 #include <MLCore/values/Elements.h>
 #include <MLCore/values/LikePattern.h>
+#include <MLCore/values/TolerantComparison.h>
+#include <MLCore/values/ValueComparison.h>
 #include <MLCore/values/ValueText.h>

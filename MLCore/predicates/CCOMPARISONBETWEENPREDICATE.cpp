@@ -44,9 +44,9 @@ int CCOMPARISONBETWEENPREDICATE::Compare(const SUBJECT& subject) const {
 
 int CCOMPARISONBETWEENPREDICATE::CmpBetween(COBJECT* value, COBJECT* lower, COBJECT* upper,
                                             CVALUEOBJECT::ComparisonOption option) {
-    const CVALUEOBJECT* const tested = ValueObject(value);
-    const CVALUEOBJECT* const least = ValueObject(lower);
-    const CVALUEOBJECT* const most = ValueObject(upper);
+    const CVALUEOBJECT* const tested = AsValueObject(value);
+    const CVALUEOBJECT* const least = AsValueObject(lower);
+    const CVALUEOBJECT* const most = AsValueObject(upper);
     if (tested == nullptr || least == nullptr || most == nullptr) {
         return 0;
     }

@@ -42,16 +42,16 @@ int CCOMPARISONBINARYPREDICATE::Compare(const SUBJECT& subject) const {
     CSHAREOBJECTPTR<COBJECT> holders[2];
     COBJECT* const left = mOperands[0].Evaluate(subject, holders[0]);
     COBJECT* const right = mOperands[1].Evaluate(subject, holders[1]);
-    const CVALUEOBJECT* first = ValueObject(left);
+    const CVALUEOBJECT* first = AsValueObject(left);
     if (first == nullptr || right == nullptr) {
         return 0;
     }
     const TYPE type = GetComparisonType();
     if (mOperands[0].IsKey() || !mOperands[1].IsKey() || !IsOrder(type)) {
-        return CompareValue(*first, right, type, GetComparisonOption());
+        return first->Cmp(right, type, GetComparisonOption());
     }
-    first = ValueObject(right);
-    return first != nullptr ? CompareValue(*first, left, Mirror(type), GetComparisonOption()) : 0;
+    first = AsValueObject(right);
+    return first != nullptr ? first->Cmp(left, Mirror(type), GetComparisonOption()) : 0;
 }
 
 void CCOMPARISONBINARYPREDICATE::WriteOperands(CKEYWRITER& writer) const { mOperands.Write(writer); }

@@ -33,7 +33,7 @@ void CCOMPARISONINPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperand
 
 int CCOMPARISONINPREDICATE::Compare(const SUBJECT& subject) const {
     CSHAREOBJECTPTR<COBJECT> holders[2];
-    const CVALUEOBJECT* const value = ValueObject(mOperands[0].Evaluate(subject, holders[0]));
+    const CVALUEOBJECT* const value = AsValueObject(mOperands[0].Evaluate(subject, holders[0]));
     return value != nullptr ? value->Cmp(mOperands[1].Evaluate(subject, holders[1]), TYPE::In, GetComparisonOption())
                             : 0;
 }

@@ -57,8 +57,8 @@ int CSEARCHTEXTPREDICATE::Search(const SUBJECT& subject) const {
     CSHAREOBJECTPTR<COBJECT> holders[2];
     COBJECT* const field = mOperands.front().Evaluate(subject, holders[0]);
     COBJECT* const text = mOperands.back().Evaluate(subject, holders[1]);
-    const CVALUEOBJECT* const where = ValueObject(field);
-    const CVALUEOBJECT* const what = ValueObject(text);
+    const CVALUEOBJECT* const where = AsValueObject(field);
+    const CVALUEOBJECT* const what = AsValueObject(text);
     if (!IsText(where) || !IsText(what)) {
         return 0;
     }

@@ -1,15 +1,28 @@
 #include <MLCore/predicates/SortDescriptors.h>
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/predicates/CSORTDESCRIPTOR.h>
+#include <MLCore/predicates/detail/SortOrder.h>
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/Elements.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace MLCore {
+
+Elements DescriptorsOf(const CARRAY& order) {
+    Elements descriptors = ElementsOf(order);
+    for (std::size_t index = 0; index < descriptors.size(); ++index) {
+        const COBJECT* const element = descriptors[index];
+        if (dynamic_cast<const CSORTDESCRIPTOR*>(element) == nullptr) {
+            FailWith(kErrBadCast, "element ", index, " of the sort order is ",
+                     element != nullptr ? element->GetClassName() : "null", ", wanted a CSORTDESCRIPTOR");
+        }
+    }
+    return descriptors;
+}
 
 int CmpSortDescriptors(CARRAY* a, CARRAY* b) {
     if (a == nullptr || b == nullptr) {
@@ -28,12 +41,11 @@ CSHAREOBJECTPTR<CARRAY> ReverseSortDescriptors(CARRAY* order) {
     if (order == nullptr) {
         return nullptr;
     }
-    Elements elements = ElementsOf(*order);
+    Elements elements = DescriptorsOf(*order);
     for (CSHAREOBJECTPTR<COBJECT>& element : elements) {
-        const auto* const descriptor = dynamic_cast<const CSORTDESCRIPTOR*>(element.Get());
-        FailOSErr(descriptor != nullptr ? short{0} : kErrBadCast);
-        const bool isDescending = descriptor->GetSortOrderType() == TYPE::Descending;
-        element = CSORTDESCRIPTOR::Create(descriptor->GetKey(), isDescending ? TYPE::Ascending : TYPE::Descending);
+        const auto& descriptor = static_cast<const CSORTDESCRIPTOR&>(*element);
+        const bool isDescending = descriptor.GetSortOrderType() == TYPE::Descending;
+        element = CSORTDESCRIPTOR::Create(descriptor.GetKey(), isDescending ? TYPE::Ascending : TYPE::Descending);
     }
     return CMEMARRAY::Create(std::move(elements));
 }

@@ -1,5 +1,7 @@
 #include <MLCore/values/CVALUE.h>
 
+#include <MLCore/core/EnumTable.h>
+#include <MLCore/core/FailureChecks.h>
 #include <MLCore/platform/WinTypes.h>
 #include <MLCore/values/detail/SmallBlocks.h>
 
@@ -10,32 +12,34 @@ namespace MLCore {
 
 namespace {
 
-/// What is told of each type, by its code.
-constexpr struct {
+/// Each type's facts, by its code.
+struct TYPEROW {
+    CVALUE::Type type;
     std::string_view name;
+    const char* description;
     std::uint8_t size;
-} kTypes[] = {
-    {"Type::Unknown", 0},
-    {"Type::Short", 2},
-    {"Type::UShort", 2},
-    {"Type::Long", 4},
-    {"Type::ULong", 4},
-    {"Type::Date", 6},
-    {"Type::Time", 4},
-    {"Type::String", 1},
-    {"Type::Float", 4},
-    {"Type::Double", 8},
-    {"Type::DateTime", 10},
-    {"Type::Bool", 4},
-    {"", 8},
-    {"Type::Guid", 16},
 };
 
+constexpr TYPEROW kTypes[] = {
+    {CVALUE::Type::Unknown, "Type::Unknown", "null", 0},
+    {CVALUE::Type::Short, "Type::Short", "a Short", 2},
+    {CVALUE::Type::UShort, "Type::UShort", "a UShort", 2},
+    {CVALUE::Type::Long, "Type::Long", "a Long", 4},
+    {CVALUE::Type::ULong, "Type::ULong", "a ULong", 4},
+    {CVALUE::Type::Date, "Type::Date", "a Date", 6},
+    {CVALUE::Type::Time, "Type::Time", "a Time", 4},
+    {CVALUE::Type::String, "Type::String", "a String", 1},
+    {CVALUE::Type::Float, "Type::Float", "a Float", 4},
+    {CVALUE::Type::Double, "Type::Double", "a Double", 8},
+    {CVALUE::Type::DateTime, "Type::DateTime", "a DateTime", 10},
+    {CVALUE::Type::Bool, "Type::Bool", "a Bool", 4},
+    {CVALUE::Type::Object, "", "an Object", 8},
+    {CVALUE::Type::Guid, "Type::Guid", "a Guid", 16},
+};
+static_assert(IsIndexedBy(kTypes, &TYPEROW::type, CVALUE::kTypeCount));
 static_assert(sizeof(_GUID) == 16);
 
-constexpr bool IsType(CVALUE::Type type) noexcept {
-    return type >= CVALUE::Type::Unknown && type <= CVALUE::Type::Guid;
-}
+constexpr bool IsType(CVALUE::Type type) noexcept { return static_cast<std::size_t>(type) < CVALUE::kTypeCount; }
 
 template <std::size_t size>
 using SIZE = std::integral_constant<std::size_t, size>;
@@ -88,7 +92,7 @@ const CVALUE& CVALUE::False() noexcept {
 
 CVALUE::CVALUE(Type type, const void* data) {
     if (!IsType(type)) {
-        FailOSErr(kErrValueType);
+        FailWith(kErrValueType, "there is no type of value ", static_cast<std::int32_t>(type));
     }
     switch (type) {
         case Type::Unknown:
@@ -108,21 +112,13 @@ CVALUE::CVALUE(Type type, const void* data) {
             SetPayload(Widened<std::int32_t>(data));
             break;
         case Type::Object:
-            if (data != nullptr) {
-                // Nothing is written through it; an owner only counts.
-                auto* const object = static_cast<CSHAREOBJECT*>(const_cast<void*>(data));
-                object->AddRef();
-                SetBlock(object);
-            }
+            HoldObject(data);
             break;
         case Type::String:
             AllocateText(data == nullptr ? "" : static_cast<const char*>(data));
             break;
-        default: {
-            const std::size_t size = GetTypeSize(type);
-            void* const block = NewBlock(size);
-            SetBlock(data == nullptr ? std::memset(block, 0, size) : std::memcpy(block, data, size));
-        }
+        default:
+            AllocateCopy(data, GetTypeSize(type));
     }
     mType = type;
 }
@@ -139,6 +135,20 @@ void CVALUE::AllocateText(std::string_view text) {
     SetBlock(copy);
 }
 
+void CVALUE::AllocateCopy(const void* data, std::size_t size) {
+    void* const block = NewBlock(size);
+    SetBlock(data == nullptr ? std::memset(block, 0, size) : std::memcpy(block, data, size));
+}
+
+void CVALUE::HoldObject(const void* object) noexcept {
+    if (object != nullptr) {
+        // Nothing is written through it; an owner only counts.
+        auto* const held = static_cast<CSHAREOBJECT*>(const_cast<void*>(object));
+        held->AddRef();
+        SetBlock(held);
+    }
+}
+
 void CVALUE::CopyPayload(const CVALUE& other) {
     void* const block = other.Block();
     if (block == nullptr) {
@@ -147,8 +157,7 @@ void CVALUE::CopyPayload(const CVALUE& other) {
     const auto copy = [this, block](auto size) { SetBlock(std::memcpy(AllocateBlock(size()), block, size())); };
     switch (mType) {
         case Type::Object:
-            static_cast<CSHAREOBJECT*>(block)->AddRef();
-            SetBlock(block);
+            HoldObject(block);
             break;
         case Type::String:
             AllocateText(other.TextView());
@@ -175,7 +184,7 @@ void CVALUE::ReleasePayload() noexcept {
 }
 
 std::size_t CVALUE::GetSize() const {
-    FailOSErr(IsNull() != 0 ? kErrValueType : short{0});
+    Require(IsNull() == 0, kErrValueType, "a null value has no size");
     return mType == Type::String ? TextView().size() + 1 : GetTypeSize(mType);
 }
 
@@ -187,8 +196,16 @@ std::size_t CVALUE::GetTypeSize(Type type, const char* text) noexcept {
     return kTypes[static_cast<std::size_t>(type)].size + length;
 }
 
+const char* CVALUE::DescribeType(Type type) noexcept {
+    return IsType(type) ? kTypes[static_cast<std::size_t>(type)].description : "of an unknown type";
+}
+
+void CVALUE::FailType(Type wanted) const {
+    FailWith(kErrValueType, "the value is ", DescribeType(mType), ", wanted ", DescribeType(wanted));
+}
+
 CSHAREOBJECT* CVALUE::ToObject() const {
-    Require(Type::Object);
+    RequireType(Type::Object);
     return static_cast<CSHAREOBJECT*>(Block());
 }
 

@@ -23,30 +23,30 @@
 
 namespace MLCore {
 
-/// What a CVALUE cannot be made of: characters, enumerations, numbers of other widths and pointers to other things.
-/// Without this some of them would become a Bool.
+/// The types that a CVALUE refuses to be made of: characters, enumerations, numbers of other widths and pointers to other
+/// types. Without this some of them would become a Bool.
 template <class T>
-concept NOVALUE = std::is_enum_v<T> ||
-                  (std::is_arithmetic_v<T> && !std::same_as<T, bool> && !std::same_as<T, short> &&
-                   !std::same_as<T, unsigned short> && !std::same_as<T, int> && !std::same_as<T, long> &&
-                   !std::same_as<T, unsigned long> && !std::same_as<T, float> && !std::same_as<T, double>) ||
-                  (std::is_pointer_v<T> && !std::convertible_to<T, const char*> &&
-                   !std::convertible_to<T, CSHAREOBJECT*>);
+concept NotAValue = std::is_enum_v<T> ||
+                    (std::is_arithmetic_v<T> && !std::same_as<T, bool> && !std::same_as<T, short> &&
+                     !std::same_as<T, unsigned short> && !std::same_as<T, int> && !std::same_as<T, long> &&
+                     !std::same_as<T, unsigned long> && !std::same_as<T, float> && !std::same_as<T, double>) ||
+                    (std::is_pointer_v<T> && !std::convertible_to<T, const char*> &&
+                     !std::convertible_to<T, CSHAREOBJECT*>);
 
-/// One value of one of fourteen types, or nothing: what expressions, predicates and streams carry their constants in.
+/// One value of one of fourteen types. Expressions, predicates and streams carry their constants in it.
 ///
-///     CVALUE value = 5L;              // a Long
-///     value == 5L;                    // true
-///     value == short(5);              // false: another type
-///     value = "abc";                  // now a String
-///     value.ToLong();                 // fails with kErrValueType
+///     CVALUE value = 5L;                           // a Long
+///     const bool isFive = value == 5L;             // true
+///     const bool isShort = value == short{5};      // false: another type
+///     value = "abc";                               // now a String
+///     const std::string text = value.ToString();   // ToLong() would fail: kErrValueType (138)
 ///
 /// A value never converts. It has the type of what it was made of, only the accessor of that type reads it, and two
-/// values of different types are never equal. An `int` makes a Bool, since the library's booleans are `int`; write 5L for
+/// values of different types are never equal. An `int` makes a Bool, because the library's booleans are `int`: write 5L for
 /// a number.
 ///
-/// 12 bytes. The value owns what it points to: copies are deep, except that copies of an object share it. A value moved
-/// from is Unknown. Integers, times and booleans need no memory of their own.
+/// A value takes 12 bytes and owns what it points to: copies are deep, except that copies of an object share it. A
+/// moved-from value is Unknown. Integers, times and booleans need no further memory.
 class MLCORE_API CVALUE {
 public:
     enum class Type : std::int32_t {
@@ -65,24 +65,26 @@ public:
         Object,    ///< a shared object, one reference held; may be null
         Guid,      ///< _GUID
     };
+    /// The types, from Unknown to Guid.
+    static constexpr std::size_t kTypeCount = static_cast<std::size_t>(Type::Guid) + 1;
 
     [[nodiscard]] static const CVALUE& Null() noexcept;   ///< Unknown
     [[nodiscard]] static const CVALUE& True() noexcept;   ///< Bool 1
     [[nodiscard]] static const CVALUE& False() noexcept;  ///< Bool 0
 
     CVALUE() noexcept = default;
-    // Each of the following also assigns: the value is made first, then what was held is let go.
+    // Each of the following also assigns: the new value is made first, then the old one is released.
     CVALUE(short value) noexcept : mType(Type::Short) { SetPayload(value); }
     CVALUE(unsigned short value) noexcept : mType(Type::UShort) { SetPayload(value); }
     CVALUE(int value) noexcept : mType(Type::Bool) { SetPayload(value); }
-    /// Fails with kErrOverflow when the number does not fit 32 bits.
+    /// A `long` and an `unsigned long` fail with kErrOverflow (126) when the number does not fit in 32 bits.
     CVALUE(long value) : mType(Type::Long) { SetPayload(Int32OrFail(value)); }
     CVALUE(unsigned long value) : mType(Type::ULong) { SetPayload(UInt32OrFail(value)); }
     CVALUE(float value) : mType(Type::Float) { Allocate(value); }
     CVALUE(double value) : mType(Type::Double) { Allocate(value); }
     /// Null makes an empty String.
     CVALUE(const char* value) : mType(Type::String) { AllocateText(value == nullptr ? "" : value); }
-    /// Keeps what stands before the first zero byte.
+    /// Keeps the text before the first zero byte.
     CVALUE(const std::string& value) : CVALUE(value.c_str()) {}
     CVALUE(const CDATE& value) : mType(Type::Date) { Allocate(value); }
     CVALUE(const CTIME& value) noexcept : mType(Type::Time) { SetPayload(value.GetTotalSeconds()); }
@@ -95,102 +97,71 @@ public:
         : CVALUE(static_cast<CSHAREOBJECT*>(value.Get())) {}
     /// By the variant's type: VT_EMPTY and VT_NULL make Unknown, VT_I2 Short, VT_UI2 UShort, VT_I4 and VT_INT Long,
     /// VT_UI4 and VT_UINT ULong, VT_R4 Float, VT_R8 Double, VT_BSTR String (in code page 1252), VT_BOOL Bool 0 or 1,
-    /// VT_DATE DateTime. Other types, and dates that are none, fail with kErrValueType.
+    /// VT_DATE DateTime. Other types, and numbers that are not a valid date, fail with kErrValueType.
     CVALUE(const _variant_t& value);
     /// Copies GetTypeSize(type, data) bytes from `data`, or as many zeros when `data` is null. For an object `data` is
     /// the CSHAREOBJECT* itself, so that CVALUE(v.GetType(), v.GetValue()) copies any value. Fails with kErrValueType for
     /// an unknown type.
     CVALUE(Type type, const void* data);
-    template <NOVALUE T>
+    template <NotAValue T>
     CVALUE(T) = delete;
 
-    CVALUE(const CVALUE& other) : mType(other.mType) {
-        if (OwnsPayload()) {
-            CopyPayload(other);
-        } else {
-            SetPayload(other.Payload());
-        }
-    }
+    CVALUE(const CVALUE& other);
     CVALUE(CVALUE&& other) noexcept { Swap(other); }
-    CVALUE& operator=(const CVALUE& other) {
-        if (OwnsPayload() || other.OwnsPayload()) {
-            Assign(other);
-        } else {
-            mType = other.mType;
-            SetPayload(other.Payload());
-        }
-        return *this;
-    }
-    CVALUE& operator=(CVALUE&& other) noexcept {
-        CVALUE taken(std::move(other));
-        Swap(taken);
-        return *this;
-    }
-    ~CVALUE() {
-        if (OwnsPayload() && Payload() != 0) {
-            ReleasePayload();
-        }
-    }
+    CVALUE& operator=(const CVALUE& other);
+    CVALUE& operator=(CVALUE&& other) noexcept;
+    ~CVALUE();
 
-    /// Frees or releases what is held. The type stays; the value is then its type's zero: 0, "", the null date, no object.
-    void Clear() noexcept {
-        CVALUE old;
-        std::swap(mPayload, old.mPayload);
-        old.mType = mType;
-    }
-    /// Makes it the zero of this type. Fails with kErrValueType for an unknown type and is left alone.
+    /// Frees or releases the content. The type stays, and the value is then the zero of its type: 0, "", the null date, no
+    /// object.
+    void Clear() noexcept;
+    /// Makes the value the zero of `type`. Fails with kErrValueType for an unknown type and leaves the value as it was.
     void SetType(Type type) { *this = CVALUE(type, nullptr); }
-    /// Replaces the content, keeping the type: see CVALUE(Type, const void*). `data` may lie in this value.
+    /// Replaces the content and keeps the type, as CVALUE(Type, const void*) does. `data` may lie in this value.
     void SetValue(const void* data) { *this = CVALUE(mType, data); }
 
     [[nodiscard]] Type GetType() const noexcept { return mType; }
     /// 1 when the type is Unknown.
     [[nodiscard]] int IsNull() const noexcept { return mType == Type::Unknown ? 1 : 0; }
-    /// The stored bytes, until the value changes: in the value itself or, for an allocated type, in its block; for an
-    /// object the pointer to it. Null for Unknown, a null object and an allocated type after Clear().
+    /// The stored bytes, valid until the value changes. They lie in the value itself or, for an allocated type, in its
+    /// block; for an object this is the pointer to it. Null for Unknown, a null object and an allocated type after Clear().
     [[nodiscard]] const void* GetValue() const noexcept { return OwnsPayload() ? Block() : mPayload; }
-    /// The number of stored bytes; fails with kErrValueType for Unknown.
+    /// The number of stored bytes. Fails with kErrValueType for Unknown.
     [[nodiscard]] std::size_t GetSize() const;
-    /// The bytes that a type stores: 0 for Unknown and for what is no type; for String the length of `text`, which is read
-    /// for String only, and 1.
+    /// The number of bytes that a type stores; 0 for Unknown and an unknown type. For String it is the length of `text`
+    /// (may be null) plus 1; the other types do not read `text`.
     [[nodiscard]] static std::size_t GetTypeSize(Type type, const char* text = nullptr) noexcept;
     /// 1 when values of the type hold a pointer: Unknown (always null), Date, String, Float, Double, DateTime, Object, Guid.
-    [[nodiscard]] static constexpr int IsAllocatedType(Type type) noexcept {
-        return type < Type::Short || (type > Type::ULong && type != Type::Time && type != Type::Bool) ? 1 : 0;
-    }
+    [[nodiscard]] static constexpr int IsAllocatedType(Type type) noexcept;
+    /// The type in a sentence, for the texts of failures: "a Date", "an Object", "null" for Unknown, "of an unknown type".
+    [[nodiscard]] static const char* DescribeType(Type type) noexcept;
 
-    // What is stored. All fail with kErrValueType when the value is not of exactly this type.
-    [[nodiscard]] short ToShort() const { return static_cast<short>(NumberOf(Type::Short)); }
-    [[nodiscard]] unsigned short ToWord() const { return static_cast<unsigned short>(NumberOf(Type::UShort)); }
-    [[nodiscard]] long ToLong() const { return static_cast<long>(NumberOf(Type::Long)); }
-    [[nodiscard]] unsigned long ToDWord() const { return static_cast<unsigned long>(NumberOf(Type::ULong)); }
+    // The stored content. All fail with kErrValueType when the value is not of exactly this type.
+    [[nodiscard]] short ToShort() const { return static_cast<short>(PayloadAs(Type::Short)); }
+    [[nodiscard]] unsigned short ToWord() const { return static_cast<unsigned short>(PayloadAs(Type::UShort)); }
+    [[nodiscard]] long ToLong() const { return static_cast<long>(PayloadAs(Type::Long)); }
+    [[nodiscard]] unsigned long ToDWord() const { return static_cast<unsigned long>(PayloadAs(Type::ULong)); }
     [[nodiscard]] CDATE ToDate() const { return StoredAs<CDATE>(Type::Date); }
     [[nodiscard]] CTIME ToTime() const { return StoredAs<CTIME>(Type::Time); }
-    [[nodiscard]] std::string ToString() const {
-        Require(Type::String);
-        return std::string(TextView());
-    }
+    [[nodiscard]] std::string ToString() const;
     [[nodiscard]] float ToFloat() const { return StoredAs<float>(Type::Float); }
     [[nodiscard]] double ToDouble() const { return StoredAs<double>(Type::Double); }
     [[nodiscard]] CDATETIME ToDateTime() const { return StoredAs<CDATETIME>(Type::DateTime); }
-    [[nodiscard]] int ToBool() const { return static_cast<int>(NumberOf(Type::Bool)); }
+    [[nodiscard]] int ToBool() const { return static_cast<int>(PayloadAs(Type::Bool)); }
     /// Borrowed; null when no object is held.
     [[nodiscard]] CSHAREOBJECT* ToObject() const;
     [[nodiscard]] _GUID ToGuid() const;
-    /// The text of a String, never null, until the value changes.
-    operator const char*() const {
-        Require(Type::String);
-        return Text();
-    }
+    /// The text of a String, never null, valid until the value changes.
+    operator const char*() const;
     /// The span from midnight to a Time.
     [[nodiscard]] CTIMESPAN ToTimeSpan() const { return CTIMESPAN(ToTime().GetTotalSeconds()); }
-    /// The variant that the constructor turns back, except that a Bool becomes 0 or 1, and that Date and Time become VT_DATE
-    /// as DateTime does: a date at midnight, a time on day 0. Unknown makes VT_EMPTY, null dates (whatever the time) the
-    /// variant date 0, which 30 December 1899 at midnight is too. Fails with kErrValueType for Guid, Object and dates that no
-    /// variant can hold.
+    /// The variant of the same content: the constructor from a variant makes this value of it again, with three exceptions.
+    /// A Bool becomes 0 or 1. Date and Time become VT_DATE, as DateTime does: a date at midnight, a time on day 0. A null
+    /// date, whatever its time, becomes the variant date 0, as 30 December 1899 at midnight does. Unknown makes VT_EMPTY.
+    /// Fails with kErrValueType for Guid, Object and dates that no variant can hold.
     [[nodiscard]] _variant_t ToVariant() const;
 
-    /// `if (value)` and `bool b = value` would read the text and fail for all other types: ask IsNull() or ToBool().
+    /// Refused: `if (value)` would read the text, and fail for every other type. IsNull() and ToBool() are the questions to ask.
     template <std::same_as<bool> B>
     operator B() const = delete;
 
@@ -200,76 +171,55 @@ public:
         return left.mType == right.mType &&
                (left.Payload() == right.Payload() || (left.OwnsPayload() && left.IsSameContent(right)));
     }
-    // With a plain value: false for any other type, then by the plain type's own equality. The orders may be turned round.
+    // With a plain value: false for any other type, then the plain type's own equality. Either side may stand on the left.
     friend bool operator==(const CVALUE& value, short other) noexcept { return value.Is(Type::Short, other); }
     friend bool operator==(const CVALUE& value, unsigned short other) noexcept { return value.Is(Type::UShort, other); }
     friend bool operator==(const CVALUE& value, int other) noexcept { return value.Is(Type::Bool, other); }
     friend bool operator==(const CVALUE& value, long other) noexcept { return value.Is(Type::Long, other); }
-    friend bool operator==(const CVALUE& value, unsigned long other) noexcept {
-        return value.mType == Type::ULong && static_cast<unsigned long>(value.Payload()) == other;
-    }
-    friend bool operator==(const CVALUE& value, float other) noexcept {
-        return value.mType == Type::Float && value.Load<float>() == other;
-    }
-    friend bool operator==(const CVALUE& value, double other) noexcept {
-        return value.mType == Type::Double && value.Load<double>() == other;
-    }
+    friend bool operator==(const CVALUE& value, unsigned long other) noexcept { return value.IsULong(other); }
+    friend bool operator==(const CVALUE& value, float other) noexcept { return value.Holds(Type::Float, other); }
+    friend bool operator==(const CVALUE& value, double other) noexcept { return value.Holds(Type::Double, other); }
     /// Null is the empty text.
-    friend bool operator==(const CVALUE& value, const char* other) noexcept {
-        return value.mType == Type::String && std::strcmp(value.Text(), other == nullptr ? "" : other) == 0;
+    friend bool operator==(const CVALUE& value, const char* other) noexcept { return value.IsText(other); }
+    friend bool operator==(const CVALUE& value, const std::string& other) noexcept {
+        return value.IsText(other.c_str());
     }
-    friend bool operator==(const CVALUE& value, const std::string& other) noexcept { return value == other.c_str(); }
-    friend bool operator==(const CVALUE& value, const CSHAREOBJECT* other) noexcept {
-        return value.mType == Type::Object && value.Block() == other;
-    }
+    friend bool operator==(const CVALUE& value, const CSHAREOBJECT* other) noexcept { return value.IsObject(other); }
     template <class T>
     friend bool operator==(const CVALUE& value, const CSHAREOBJECTPTR<T>& other) noexcept {
-        return value == static_cast<const CSHAREOBJECT*>(other.Get());
+        return value.IsObject(static_cast<const CSHAREOBJECT*>(other.Get()));
     }
-    friend bool operator==(const CVALUE& value, const CDATE& other) noexcept {
-        return value.mType == Type::Date && value.Load<CDATE>() == other;
-    }
+    friend bool operator==(const CVALUE& value, const CDATE& other) noexcept { return value.Holds(Type::Date, other); }
     friend bool operator==(const CVALUE& value, const CTIME& other) noexcept {
         return value.Is(Type::Time, other.GetTotalSeconds());
     }
     friend bool operator==(const CVALUE& value, const CDATETIME& other) noexcept {
-        return value.mType == Type::DateTime && value.Load<CDATETIME>() == other;
+        return value.Holds(Type::DateTime, other);
     }
     /// True for a Time that lies this span after midnight.
     friend bool operator==(const CVALUE& value, const CTIMESPAN& other) noexcept {
         return value.Is(Type::Time, other.GetTotalSeconds());
     }
     friend bool operator==(const CVALUE& value, const _GUID& other) noexcept { return value.IsGuid(other); }
-    /// As the value that the variant makes; false when it makes none.
+    /// True for the value that the variant makes; false when the variant makes none.
     friend bool operator==(const CVALUE& value, const _variant_t& other) { return value.IsVariant(other); }
 
-    /// Values have no order of their own, and that of their texts' addresses is nobody's.
+    /// Refused: it would compare the addresses of texts. CVALUEOBJECT compares values of different types.
     friend void operator<=>(const CVALUE&, const CVALUE&) = delete;
 
     /// Writes the value's text: see AppendValueText().
     friend MLCORE_API std::ostream& operator<<(std::ostream& out, const CVALUE& value);
-    /// Writes "Type::Long" and so on; nothing for Object and for what is no type.
+    /// Writes "Type::Long" and so on; nothing for Object and for an unknown type.
     friend MLCORE_API std::ostream& operator<<(std::ostream& out, Type type);
 
 private:
     friend struct std::hash<CVALUE>;
 
-    [[nodiscard]] bool OwnsPayload() const noexcept {
-        constexpr unsigned kInline = 0b1000'0101'1110;  // the types by their codes; the test is on every path
-        return (kInline >> static_cast<unsigned>(mType) & 1U) == 0;
-    }
-    [[nodiscard]] std::int64_t Payload() const noexcept {
-        std::int64_t payload;
-        std::memcpy(&payload, mPayload, sizeof(payload));
-        return payload;
-    }
+    [[nodiscard]] bool OwnsPayload() const noexcept;
+    [[nodiscard]] std::int64_t Payload() const noexcept;
     void SetPayload(std::int64_t payload) noexcept { std::memcpy(mPayload, &payload, sizeof(payload)); }
     /// The payload of an allocated type.
-    [[nodiscard]] void* Block() const noexcept {
-        void* block;
-        std::memcpy(&block, mPayload, sizeof(block));
-        return block;
-    }
+    [[nodiscard]] void* Block() const noexcept;
     void SetBlock(void* block) noexcept { std::memcpy(mPayload, &block, sizeof(block)); }
     [[nodiscard]] static void* NewBlock(std::size_t size);
     /// Sets the payload to a new block with a copy of `value`.
@@ -277,69 +227,181 @@ private:
     void Allocate(const T& value) {
         SetBlock(std::memcpy(NewBlock(sizeof(value)), &value, sizeof(value)));
     }
+    /// The same with `size` bytes from `data`, or with zeros when `data` is null.
+    void AllocateCopy(const void* data, std::size_t size);
     void AllocateText(std::string_view text);
-    static constexpr std::size_t kTextHeader = sizeof(std::size_t);  // in front of each text stands its length
+    static constexpr std::size_t kTextHeader = sizeof(std::size_t);  // before each text stands its length
     /// Of a String.
-    [[nodiscard]] std::string_view TextView() const noexcept {
-        const auto* const text = static_cast<const char*>(Block());
-        std::size_t length = 0;
-        if (text != nullptr) {
-            std::memcpy(&length, text - kTextHeader, sizeof(length));
-        }
-        return {text, length};
-    }
+    [[nodiscard]] std::string_view TextView() const noexcept;
+    /// Null holds no object.
+    void HoldObject(const void* object) noexcept;
     void CopyPayload(const CVALUE& other);
     void Assign(const CVALUE& other);
     void ReleasePayload() noexcept;
-    void Swap(CVALUE& other) noexcept {
-        const std::int64_t payload = Payload();
-        SetPayload(other.Payload());
-        other.SetPayload(payload);
-        std::swap(mType, other.mType);
-    }
+    void Swap(CVALUE& other) noexcept;
 
     /// The stored bytes; zeros where an allocated type holds none. Not for objects.
-    [[nodiscard]] const void* Stored() const noexcept {
-        alignas(8) static constexpr unsigned char kZeros[16] = {};
-        const void* const stored = GetValue();
-        return stored == nullptr ? kZeros : stored;
-    }
+    [[nodiscard]] const void* Stored() const noexcept;
     [[nodiscard]] const char* Text() const noexcept { return static_cast<const char*>(Stored()); }
     template <class T>
-    [[nodiscard]] T Load() const noexcept {
-        T stored;
-        std::memcpy(&stored, Stored(), sizeof(stored));
-        return stored;
-    }
-    void Require(Type type) const {
-        if (mType != type) {
-            FailOSErr(kErrValueType);
-        }
-    }
+    [[nodiscard]] T Load() const noexcept;
+
+    [[noreturn]] void FailType(Type wanted) const;
+    void RequireType(Type type) const;
     template <class T>
-    [[nodiscard]] T StoredAs(Type type) const {
-        Require(type);
-        return Load<T>();
-    }
-    [[nodiscard]] std::int64_t NumberOf(Type type) const {
-        Require(type);
-        return Payload();
-    }
+    [[nodiscard]] T StoredAs(Type type) const;
+    /// Of an inline type.
+    [[nodiscard]] std::int64_t PayloadAs(Type type) const;
+
     [[nodiscard]] bool Is(Type type, long long number) const noexcept { return mType == type && Payload() == number; }
-    /// Of two values of one allocated type whose payloads differ.
-    [[nodiscard]] bool IsSameContent(const CVALUE& other) const noexcept;
+    [[nodiscard]] bool IsULong(unsigned long number) const noexcept;
+    template <class T>
+    [[nodiscard]] bool Holds(Type type, const T& content) const noexcept {
+        return mType == type && Load<T>() == content;
+    }
+    [[nodiscard]] bool IsText(const char* text) const noexcept;
+    [[nodiscard]] bool IsObject(const CSHAREOBJECT* object) const noexcept;
     [[nodiscard]] bool IsGuid(const _GUID& guid) const noexcept;
     [[nodiscard]] bool IsVariant(const _variant_t& variant) const;
+    /// Of two values of one allocated type whose payloads differ.
+    [[nodiscard]] bool IsSameContent(const CVALUE& other) const noexcept;
 
     Type mType = Type::Unknown;
-    unsigned char mPayload[8] = {};  // bytes, since 64 bits would ask for more alignment than the type's 32
+    unsigned char mPayload[8] = {};  // bytes, because 64 bits would ask for more alignment than the type's 32
 };
 
 static_assert(sizeof(CVALUE) == 12 && alignof(CVALUE) == 4);
 
+// Copied, read and compared wherever a predicate is evaluated, so all that follows is inline.
+
+inline CVALUE::CVALUE(const CVALUE& other) : mType(other.mType) {
+    if (OwnsPayload()) {
+        CopyPayload(other);
+    } else {
+        SetPayload(other.Payload());
+    }
+}
+
+inline CVALUE& CVALUE::operator=(const CVALUE& other) {
+    if (OwnsPayload() || other.OwnsPayload()) {
+        Assign(other);
+    } else {
+        mType = other.mType;
+        SetPayload(other.Payload());
+    }
+    return *this;
+}
+
+inline CVALUE& CVALUE::operator=(CVALUE&& other) noexcept {
+    CVALUE taken(std::move(other));
+    Swap(taken);
+    return *this;
+}
+
+inline CVALUE::~CVALUE() {
+    if (OwnsPayload() && Payload() != 0) {
+        ReleasePayload();
+    }
+}
+
+inline void CVALUE::Clear() noexcept {
+    CVALUE old;
+    std::swap(mPayload, old.mPayload);
+    old.mType = mType;
+}
+
+constexpr int CVALUE::IsAllocatedType(Type type) noexcept {
+    return type < Type::Short || (type > Type::ULong && type != Type::Time && type != Type::Bool) ? 1 : 0;
+}
+
+inline std::string CVALUE::ToString() const {
+    RequireType(Type::String);
+    return std::string(TextView());
+}
+
+inline CVALUE::operator const char*() const {
+    RequireType(Type::String);
+    return Text();
+}
+
+inline bool CVALUE::OwnsPayload() const noexcept {
+    constexpr unsigned kInline = 0b1000'0101'1110;  // the types by their codes; the test is on every path
+    return (kInline >> static_cast<unsigned>(mType) & 1U) == 0;
+}
+
+inline std::int64_t CVALUE::Payload() const noexcept {
+    std::int64_t payload;
+    std::memcpy(&payload, mPayload, sizeof(payload));
+    return payload;
+}
+
+inline void* CVALUE::Block() const noexcept {
+    void* block;
+    std::memcpy(&block, mPayload, sizeof(block));
+    return block;
+}
+
+inline std::string_view CVALUE::TextView() const noexcept {
+    const auto* const text = static_cast<const char*>(Block());
+    std::size_t length = 0;
+    if (text != nullptr) {
+        std::memcpy(&length, text - kTextHeader, sizeof(length));
+    }
+    return {text, length};
+}
+
+inline void CVALUE::Swap(CVALUE& other) noexcept {
+    const std::int64_t payload = Payload();
+    SetPayload(other.Payload());
+    other.SetPayload(payload);
+    std::swap(mType, other.mType);
+}
+
+inline const void* CVALUE::Stored() const noexcept {
+    alignas(8) static constexpr unsigned char kZeros[16] = {};
+    const void* const stored = GetValue();
+    return stored == nullptr ? kZeros : stored;
+}
+
+template <class T>
+T CVALUE::Load() const noexcept {
+    T stored;
+    std::memcpy(&stored, Stored(), sizeof(stored));
+    return stored;
+}
+
+inline void CVALUE::RequireType(Type type) const {
+    if (mType != type) [[unlikely]] {
+        FailType(type);
+    }
+}
+
+template <class T>
+T CVALUE::StoredAs(Type type) const {
+    RequireType(type);
+    return Load<T>();
+}
+
+inline std::int64_t CVALUE::PayloadAs(Type type) const {
+    RequireType(type);
+    return Payload();
+}
+
+inline bool CVALUE::IsULong(unsigned long number) const noexcept {
+    return mType == Type::ULong && static_cast<unsigned long>(Payload()) == number;
+}
+
+inline bool CVALUE::IsText(const char* text) const noexcept {
+    return mType == Type::String && std::strcmp(Text(), text == nullptr ? "" : text) == 0;
+}
+
+inline bool CVALUE::IsObject(const CSHAREOBJECT* object) const noexcept {
+    return mType == Type::Object && Block() == object;
+}
+
 }  // namespace MLCore
 
-/// Matches the equality of two values.
+/// Agrees with the equality of two values.
 template <>
 struct MLCORE_API std::hash<MLCore::CVALUE> {
     std::size_t operator()(const MLCore::CVALUE& value) const noexcept;

@@ -17,13 +17,10 @@ MLCORE_REGISTER_CLASS(CVALUEOBJECT)
 
 namespace {
 
-constexpr const char* kTypeNames[] = {"Lesser", "LesserEqual", "Greater", "GreaterEqual", "Equal",    "NotEqual",
-                                      "Like",   "Begins",      "Ends",    "In",           "Contains", "Between"};
-
 template <class COLLECTION, class TEST>
 int AnyValueObject(const COLLECTION& collection, const TEST& test) {
     for (const CSHAREOBJECTPTR<COBJECT>& element : collection) {
-        const auto* const object = dynamic_cast<const CVALUEOBJECT*>(element.Get());
+        const CVALUEOBJECT* const object = AsValueObject(element.Get());
         if (object != nullptr && test(object->GetValue()) != 0) {
             return 1;
         }
@@ -58,6 +55,7 @@ CSHAREOBJECTPTR<CVALUEOBJECT> CVALUEOBJECT::Create(CVALUE&& value) {
 
 int CVALUEOBJECT::Cmp(const CVALUE& other, ComparisonType type, ComparisonOption option) const {
     using COMPARISON = int (CVALUEOBJECT::*)(const CVALUE&, ComparisonOption) const;
+    // By comparison type; null where two values do not answer.
     static constexpr COMPARISON kComparisons[] = {
         &CVALUEOBJECT::CmpLesser,
         &CVALUEOBJECT::CmpLesserEq,
@@ -72,13 +70,14 @@ int CVALUEOBJECT::Cmp(const CVALUE& other, ComparisonType type, ComparisonOption
         &CVALUEOBJECT::CmpContains,
         nullptr,  // Between
     };
+    static_assert(std::size(kComparisons) == kComparisonTypeCount);
     const auto index = static_cast<std::size_t>(type);
-    const COMPARISON comparison = index < std::size(kComparisons) ? kComparisons[index] : nullptr;
+    const COMPARISON comparison = index < kComparisonTypeCount ? kComparisons[index] : nullptr;
     return comparison != nullptr ? (this->*comparison)(other, option) : 0;
 }
 
 int CVALUEOBJECT::Cmp(COBJECT* other, ComparisonType type, ComparisonOption option) const {
-    if (const auto* const object = dynamic_cast<const CVALUEOBJECT*>(other)) {
+    if (const CVALUEOBJECT* const object = AsValueObject(other)) {
         return Cmp(object->mValue, type, option);
     }
     if (type == ComparisonType::In) {
@@ -92,16 +91,19 @@ int CVALUEOBJECT::Cmp(COBJECT* other, ComparisonType type, ComparisonOption opti
 }
 
 CVALUE ValueOf(const COBJECT* object) {
-    const auto* const value = dynamic_cast<const CVALUEOBJECT*>(object);
-    FailOSErr(value != nullptr ? short(0) : kErrValueType);
+    const CVALUEOBJECT* const value = AsValueObject(object);
+    if (value == nullptr) {
+        FailWith(kErrValueType, "ValueOf() of ", object != nullptr ? object->GetClassName() : "null",
+                 ", wanted a CVALUEOBJECT");
+    }
     return value->GetValue();
 }
 
 bool operator==(const CVALUEOBJECT& object, const CVALUE& value) noexcept { return object.GetValue() == value; }
 
 std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonType type) {
-    const auto index = static_cast<std::size_t>(type);
-    return index < std::size(kTypeNames) ? out << "ComparisonType::" << kTypeNames[index] : out;
+    const COMPARISONWORDS* const words = WordsOf(type);
+    return words != nullptr ? out << words->dump : out;
 }
 
 std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonOption option) {

@@ -3,10 +3,12 @@
 #include <MLCore/core/COBJECT.h>
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 #include <MLCore/core/ClassDeclaration.h>
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/platform/Export.h>
 #include <MLCore/values/CVALUE.h>
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 
@@ -22,7 +24,7 @@ namespace MLCore {
 ///
 /// | this side  | the other side | how                                                               |
 /// |------------|----------------|-------------------------------------------------------------------|
-/// | a number   | a number       | as doubles, equal within 0.00001 (Cmp.h), a NaN to every number   |
+/// | a number   | a number       | as doubles, equal within 0.00001 (DoubleCmp), a NaN to every number   |
 /// | Date       | Date           | as dates                                                          |
 /// | DateTime   | DateTime       | as date-times                                                     |
 /// | either     | the other      | as date-times, the date at 00:00:00                               |
@@ -54,6 +56,7 @@ public:
         Contains,  ///< the other side, or a text out of a collection
         Between,   ///< 0: a predicate makes it of two comparisons
     };
+    static constexpr std::size_t kComparisonTypeCount = static_cast<std::size_t>(ComparisonType::Between) + 1;
 
     /// How texts compare. A number that is none of these is taken for the first.
     enum class ComparisonOption : std::int32_t {
@@ -61,6 +64,8 @@ public:
         CaseInsensitive,  ///< Equal and order: CompareNoCaseLocale(); Begins, Ends, Contains: alike when upper-cased
         DiacriticInsensitive,  ///< without accents and the case of A to Z: lstrcmpinolocal()
     };
+    static constexpr std::size_t kComparisonOptionCount =
+        static_cast<std::size_t>(ComparisonOption::DiacriticInsensitive) + 1;
 
     /// A new object with a copy of `value`, null by default.
     [[nodiscard]] static CSHAREOBJECTPTR<CVALUEOBJECT> Create(const CVALUE& value = CVALUE::Null());
@@ -128,6 +133,10 @@ private:
     CVALUE mValue;
 };
 
+/// The value object that `object` is; null for null and for an object of another class. As a dynamic_cast, but faster.
+[[nodiscard]] CVALUEOBJECT* AsValueObject(COBJECT* object) noexcept;
+[[nodiscard]] const CVALUEOBJECT* AsValueObject(const COBJECT* object) noexcept;
+
 /// The value of a value object, as a key path or a collection gives it:
 ///
 ///     const double sales = ValueOf(order->GetKeyPathValue("customer.sales")).ToDouble();
@@ -149,5 +158,14 @@ MLCORE_API std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonT
 MLCORE_API std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonOption option);
 /// Writes the value as operator<< of CVALUE does; "CVALUEOBJECT()" for a null pointer.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CVALUEOBJECT* object);
+
+inline CVALUEOBJECT* AsValueObject(COBJECT* object) noexcept {
+    const bool isUsual = object != nullptr && IsExactly<CVALUEOBJECT>(*object);
+    return isUsual ? static_cast<CVALUEOBJECT*>(object) : dynamic_cast<CVALUEOBJECT*>(object);
+}
+
+inline const CVALUEOBJECT* AsValueObject(const COBJECT* object) noexcept {
+    return AsValueObject(const_cast<COBJECT*>(object));
+}
 
 }  // namespace MLCore

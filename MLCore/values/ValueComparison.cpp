@@ -1,18 +1,17 @@
-// How a CVALUEOBJECT compares its value: the comparison types, and the order behind them.
+#include <MLCore/values/ValueComparison.h>
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/platform/FaultTranslation.h>
 #include <MLCore/platform/WinTypes.h>
 #include <MLCore/text/LegacyStrings.h>
-#include <MLCore/values/CVALUEOBJECT.h>
-#include <MLCore/values/Cmp.h>
 #include <MLCore/values/LikePattern.h>
+#include <MLCore/values/TolerantComparison.h>
 #include <MLCore/values/detail/TextRules.h>
 
 #include <compare>
 #include <cstddef>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 namespace MLCore {
@@ -25,15 +24,45 @@ using textrules::RowOf;
 
 short SignOf(std::weak_ordering order) noexcept { return static_cast<short>((order > 0) - (order < 0)); }
 
-short CompareExactly(const char* left, const char* right) noexcept { return SignOf(std::strcmp(left, right) <=> 0); }
+/// `read` is null for a type that is not a number.
+struct NUMBERROW {
+    TYPE type;
+    double (*read)(const CVALUE& value);
+};
 
-// By option. The letters of a part and of the text around it have to be alike one by one, which a locale's order, where
-// "ß" is "ss", does not tell.
-using COMPARETEXTS = short (*)(const char*, const char*) noexcept;
-constexpr COMPARETEXTS kTextOrders[] = {CompareExactly, CompareNoCaseLocale, lstrcmpinolocal};
+constexpr NUMBERROW kNumbers[] = {
+    {TYPE::Unknown, nullptr},
+    {TYPE::Short, [](const CVALUE& value) -> double { return value.ToShort(); }},
+    {TYPE::UShort, [](const CVALUE& value) -> double { return value.ToWord(); }},
+    {TYPE::Long, [](const CVALUE& value) { return static_cast<double>(value.ToLong()); }},
+    {TYPE::ULong, [](const CVALUE& value) { return static_cast<double>(value.ToDWord()); }},
+    {TYPE::Date, nullptr},
+    {TYPE::Time, [](const CVALUE& value) -> double { return value.ToTime().GetTotalSeconds(); }},
+    {TYPE::String, nullptr},
+    {TYPE::Float, [](const CVALUE& value) { return static_cast<double>(value.ToFloat()); }},
+    {TYPE::Double, [](const CVALUE& value) { return value.ToDouble(); }},
+    {TYPE::DateTime, nullptr},
+    {TYPE::Bool, [](const CVALUE& value) -> double { return value.ToBool(); }},
+    {TYPE::Object, nullptr},
+    {TYPE::Guid, nullptr},
+};
+static_assert(IsIndexedBy(kNumbers, &NUMBERROW::type, CVALUE::kTypeCount));
+
+constexpr const char* kDescriptions[] = {"without an order", "a number", "a date", "a text", "a GUID"};
+static_assert(std::size(kDescriptions) == kValueKindCount);
+
+short CompareExactly(const char* left, const char* right) noexcept {
+    const int order = std::strcmp(left, right);
+    return static_cast<short>((order > 0) - (order < 0));
+}
+
+constexpr TextOrder kTextOrders[] = {CompareExactly, CompareNoCaseLocale, lstrcmpinolocal};
+
+// By option. The letters of a part and of the text around it have to be alike one by one, which an order of texts, where
+// "ß" equals "ss", does not say.
 constexpr FOLD kPartFolds[] = {nullptr, UpperAnsi, WithoutAccentOrCase};
 
-/// Begins, Ends and Contains. A null has no part and is none; what else is no text fails.
+/// Begins, Ends and Contains: 0 with a null. Fails with kErrValueType when either value is not a text.
 using SEARCH = bool (*)(std::string_view, std::string_view, FOLD) noexcept;
 int HasPart(const CVALUE& value, const CVALUE& other, CVALUEOBJECT::ComparisonOption option, SEARCH search) {
     if (value.IsNull() != 0 || other.IsNull() != 0) {
@@ -44,40 +73,38 @@ int HasPart(const CVALUE& value, const CVALUE& other, CVALUEOBJECT::ComparisonOp
     return search(text, part, RowOf(kPartFolds, option)) ? 1 : 0;
 }
 
-/// The number in a value, by type; null for a type that has none.
-using NUMBER = double (*)(const CVALUE&);
-constexpr NUMBER kNumbers[] = {
-    nullptr,                                                                             // Unknown
-    [](const CVALUE& value) -> double { return value.ToShort(); },                       // Short
-    [](const CVALUE& value) -> double { return value.ToWord(); },                        // UShort
-    [](const CVALUE& value) -> double { return static_cast<double>(value.ToLong()); },   // Long
-    [](const CVALUE& value) -> double { return static_cast<double>(value.ToDWord()); },  // ULong
-    nullptr,                                                                             // Date
-    [](const CVALUE& value) -> double { return value.ToTime().GetTotalSeconds(); },      // Time
-    nullptr,                                                                             // String
-    [](const CVALUE& value) -> double { return static_cast<double>(value.ToFloat()); },  // Float
-    [](const CVALUE& value) -> double { return value.ToDouble(); },                      // Double
-    nullptr,                                                                             // DateTime
-    [](const CVALUE& value) -> double { return value.ToBool(); },                        // Bool
-    nullptr,                                                                             // Object
-    nullptr,                                                                             // Guid
-};
-
 }  // namespace
 
-/// The order of two values, by the type of the first.
+const char* DescribeKind(ValueKind kind) noexcept {
+    const auto index = static_cast<std::size_t>(kind);
+    return kDescriptions[index < kValueKindCount ? index : 0];
+}
+
+void FailKind(const CVALUE& value, const char* wanted) {
+    FailWith(kErrValueType, "the value is ", CVALUE::DescribeType(value.GetType()), ", wanted ", wanted);
+}
+
+double NumberOf(const CVALUE& value) {
+    const auto read = kNumbers[static_cast<std::size_t>(value.GetType())].read;
+    if (read == nullptr) [[unlikely]] {
+        FailKind(value, "a number");
+    }
+    return read(value);
+}
+
+TextOrder TextOrderOf(CVALUEOBJECT::ComparisonOption option) noexcept { return RowOf(kTextOrders, option); }
+
+/// The order of two values, by the kind of the first.
 struct CVALUEOBJECT::ORDERING {
     using ORDER = short (*)(const CVALUEOBJECT& object, const CVALUE& other, ComparisonOption option);
 
     static short Numbers(const CVALUEOBJECT& object, const CVALUE& other, ComparisonOption) {
-        return DoubleCmp(TryToDouble(object.mValue), TryToDouble(other));
+        return DoubleCmp(NumberOf(object.mValue), NumberOf(other));
     }
-    static short Dates(const CVALUEOBJECT& object, const CVALUE& other, ComparisonOption option) {
-        return other.GetType() == TYPE::DateTime ? DateTimes(object, other, option)
-                                                 : SignOf(object.mValue.ToDate() <=> other.ToDate());
-    }
-    static short DateTimes(const CVALUEOBJECT& object, const CVALUE& other, ComparisonOption) {
-        return SignOf(TryToDateTime(object.mValue) <=> TryToDateTime(other));
+    static short Dates(const CVALUEOBJECT& object, const CVALUE& other, ComparisonOption) {
+        const bool areDates = object.mValue.GetType() == TYPE::Date && other.GetType() == TYPE::Date;
+        return areDates ? SignOf(object.mValue.ToDate() <=> other.ToDate())  // the same, sooner
+                        : SignOf(DateTimeOf(object.mValue) <=> DateTimeOf(other));
     }
     static short Texts(const CVALUEOBJECT& object, const CVALUE& other, ComparisonOption option) {
         return object.CmpString(TryToString(object.mValue), TryToString(other), option);
@@ -88,32 +115,17 @@ struct CVALUEOBJECT::ORDERING {
         return SignOf(std::memcmp(&left, &right, sizeof(left)) <=> 0);
     }
 
-    static constexpr ORDER kOrders[] = {
-        nullptr,    // Unknown
-        Numbers,    // Short
-        Numbers,    // UShort
-        Numbers,    // Long
-        Numbers,    // ULong
-        Dates,      // Date
-        Numbers,    // Time
-        Texts,      // String
-        Numbers,    // Float
-        Numbers,    // Double
-        DateTimes,  // DateTime
-        Numbers,    // Bool
-        nullptr,    // Object
-        Guids,      // Guid
-    };
-    static ORDER Of(const CVALUE& value) noexcept { return kOrders[static_cast<std::size_t>(value.GetType())]; }
+    static constexpr ORDER kOrders[] = {nullptr, Numbers, Dates, Texts, Guids};
+    static_assert(std::size(kOrders) == kValueKindCount);
 };
 
 bool CVALUEOBJECT::HasOrder(const CVALUE& other) const noexcept {
-    return other.IsNull() == 0 && ORDERING::Of(mValue) != nullptr;
+    return other.IsNull() == 0 && KindOf(mValue.GetType()) != ValueKind::Unordered;
 }
 
 short CVALUEOBJECT::Order(const CVALUE& other, ComparisonOption option) const {
     [[maybe_unused]] const platform::FAULTTRANSLATION translation;
-    return ORDERING::Of(mValue)(*this, other, option);
+    return ORDERING::kOrders[static_cast<std::size_t>(KindOf(mValue.GetType()))](*this, other, option);
 }
 
 int CVALUEOBJECT::CmpLesser(const CVALUE& other, ComparisonOption option) const {
@@ -167,18 +179,12 @@ int CVALUEOBJECT::CmpContains(const char* text, const char* part) const {
 }
 
 short CVALUEOBJECT::CmpString(const char* left, const char* right, ComparisonOption option) const {
-    return RowOf(kTextOrders, option)(left, right);
+    return TextOrderOf(option)(left, right);
 }
 
-double CVALUEOBJECT::TryToDouble(const CVALUE& value) {
-    const NUMBER number = kNumbers[static_cast<std::size_t>(value.GetType())];
-    FailOSErr(number != nullptr ? short{0} : kErrValueType);
-    return number(value);
-}
+double CVALUEOBJECT::TryToDouble(const CVALUE& value) { return NumberOf(value); }
 
-CDATETIME CVALUEOBJECT::TryToDateTime(const CVALUE& value) {
-    return value.GetType() == TYPE::Date ? CDATETIME(value.ToDate(), CTIME::Null()) : value.ToDateTime();
-}
+CDATETIME CVALUEOBJECT::TryToDateTime(const CVALUE& value) { return DateTimeOf(value); }
 
 const char* CVALUEOBJECT::TryToString(const CVALUE& value) { return value; }
 

@@ -4,7 +4,7 @@
 #include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CMEMSET.h>
 #include <MLCore/values/CVALUEOBJECT.h>
-#include <MLCore/values/Cmp.h>
+#include <MLCore/values/TolerantComparison.h>
 #include <gtest/gtest.h>
 #include <support/Failure.h>
 

@@ -1,5 +1,6 @@
 #include <MLCore/predicates/detail/OPERAND.h>
 
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/predicates/CKEYEXPRESSION.h>
 #include <MLCore/predicates/CLISTEXPRESSION.h>
@@ -14,10 +15,10 @@ namespace {
 
 // A class derived from these may evaluate otherwise, and need not say that it is another one.
 
-bool IsConstant(const CEXPRESSION& expression) { return typeid(expression) == typeid(CVALUEEXPRESSION); }
+bool IsConstant(const CEXPRESSION& expression) { return IsExactly<CVALUEEXPRESSION>(expression); }
 
 bool IsConstantList(const CEXPRESSION& expression) {
-    bool isConstant = typeid(expression) == typeid(CLISTEXPRESSION);
+    bool isConstant = IsExactly<CLISTEXPRESSION>(expression);
     if (isConstant) {
         ForEachOf<CEXPRESSION>(static_cast<const CLISTEXPRESSION&>(expression).GetExpressions(),
                                [&](const CEXPRESSION& each) { isConstant = isConstant && IsConstant(each); });

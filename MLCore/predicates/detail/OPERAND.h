@@ -3,8 +3,6 @@
 #include <MLCore/predicates/CEXPRESSION.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
-#include <typeinfo>
-
 namespace MLCore {
 
 /// What an expression is evaluated with.
@@ -38,18 +36,5 @@ private:
     CSHAREOBJECTPTR<COBJECT> mConstant;  // of a constant, or of a list of constants
     bool mIsKey = false;
 };
-
-/// The value object that `object` is, or null.
-[[nodiscard]] inline CVALUEOBJECT* ValueObject(COBJECT* object) noexcept {
-    const bool isUsual = object != nullptr && typeid(*object) == typeid(CVALUEOBJECT);
-    return isUsual ? static_cast<CVALUEOBJECT*>(object) : dynamic_cast<CVALUEOBJECT*>(object);
-}
-
-/// What `value` says of `other`, which may be a collection or null.
-[[nodiscard]] inline int CompareValue(const CVALUEOBJECT& value, COBJECT* other, CVALUEOBJECT::ComparisonType type,
-                                      CVALUEOBJECT::ComparisonOption option) {
-    const CVALUEOBJECT* const otherValue = ValueObject(other);
-    return otherValue != nullptr ? value.Cmp(otherValue->GetValue(), type, option) : value.Cmp(other, type, option);
-}
 
 }  // namespace MLCore

@@ -15,11 +15,12 @@ namespace MLCore::textrules {
 /// Characters with the same image are alike; null when only the same ones are.
 using FOLD = char (*)(char) noexcept;
 
-/// The row of an option; an unknown one is exact.
-template <class ROW>
-[[nodiscard]] const ROW& RowOf(const ROW (&rows)[3], CVALUEOBJECT::ComparisonOption option) noexcept {
+/// The row of an option; an unknown option takes the first row, the exact one.
+template <class Row>
+[[nodiscard]] const Row& RowOf(const Row (&rows)[CVALUEOBJECT::kComparisonOptionCount],
+                               CVALUEOBJECT::ComparisonOption option) noexcept {
     const auto index = static_cast<std::size_t>(option);
-    return rows[index < 3 ? index : 0];
+    return rows[index < CVALUEOBJECT::kComparisonOptionCount ? index : 0];
 }
 
 /// Where `part` first occurs in `text` at `from` (at most the length) or later; npos when it does not. An empty part is

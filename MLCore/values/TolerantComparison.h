@@ -1,6 +1,9 @@
-/// How plain numbers and texts compare where value objects do: numbers with a tolerance.
+/// \file
+/// Plain numbers and texts compared as value objects compare theirs: numbers with a tolerance.
 ///
-///     if (Updated(order.amount, amount)) ...  // not for a rounding error
+///     if (Updated(order.amount, amount)) {  // not for a rounding error
+///         order.amount = amount;
+///     }
 #pragma once
 
 #include <concepts>
@@ -8,8 +11,8 @@
 
 namespace MLCore {
 
-/// 1 when left - right exceeds 0.00001, -1 when it is below -0.00001, else 0. What has no difference (a NaN, two
-/// infinities of one sign) gives 0 too.
+/// 1 when left - right exceeds 0.00001, -1 when it is below -0.00001, else 0. Numbers without a difference, a NaN or two
+/// infinities of one sign, give 0 too.
 [[nodiscard]] constexpr short DoubleCmp(double left, double right) noexcept {
     constexpr double kTolerance = 0.00001;
     const double difference = left - right;
@@ -17,10 +20,10 @@ namespace MLCore {
 }
 
 template <class T>
-concept TOLERANTLYCOMPARED = std::same_as<T, double> || std::same_as<T, std::string>;
+concept PlainComparable = std::same_as<T, double> || std::same_as<T, std::string>;
 
 /// -1, 0 or 1: doubles as DoubleCmp() orders them, texts by their bytes, as unsigned.
-template <TOLERANTLYCOMPARED T>
+template <PlainComparable T>
 [[nodiscard]] constexpr short Cmp(const T& left, const T& right) noexcept {
     if constexpr (std::same_as<T, double>) {
         return DoubleCmp(left, right);
@@ -31,7 +34,7 @@ template <TOLERANTLYCOMPARED T>
 }
 
 /// True when the two differ: doubles by more than the tolerance.
-template <TOLERANTLYCOMPARED T>
+template <PlainComparable T>
 [[nodiscard]] constexpr bool Updated(const T& left, const T& right) noexcept {
     return Cmp<T>(left, right) != 0;
 }

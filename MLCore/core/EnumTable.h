@@ -1,0 +1,31 @@
+/// \file
+/// Tables that are indexed by an enumeration, one row for each enumerator.
+#pragma once
+
+#include <cstddef>
+
+namespace MLCore {
+
+/// True when row i of a table belongs to the enumerator i, for all `count` enumerators. A missing, a double and a misplaced row
+/// then end the compilation:
+///
+///     struct LEVELNAME {
+///         CLOGMANAGER::Level level;
+///         const char* name;
+///     };
+///     constexpr LEVELNAME kNames[] = {...};
+///     static_assert(IsIndexedBy(kNames, &LEVELNAME::level, 5));
+template <class Row, std::size_t rowCount, class Enum>
+[[nodiscard]] consteval bool IsIndexedBy(const Row (&rows)[rowCount], Enum Row::*enumerator, std::size_t count);
+
+template <class Row, std::size_t rowCount, class Enum>
+consteval bool IsIndexedBy(const Row (&rows)[rowCount], Enum Row::*enumerator, std::size_t count) {
+    for (std::size_t index = 0; index < rowCount; ++index) {
+        if (static_cast<std::size_t>(rows[index].*enumerator) != index) {
+            return false;
+        }
+    }
+    return rowCount == count;
+}
+
+}  // namespace MLCore
