@@ -10,8 +10,8 @@
 
 namespace MLCore {
 
-/// One key of a sort order, and its direction. It does not change. A sort order is an array of these, the first key deciding
-/// first: CSORTDESCRIPTORBUILDER reads one from a text, SortArray() applies it.
+/// One key of a sort order, and its direction. It does not change. A sort order is an array of descriptors, and its first key
+/// decides first. CSORTDESCRIPTORBUILDER reads a sort order from a text, SortArray() applies it.
 class MLCORE_API CSORTDESCRIPTOR : public COBJECT {
     MLCORE_CLASS(CSORTDESCRIPTOR, COBJECT)
 
@@ -21,7 +21,7 @@ public:
         Descending = 1,  ///< "-"
     };
 
-    /// `key` is a key path, not checked here.
+    /// `key` is a key path. It is not checked here.
     [[nodiscard]] static CSHAREOBJECTPTR<CSORTDESCRIPTOR> Create(const std::string& key, SortOrderType type);
 
     [[nodiscard]] virtual const SortOrderType& GetSortOrderType() const noexcept;

@@ -9,20 +9,20 @@
 
 namespace MLCore {
 
-/// Makes a sort order of texts.
+/// Makes a sort order from texts.
 ///
 ///     SortArray(orders, CSORTDESCRIPTORBUILDER::Create("+customer; -sales"));
 ///
 ///     text    = segment *( ";" segment )
 ///     segment = *" " [ sign *" " ] [ key ] *" "      sign = "+" (ascending, also without a sign) / "-" (descending)
 ///
-/// A key keeps the spaces inside it, and signs that are not in front of it. Of several signs the last holds; a segment
-/// without a key gives no descriptor. No text fails.
+/// A key keeps the spaces inside it, and signs that are not before it. Of several signs the last one holds. A segment without a
+/// key gives no descriptor. No text fails.
 class MLCORE_API CSORTDESCRIPTORBUILDER {
 public:
     CSORTDESCRIPTORBUILDER();
     explicit CSORTDESCRIPTORBUILDER(const std::string& text);
-    /// A copy has a list of its own, of the same descriptors.
+    /// A copy has its own list of the same descriptors.
     CSORTDESCRIPTORBUILDER(const CSORTDESCRIPTORBUILDER& other);
     /// Leaves `other` with an empty list.
     CSORTDESCRIPTORBUILDER(CSORTDESCRIPTORBUILDER&& other);
@@ -32,7 +32,7 @@ public:
     /// Appends the descriptors of a further text.
     CSORTDESCRIPTORBUILDER& operator<<(const std::string& text);
 
-    /// The list, never null; borrowed. What is appended later appears in it.
+    /// The list, never null; borrowed. Descriptors that are appended later appear in it.
     operator CARRAY*() const noexcept { return mDescriptors; }
 
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(const std::string& text);

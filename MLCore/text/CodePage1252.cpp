@@ -12,7 +12,7 @@ namespace MLCore {
 
 namespace {
 
-// The leading bytes of the well-formed sequences of two and more bytes, with the range of the byte behind them; all
+// The leading bytes of the well-formed sequences of two and more bytes, with the range of the byte after them; all
 // further ones are 80..BF (The Unicode Standard, table 3-7).
 struct LEAD {
     std::uint8_t first;

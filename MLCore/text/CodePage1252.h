@@ -1,8 +1,9 @@
-/// Text between Windows code page 1252, in which the library keeps all its texts, and UTF-8.
+/// \file
+/// Conversion of text between UTF-8 and Windows code page 1252, in which the library keeps all its texts.
 ///
 ///     int lost = 0;
 ///     const std::string name = AnsiFromUtf8(fromTheNetwork, &lost);
-///     if (lost > 0) ...                                // so many characters became '?'
+///     if (lost > 0) ...                                // the number of characters that became '?'
 ///     std::cout << Utf8FromAnsi(name);                 // never loses anything
 ///
 /// Every byte stands for one character, so a text survives the way to UTF-8 and back unchanged. That includes the bytes
@@ -20,10 +21,10 @@ namespace MLCore {
 /// The text in UTF-8. Nothing can be lost; `lossy` (may be null) receives 0. Linear in the length.
 [[nodiscard]] MLCORE_API std::string Utf8FromAnsi(std::string_view ansi, int* lossy = nullptr);
 
-/// The text in code page 1252. A character that the code page lacks becomes one '?': nothing is brought near ("ā" does
-/// not become "a"), and U+0080 is lacking, since its byte is the euro sign. So does malformed UTF-8, strictly read: one
-/// '?' for each longest part that could have begun a character, the practice that the Unicode Standard recommends
-/// (section 3.9). `lossy` (may be null) receives the number of these replacements. Linear in the length.
+/// The text in code page 1252. A character that the code page lacks becomes one '?'. It never becomes a similar character:
+/// "ā" does not become "a". U+0080 is lacking, because its byte is the euro sign. Malformed UTF-8 is read strictly and becomes
+/// one '?' for each longest part that could have begun a character, as the Unicode Standard recommends (section 3.9). `lossy`
+/// (may be null) receives the number of these replacements. Linear in the length.
 [[nodiscard]] MLCORE_API std::string AnsiFromUtf8(std::string_view utf8, int* lossy = nullptr);
 
 /// The byte of a Unicode character, 0..255; -1 when the code page lacks it.

@@ -18,7 +18,7 @@ char* Write(char* buffer, NUMBER value) noexcept {
     if (std::isnan(value)) {  // of either sign
         return std::copy_n("nan", 3, buffer);
     }
-    // Below it the exact digits are not more than those that the number needs to be told apart.
+    // Below it the exact digits are not more than those that distinguish the number from its neighbours.
     constexpr bool kIsDouble = sizeof(NUMBER) == sizeof(double);
     constexpr auto kLarge = static_cast<NUMBER>(kIsDouble ? 1e17 : 1e9);
     const NUMBER magnitude = std::abs(value);
@@ -73,7 +73,7 @@ int ParseDouble(std::string_view text, double& value) noexcept {
             return 0;
         }
         const auto [stop, error] = std::from_chars(text.data(), end, magnitude);
-        // What does not fit is told as an error or, by some libraries, as a zero or an infinity.
+        // A number that does not fit is an error or, with some libraries, a zero or an infinity.
         if (error != std::errc() || stop != end || std::isinf(magnitude) || (magnitude == 0 && HasDigit(text))) {
             return 0;
         }

@@ -1,6 +1,7 @@
+/// \file
 /// Case, accents and comparison of zero-terminated texts in Windows code page 1252, whatever the locale of the process.
 ///
-/// All rules come from one table (AnsiCharacters.h) and are the same on every system; only CompareNoCaseLocale() asks the
+/// All rules come from one table (AnsiCharacters.h) and are the same on every system. Only CompareNoCaseLocale() asks the
 /// system first.
 #pragma once
 
@@ -9,22 +10,19 @@
 
 namespace MLCore {
 
-/// The capital of a small letter, accented or not; any other character itself: ß has no capital.
+/// The capital of a small letter, with its accent; any other character unchanged. ß has no capital.
 [[nodiscard]] inline char UpperAnsi(char character) noexcept {
     return static_cast<char>(AnsiCharacterOf(character).upper);
 }
 
-/// A letter without accent, tilde or cedilla, in its own case; any other character itself. Æ, Œ, Ø, Ð, Þ and ß stay: they are
-/// letters of their own.
+/// A letter without accent, tilde or cedilla, in its own case; any other character unchanged. Æ, Œ, Ø, Ð, Þ and ß stay: they
+/// are separate letters.
 [[nodiscard]] inline char WithoutAccent(char character) noexcept {
     return static_cast<char>(AnsiCharacterOf(character).base);
 }
 
-/// WithoutAccent(), and then the capital of a to z. By this rule lstrcmpinolocal() compares.
-[[nodiscard]] inline char WithoutAccentOrCase(char character) noexcept {
-    const char base = WithoutAccent(character);
-    return base >= 'a' && base <= 'z' ? UpperAnsi(base) : base;
-}
+/// WithoutAccent(), and then the capital of a to z. lstrcmpinolocal() compares these.
+[[nodiscard]] char WithoutAccentOrCase(char character) noexcept;
 
 /// Replaces every character by its UpperAnsi(), in place; returns `text`, which may be null.
 MLCORE_API char* lstrupr(char* text) noexcept;
@@ -32,19 +30,18 @@ MLCORE_API char* lstrupr(char* text) noexcept;
 /// Replaces every character by its WithoutAccent(), in place; returns `text`, which may be null.
 MLCORE_API char* lstrrmvaccent(char* text) noexcept;
 
-/// Compares without accents and the case of A to Z, by the codes of the characters: -1 when `left` comes first, 0 or 1. Null is
-/// "".
+/// Compares WithoutAccentOrCase(), by the codes of the characters: -1 when `left` comes first, 0 or 1. Null is "".
 [[nodiscard]] MLCORE_API short lstrcmpinolocal(const char* left, const char* right) noexcept;
 
-/// Compares by the system's rules for the user's language, without case: -1 when `left` comes first, 0 or 1. Null is "". Where
-/// the system has no such rules for the code page, as on Linux, it is CompareNoCaseByTable().
+/// Compares by the system's rules for the user's language, without case: -1 when `left` comes first, 0 or 1. Null is "". A
+/// system without such rules for the code page, such as Linux, uses CompareNoCaseByTable().
 [[nodiscard]] MLCORE_API short CompareNoCaseLocale(const char* left, const char* right) noexcept;
 
 /// Compares as a dictionary does, without case: -1 when `left` comes first, 0 or 1. Null is "". Takes no memory.
 ///
-/// Symbols come before digits, digits before letters; accents count only where all else is equal: "cote" < "coté" < "coter".
-/// Equal are ß and "ss", œ and "oe", æ and "ae", þ and "th".
-/// Windows' own rule for English and French differs in that it passes over hyphens and apostrophes at first.
+/// Symbols come before digits, digits before letters. Accents count only where all else is equal: "cote" < "coté" < "coter".
+/// ß equals "ss", œ "oe", æ "ae" and þ "th". The rule of Windows for English and French differs in one point: it ignores
+/// hyphens and apostrophes at first.
 [[nodiscard]] MLCORE_API short CompareNoCaseByTable(const char* left, const char* right) noexcept;
 
 /// Compares as CompareNoCaseByTable() does, with each run of digits as one number of any length: "Facture 2" < "Facture 10".
@@ -52,5 +49,10 @@ MLCORE_API char* lstrrmvaccent(char* text) noexcept;
 /// the first difference in accents or in leading zeros decides, fewer zeros first: "7" < "07" < "7a". Texts are equal when
 /// they are by CompareNoCaseByTable(). A sign, a decimal point and a comma are symbols: "1.5" < "1.10". Takes no memory.
 [[nodiscard]] MLCORE_API short CompareNaturally(const char* left, const char* right) noexcept;
+
+inline char WithoutAccentOrCase(char character) noexcept {
+    const char base = WithoutAccent(character);
+    return base >= 'a' && base <= 'z' ? UpperAnsi(base) : base;
+}
 
 }  // namespace MLCore

@@ -1,6 +1,9 @@
 #include <MLCore/values/CARRAY.h>
 
+#include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/detail/KeyMapping.h>
+
+#include <utility>
 
 namespace MLCore {
 
@@ -46,6 +49,8 @@ long CARRAY::GetObjectIndex(COBJECT* object) const {
 
 // Being iterated is a matter of owners, not of the array's value.
 COBJECTITERATOR* CARRAY::CreateIterator() const { return new ARRAYITERATOR(const_cast<CARRAY*>(this)); }
+
+CSHAREOBJECTPTR<CARRAY> CARRAY::MakeArray(Elements elements) { return CMEMARRAY::Create(std::move(elements)); }
 
 CSHAREOBJECTPTR<COBJECT> CARRAY::First() const { return GetCount() != 0 ? GetObjectAt(0) : nullptr; }
 

@@ -6,61 +6,80 @@
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/platform/Export.h>
 #include <MLCore/values/ELEMENTCURSOR.h>
+#include <MLCore/values/Elements.h>
 
+#include <concepts>
 #include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace MLCore {
 
+class CDICTIONARY;
 class CPREDICATE;
 
-/// An ordered collection of objects, each held by one reference; null elements are allowed. CMEMARRAY makes them.
+/// An ordered collection of objects, each held by one reference. Elements may be null. CMEMARRAY makes arrays in memory.
 ///
 ///     CSHAREOBJECTPTR<CARRAY> late = orders->Filter(isLate);
 ///     CSHAREOBJECTPTR<COBJECT> amounts = late->GetKeyValue("amount");  // an array again
 ///     CSHAREOBJECTPTR<COBJECT> amount = orders->GetKeyPathValue("[2].amount");
 ///
 /// Indexes start at 0. An object is found by its identity, never by its contents. An array that holds itself, directly or
-/// not, is never freed until the circle is broken. Objects inside each other are released one inside the other too: some ten
-/// thousand levels take all of a thread's stack.
+/// not, is never freed until the circle is broken. Objects that hold each other are released recursively: some ten thousand
+/// levels take all of a thread's stack.
 class MLCORE_API CARRAY : public COBJECT, public CINDEXEDACCESS {
     MLCORE_CLASS(CARRAY, COBJECT, CINDEXEDACCESS)
 
 public:
     [[nodiscard]] long GetCount() const override = 0;
-    /// Fails with 151 when `index` is out of range.
+    /// Fails with kErrUnknownKey (151) when `index` is out of range.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetObjectAt(long index) const override = 0;
     /// 1 when `object` is an element. Linear.
     [[nodiscard]] virtual int ExistObject(COBJECT* object) const;
-    /// The index of the first element that is `object`, -1 when there is none. Linear.
+    /// The index of the first element that is `object`; -1 when no element is. Linear.
     [[nodiscard]] virtual long GetObjectIndex(COBJECT* object) const;
 
-    /// Appends `object` (may be null), as all of these with a reference added.
+    // An object that is added may be null, and the array adds a reference to it.
+    /// Appends `object`.
     virtual void AddObject(COBJECT* object) = 0;
-    /// Puts `object` in front of the element at `index`; at the end when `index` is the count. Fails with 151 outside
-    /// 0..count. Linear in the elements behind.
+    /// Inserts `object` before the element at `index`, or at the end when `index` is the count. Fails with kErrUnknownKey
+    /// outside 0..count. Linear in the elements after it.
     virtual void InsertObject(long index, COBJECT* object) = 0;
-    /// Replaces an element. Fails with 151 when `index` is out of range.
+    /// Replaces an element. Fails with kErrUnknownKey when `index` is out of range.
     void SetObjectAt(long index, COBJECT* object) override = 0;
-    /// Takes an element out. Fails with 151 when `index` is out of range. Linear in the elements behind.
+    /// Removes an element. Fails with kErrUnknownKey when `index` is out of range. Linear in the elements after it.
     virtual void RemoveObjectAt(long index) = 0;
     virtual void RemoveAll() = 0;
 
-    /// A new array with those elements, in order, for which `predicate` is true: all of them when it is null. The elements
-    /// are those at the time of the call, whatever the predicate does to this array. Its failures pass through.
+    /// A new array of the elements, in order, for which `predicate` is true; of all elements when it is null. The elements
+    /// are those at the time of the call, whatever the predicate does to this array. Failures of the predicate pass through.
     [[nodiscard]] virtual CSHAREOBJECTPTR<CARRAY> Filter(CPREDICATE* predicate);
-    /// A new iterator on the first element; the caller deletes it.
+    /// A new iterator on the first element. The caller deletes it.
     [[nodiscard]] virtual COBJECTITERATOR* CreateIterator() const;
-    /// The first and the last element; null holders when the array is empty.
+    /// The first and the last element; null when the array is empty.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> First() const;
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> Last() const;
 
-    /// A new array of the elements' values for `key`, in order; null for a null element. An element that does not know the
-    /// key fails with 151, and so do more than 256 arrays and sets inside each other.
+    /// Filter() with `variables`, which give the values of the predicate's variables. Null variables: the same as
+    /// Filter(predicate). A derived class that overrides the one above keeps this one visible with `using CARRAY::Filter;`.
+    [[nodiscard]] CSHAREOBJECTPTR<CARRAY> Filter(CPREDICATE* predicate, CDICTIONARY* variables);
+    /// A new array of the elements, in order, for which `test` is true. `test` is called with each element, which may be
+    /// null, and returns a bool or a number:
+    ///
+    ///     const auto known = orders->FilterIf([](COBJECT* order) { return order != nullptr; });
+    ///
+    /// The elements are those at the time of the call, whatever the test does to this array. Exceptions pass through.
+    template <std::predicate<COBJECT*> Test>
+    [[nodiscard]] CSHAREOBJECTPTR<CARRAY> FilterIf(Test test) const;
+
+    /// A new array of the elements' values for `key`, in order; null for a null element. Fails with kErrUnknownKey when an
+    /// element does not know the key, and when more than 256 arrays and sets lie inside each other.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override;
-    /// Gives each element, for `key`, the element of the array `value` at the same place; what `value` has more is left
-    /// out. Before anything is set, fails with -100 when `value` is no array, with 151 when it is shorter or when an
-    /// element here is null. An element that refuses its value ends it, with those before it set.
+    /// Sets `key` of each element to the element of the array `value` at the same place. Extra elements of `value` are
+    /// ignored. Before anything is set, fails with kErrNull (-100) when `value` is not an array, and with kErrUnknownKey
+    /// when it is shorter or when an element here is null. When an element refuses its value, the failure passes through,
+    /// and the elements before it are set.
     void SetKeyValue(const std::string& key, COBJECT* value) override;
 
     [[nodiscard]] ELEMENTCURSOR begin() const { return ELEMENTCURSOR(CreateIterator()); }
@@ -71,6 +90,16 @@ protected:
     CARRAY(const CARRAY&) = default;
     CARRAY& operator=(const CARRAY&) = delete;
     ~CARRAY() override;
+
+private:
+    [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> MakeArray(Elements elements);
 };
+
+template <std::predicate<COBJECT*> Test>
+CSHAREOBJECTPTR<CARRAY> CARRAY::FilterIf(Test test) const {
+    Elements elements = ElementsOf(*this);
+    std::erase_if(elements, [&test](const CSHAREOBJECTPTR<COBJECT>& element) { return !test(element.Get()); });
+    return MakeArray(std::move(elements));
+}
 
 }  // namespace MLCore

@@ -12,18 +12,18 @@
 
 namespace MLCore {
 
-/// Objects under text keys, each held by one reference; null values are allowed. CMEMDICTIONARY makes them.
+/// Objects under text keys, each held by one reference. Values may be null. CMEMDICTIONARY makes dictionaries in memory.
 ///
 ///     record->SetKeyValue("customer", customer);
 ///     record->GetKeyPathValue("customer.name");
 ///
-/// A key is any bytes; the order is that of the keys' bytes, as unsigned. Keys that hold ".", "[" or "]", and the empty
-/// one, are out of reach of key paths.
+/// A key may hold any bytes. The order is that of the keys' bytes, as unsigned. A key path cannot reach the empty key, nor one
+/// that holds ".", "[" or "]".
 class MLCORE_API CDICTIONARY : public COBJECT {
     MLCORE_CLASS(CDICTIONARY, COBJECT)
 
 public:
-    /// A new iterator over the values, in the order of their keys; the caller deletes it.
+    /// A new iterator over the values, in the order of their keys. The caller deletes it.
     [[nodiscard]] virtual COBJECTITERATOR* CreateValueIterator() const = 0;
     /// A new array of the keys, as CVALUEOBJECT texts. A text ends at the first zero byte.
     [[nodiscard]] virtual CSHAREOBJECTPTR<CARRAY> GetKeys() const = 0;
@@ -31,15 +31,15 @@ public:
     [[nodiscard]] virtual CSHAREOBJECTPTR<CARRAY> GetValues() const = 0;
 
     [[nodiscard]] virtual long GetCount() const = 0;
-    /// 1 when there is a value under `key`, be it null.
+    /// 1 when `key` has a value, which may be null.
     [[nodiscard]] virtual int ContainsKey(const std::string& key) const = 0;
-    /// Takes the value under `key` out; returns 1 when there was one.
+    /// Removes `key` and its value. Returns 1 when the key had a value, else 0.
     virtual int RemoveKey(const std::string& key) = 0;
     virtual void RemoveAll() = 0;
 
-    /// The value under `key`, null when there is none: no key is unknown to a dictionary.
+    /// The value of `key`; null when it has none. No key is unknown to a dictionary, so this does not fail.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override = 0;
-    /// Puts `value` (may be null) under `key`, in place of what was there.
+    /// Sets the value of `key`. `value` may be null; the previous value is released.
     void SetKeyValue(const std::string& key, COBJECT* value) override = 0;
 
     /// The values, in the order of their keys.

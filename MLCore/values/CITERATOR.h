@@ -4,7 +4,7 @@
 
 namespace MLCore {
 
-/// A position in a collection. The caller of the function that made it owns it and deletes it.
+/// A position in a collection. It belongs to the caller of the function that made it, who deletes it.
 class MLCORE_API CITERATOR {
 public:
     virtual ~CITERATOR();
@@ -13,7 +13,7 @@ public:
 
     /// Goes to the next element; does nothing at the end.
     virtual void Next() = 0;
-    /// 1 when no element is left.
+    /// 1 when there is no further element.
     [[nodiscard]] virtual int IsEnd() const = 0;
 
 protected:

@@ -1,6 +1,5 @@
 #include <MLCore/values/CMEMARRAY.h>
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 
 #include <algorithm>
@@ -13,9 +12,18 @@ namespace {
 
 constexpr long kMaxCapacity = 65536;
 
-std::size_t CheckedIndex(long index, std::size_t end) {
-    if (index < 0 || static_cast<std::size_t>(index) >= end) {
-        FailOSErr(kErrUnknownKey);
+/// The index of an element.
+std::size_t CheckedIndex(long index, std::size_t count) {
+    if (index < 0 || static_cast<std::size_t>(index) >= count) [[unlikely]] {
+        FailWith(kErrUnknownKey, "the array has ", count, " elements, asked for [", index, "]");
+    }
+    return static_cast<std::size_t>(index);
+}
+
+/// The index of an element, or of the end.
+std::size_t CheckedPlace(long index, std::size_t count) {
+    if (index < 0 || static_cast<std::size_t>(index) > count) [[unlikely]] {
+        FailWith(kErrUnknownKey, "the array has ", count, " elements, asked to insert one at [", index, "]");
     }
     return static_cast<std::size_t>(index);
 }
@@ -71,7 +79,7 @@ CSHAREOBJECTPTR<CARRAY> CMEMARRAY::Create(COBJECT* const* objects, long count) {
     if (count <= 0) {
         return Create();
     }
-    FailNull(objects);
+    Require(objects != nullptr, kErrNull, "null instead of ", count, " objects for an array");
     return Create(std::vector<CSHAREOBJECTPTR<COBJECT>>(objects, objects + count));
 }
 
@@ -95,7 +103,7 @@ long CMEMARRAY::GetObjectIndex(COBJECT* object) const {
 void CMEMARRAY::AddObject(COBJECT* object) { mObjects.emplace_back(object); }
 
 void CMEMARRAY::InsertObject(long index, COBJECT* object) {
-    mObjects.emplace(mObjects.begin() + static_cast<long>(CheckedIndex(index, mObjects.size() + 1)), object);
+    mObjects.emplace(mObjects.begin() + static_cast<long>(CheckedPlace(index, mObjects.size())), object);
 }
 
 // What leaves the array is released last, when the array is whole again: the destructor of an object may change it.

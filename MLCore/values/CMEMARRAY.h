@@ -13,15 +13,17 @@ class MLCORE_API CMEMARRAY : public CARRAY {
 
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create();
-    /// An empty array with room for about `capacity` elements: a hint, taken as 0 when negative and as 65536 at most.
+    /// An empty array with room for about `capacity` elements. This is a hint: a negative one counts as 0, one above 65536
+    /// as 65536.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(long capacity);
     /// Arrays of these objects, null ones included.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* object);
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* first, COBJECT* second);
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(std::initializer_list<COBJECT*> objects);
-    /// `count` objects from `objects` on. Empty when `count` is not positive; otherwise null `objects` fail with -100.
+    /// An array of the `count` objects at `objects`; empty when `count` is not positive. Fails with kErrNull (-100) when
+    /// `objects` is null and `count` positive.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* const* objects, long count);
-    /// Takes the references over.
+    /// An array of these objects; it takes over the references.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(std::vector<CSHAREOBJECTPTR<COBJECT>> objects);
 
     [[nodiscard]] long GetCount() const override;

@@ -73,8 +73,8 @@ CSHAREOBJECTPTR<CDICTIONARY> CMEMDICTIONARY::Create(const std::string& key, COBJ
 CSHAREOBJECTPTR<CDICTIONARY> CMEMDICTIONARY::Create(const std::string* keys, COBJECT* const* values, long count) {
     CSHAREOBJECTPTR<CDICTIONARY> dictionary = Create();
     if (count > 0) {
-        FailNull(keys);
-        FailNull(values);
+        Require(keys != nullptr, kErrNull, "null instead of ", count, " keys for a dictionary");
+        Require(values != nullptr, kErrNull, "null instead of ", count, " values for a dictionary");
     }
     for (long index = 0; index < count; ++index) {
         dictionary->SetKeyValue(keys[index], values[index]);

@@ -7,7 +7,7 @@
 
 namespace MLCore {
 
-/// Stands on a serial: on the element that has it, or on the first behind.
+/// Stands on a serial: on the element that has it, or on the first one after it.
 class CMEMSET::ELEMENTITERATOR final : public COBJECTITERATOR {
 public:
     explicit ELEMENTITERATOR(CMEMSET* set) : mSet(set), mIndex(set->mFirst), mMoves(set->mMoves) { GoToElement(); }
@@ -73,7 +73,7 @@ CSHAREOBJECTPTR<CSET> CMEMSET::Create(std::initializer_list<COBJECT*> objects) {
 CSHAREOBJECTPTR<CSET> CMEMSET::Create(COBJECT* const* objects, long count) {
     CSHAREOBJECTPTR<CSET> set = Create();
     if (count > 0) {
-        FailNull(objects);
+        Require(objects != nullptr, kErrNull, "null instead of ", count, " objects for a set");
     }
     for (long index = 0; index < count; ++index) {
         set->AddObject(objects[index]);

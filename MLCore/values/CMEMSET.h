@@ -16,13 +16,15 @@ class MLCORE_API CMEMSET : public CSET {
 
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create();
-    /// Sets of these objects; nulls are left out.
+    /// Sets of these objects, except nulls.
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(COBJECT* object);
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(COBJECT* first, COBJECT* second);
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(std::initializer_list<COBJECT*> objects);
-    /// `count` objects from `objects` on. Empty when `count` is not positive; otherwise null `objects` fail with -100.
+    /// A set of the `count` objects at `objects`; empty when `count` is not positive. Fails with kErrNull (-100) when `objects`
+    /// is null and `count` positive.
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(COBJECT* const* objects, long count);
-    /// The elements of an array. Null fails with -100. A set whose one element is an array takes a COBJECT*.
+    /// A set of the elements of an array. Fails with kErrNull when it is null. To make a set whose one element is an array,
+    /// pass a COBJECT*.
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(CARRAY* objects);
 
     [[nodiscard]] long GetCount() const override;
@@ -48,7 +50,7 @@ private:
     std::unordered_map<COBJECT*, std::size_t> mPlaces;  // the index of each element's entry
     std::uint64_t mNextSerial = 0;
     std::uint64_t mMoves = 0;  // how often the entries have moved
-    std::size_t mFirst = 0;    // no element's entry is in front of it
+    std::size_t mFirst = 0;    // no element's entry is before it
 };
 
 }  // namespace MLCore

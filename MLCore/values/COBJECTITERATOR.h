@@ -15,11 +15,10 @@ namespace MLCore {
 ///     }
 ///     for (const CSHAREOBJECTPTR<COBJECT>& order : orders) ...  // the same, see ELEMENTCURSOR.h
 ///
-/// An iterator keeps its collection alive, and the collection may change meanwhile. In an array the iterator stands on an
-/// index, whatever object is there now: inserting or removing in front of it shifts the elements under it. In dictionaries
-/// and sets it stands on its element, and when that is removed, on the one that follows; Next() then goes to that one. No
-/// remaining element is left out, nor one that is added behind before the end is reached: who adds one at each step never
-/// comes to an end.
+/// An iterator keeps its collection alive, and the collection may change meanwhile. In an array the iterator keeps its
+/// index: inserting or removing before it shifts the elements under it. In dictionaries and sets it keeps its element; when
+/// that is removed, it stands on the following one, and Next() stays there. It visits every remaining element, and every one
+/// that is added after it before the end is reached: a loop that adds an element at each step does not end.
 class MLCORE_API COBJECTITERATOR : public CITERATOR {
 public:
     ~COBJECTITERATOR() override;

@@ -6,19 +6,25 @@
 
 namespace MLCore {
 
+namespace {
+
+void RequireSet(const CSET* other) { Require(other != nullptr, kErrNull, "the other set is null"); }
+
+}  // namespace
+
 MLCORE_REGISTER_CLASS(CSET)
 
 CSET::~CSET() = default;
 
 void CSET::AddObjects(CARRAY* objects) {
-    FailNull(objects);
+    Require(objects != nullptr, kErrNull, "the array of objects to add is null");
     for (const CSHAREOBJECTPTR<COBJECT>& object : ElementsOf(*objects)) {
         AddObject(object);
     }
 }
 
 int CSET::Contains(CSET* other) const {
-    FailNull(other);
+    RequireSet(other);
     for (const CSHAREOBJECTPTR<COBJECT>& object : *other) {
         if (ContainsObject(object) == 0) {
             return 0;
@@ -28,7 +34,7 @@ int CSET::Contains(CSET* other) const {
 }
 
 int CSET::Intersects(CSET* other) const {
-    FailNull(other);
+    RequireSet(other);
     for (const CSHAREOBJECTPTR<COBJECT>& object : *other) {
         if (ContainsObject(object) != 0) {
             return 1;
@@ -40,7 +46,7 @@ int CSET::Intersects(CSET* other) const {
 CSHAREOBJECTPTR<CARRAY> CSET::GetObjects() const { return CMEMARRAY::Create(ElementsOf(*this)); }
 
 void CSET::Intersect(CSET* other) {
-    FailNull(other);
+    RequireSet(other);
     for (const CSHAREOBJECTPTR<COBJECT>& object : ElementsOf(*this)) {
         if (other->ContainsObject(object) == 0) {
             RemoveObject(object);
@@ -49,14 +55,14 @@ void CSET::Intersect(CSET* other) {
 }
 
 void CSET::Union(CSET* other) {
-    FailNull(other);
+    RequireSet(other);
     for (const CSHAREOBJECTPTR<COBJECT>& object : ElementsOf(*other)) {
         AddObject(object);
     }
 }
 
 void CSET::Substract(CSET* other) {
-    FailNull(other);
+    RequireSet(other);
     for (const CSHAREOBJECTPTR<COBJECT>& object : ElementsOf(*other)) {
         RemoveObject(object);
     }

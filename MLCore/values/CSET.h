@@ -12,42 +12,42 @@
 
 namespace MLCore {
 
-/// A collection that holds each object once, by one reference. Identity decides, not contents; null is never an element.
-/// The order is that of insertion. CMEMSET makes them.
+/// A collection that holds each object once, by one reference. Objects are the same by identity, not by contents. Null is never
+/// an element. The order is that of insertion. CMEMSET makes sets in memory.
 ///
-/// The operations with another set or array fail with -100 when it is null, and are linear in the elements of both. The set
-/// itself may be the other one.
+/// The operations with another set or an array fail with kErrNull (-100) when it is null, and are linear in the elements of
+/// both. The other set may be this one.
 class MLCORE_API CSET : public COBJECT {
     MLCORE_CLASS(CSET, COBJECT)
 
 public:
-    /// Adds the elements of `objects`, leaving out nulls.
+    /// Adds the elements of `objects` except nulls.
     virtual void AddObjects(CARRAY* objects);
-    /// 1 when each element of `other` is an element here.
+    /// 1 when each element of `other` is an element of this set.
     [[nodiscard]] virtual int Contains(CSET* other) const;
-    /// 1 when an element of `other` is an element here.
+    /// 1 when an element of `other` is an element of this set.
     [[nodiscard]] virtual int Intersects(CSET* other) const;
     /// A new array of the elements.
     [[nodiscard]] virtual CSHAREOBJECTPTR<CARRAY> GetObjects() const;
-    /// Keeps only elements of `other`.
+    /// Removes the objects that are not elements of `other`.
     virtual void Intersect(CSET* other);
     /// Adds the elements of `other`.
     virtual void Union(CSET* other);
-    /// Takes out the elements of `other`. The name is the library's established one.
+    /// Removes the elements of `other`. The spelling is the library's established one.
     virtual void Substract(CSET* other);
 
     [[nodiscard]] virtual long GetCount() const = 0;
-    /// Adds `object` behind the others; returns 0 when it is an element already, or null.
+    /// Adds `object` at the end and returns 1. Returns 0 when it already is an element, and for null.
     virtual int AddObject(COBJECT* object) = 0;
-    /// Takes `object` out; returns 0 when it is no element.
+    /// Removes `object` and returns 1. Returns 0 when it is not an element.
     virtual int RemoveObject(COBJECT* object) = 0;
     /// 1 when `object` is an element.
     [[nodiscard]] virtual int ContainsObject(COBJECT* object) const = 0;
     virtual void RemoveAll() = 0;
-    /// A new iterator on the first element; the caller deletes it.
+    /// A new iterator on the first element. The caller deletes it.
     [[nodiscard]] virtual COBJECTITERATOR* CreateIterator() const = 0;
 
-    /// As in an array (CARRAY), in the order of insertion.
+    /// As those of CARRAY, in the order of insertion.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override;
     void SetKeyValue(const std::string& key, COBJECT* value) override;
 

@@ -14,31 +14,31 @@
 
 namespace MLCore {
 
-/// A value as a shared object, so that it can stand in collections, come out of key paths, and be compared as
+/// A value as a shared object. As an object it can be an element of a collection, come from a key path, and be compared as
 /// predicates compare.
 ///
 ///     CSHAREOBJECTPTR<CVALUEOBJECT> name = CVALUEOBJECT::Create("Ren\xE9");
 ///     name->Cmp("rene", CVALUEOBJECT::ComparisonType::Equal, CVALUEOBJECT::ComparisonOption::DiacriticInsensitive);  // 1
 ///
-/// Comparing brings the two sides together by the type of this one, where == of CVALUE only knows equal types:
+/// Comparing brings the two sides together by the type of this side, while == of CVALUE is false for different types:
 ///
-/// | this side  | the other side | how                                                               |
-/// |------------|----------------|-------------------------------------------------------------------|
-/// | a number   | a number       | as doubles, equal within 0.00001 (DoubleCmp), a NaN to every number   |
-/// | Date       | Date           | as dates                                                          |
-/// | DateTime   | DateTime       | as date-times                                                     |
-/// | either     | the other      | as date-times, the date at 00:00:00                               |
-/// | String     | String         | under the option                                                  |
-/// | Guid       | Guid           | byte by byte, as unsigned                                         |
-/// | Object     | any            | equal to the same object only; in no order                        |
-/// | Unknown    | any            | equal to Unknown only; in no order, nor is anything with Unknown  |
+/// | this side  | the other side | how                                                                 |
+/// |------------|----------------|---------------------------------------------------------------------|
+/// | a number   | a number       | as doubles, equal within 0.00001 (DoubleCmp), a NaN to every number |
+/// | Date       | Date           | as dates                                                            |
+/// | DateTime   | DateTime       | as date-times                                                       |
+/// | either     | the other      | as date-times, the date at 00:00:00                                 |
+/// | String     | String         | under the option                                                    |
+/// | Guid       | Guid           | byte by byte, as unsigned                                           |
+/// | Object     | any            | equal to the same object only; in no order                          |
+/// | Unknown    | any            | equal to Unknown only; in no order with any value                   |
 ///
-/// Numbers are the integers, Float, Double, Bool, and Time by its seconds. Sides that cannot be brought together fail with
-/// 138.
+/// Numbers are the integers, Float, Double, Bool, and Time by its seconds (ValueComparison.h). Sides that cannot be brought
+/// together fail with kErrValueType (138).
 ///
-/// Comparing two values changes nothing, copies no text and takes no memory; any number of threads may compare the same
-/// objects while none sets a value. Begins, Ends and the orders are linear in the texts; Contains and Like, at worst, take
-/// the product of the two lengths.
+/// Comparing two values changes nothing, copies no text and takes no memory. Any number of threads may compare the same
+/// objects as long as none sets a value. Begins, Ends and the orders are linear in the texts. Contains and Like take, at
+/// worst, time in proportion to the product of the two lengths.
 class MLCORE_API CVALUEOBJECT : public COBJECT {
     MLCORE_CLASS(CVALUEOBJECT, COBJECT)
 public:
@@ -49,16 +49,16 @@ public:
         GreaterEqual,
         Equal,
         NotEqual,  ///< the opposite of Equal, so null differs from everything else
-        Like,      ///< matches the other side as a pattern: LikePattern.h; 0 unless both are texts
-        Begins,    ///< with the other side; as Ends and Contains, 0 with a null and 138 with what is no text
-        Ends,
-        In,        ///< a collection
-        Contains,  ///< the other side, or a text out of a collection
+        Like,      ///< this side matches the other as a pattern (LikePattern.h); 0 unless both are texts
+        Begins,    ///< this text begins with the other; as Ends and Contains, 0 with a null, a failure for other types
+        Ends,      ///< this text ends with the other
+        In,        ///< this side is Equal to an element of a collection; 0 between two values
+        Contains,  ///< this text contains the other, or a text of a collection
         Between,   ///< 0: a predicate makes it of two comparisons
     };
     static constexpr std::size_t kComparisonTypeCount = static_cast<std::size_t>(ComparisonType::Between) + 1;
 
-    /// How texts compare. A number that is none of these is taken for the first.
+    /// How texts compare. An unknown option counts as CaseSensitive.
     enum class ComparisonOption : std::int32_t {
         CaseSensitive,    ///< byte by byte, as unsigned
         CaseInsensitive,  ///< Equal and order: CompareNoCaseLocale(); Begins, Ends, Contains: alike when upper-cased
@@ -69,22 +69,22 @@ public:
 
     /// A new object with a copy of `value`, null by default.
     [[nodiscard]] static CSHAREOBJECTPTR<CVALUEOBJECT> Create(const CVALUE& value = CVALUE::Null());
-    /// A new object that takes `value` over.
+    /// A new object that takes over `value`.
     [[nodiscard]] static CSHAREOBJECTPTR<CVALUEOBJECT> Create(CVALUE&& value);
 
-    /// Valid until the value is set or the object goes.
+    /// Valid until the value is set or the object is released.
     [[nodiscard]] const CVALUE& GetValue() const noexcept { return mValue; }
     void SetValue(const CVALUE& value) { mValue = value; }
 
-    /// 1 when this value stands in the relation `type` to `other`, else 0. In, Between and unknown types are 0.
+    /// 1 when the relation `type` holds from this value to `other`, else 0. In, Between and unknown types give 0.
     [[nodiscard]] int Cmp(const CVALUE& other, ComparisonType type, ComparisonOption option) const;
-    /// The same for an object: the value of a value object, or a collection (CARRAY or CSET).
+    /// The same for an object: a value object, by its value, or a collection (CARRAY or CSET).
     ///
-    /// In: 1 when the collection holds a value object that this one is Equal to; the elements before it may fail as Equal
-    /// does. Contains: 1 when this is a text and contains a text of the collection. Elements that do not count are skipped;
-    /// every other pair, null among them, gives 0, NotEqual too.
+    /// In: 1 when the collection holds a value object that this one is Equal to. The elements before it may fail as Equal
+    /// does. Contains: 1 when this value is a text and contains a text of the collection. Other elements are skipped. Every
+    /// other pair gives 0, also with null and also for NotEqual.
     [[nodiscard]] int Cmp(COBJECT* other, ComparisonType type, ComparisonOption option) const;
-    /// A number: without this, 0L would be taken for a null object, as a plain 0 is.
+    /// A number. Without this overload 0L would be a null object, as a plain 0 is.
     template <std::integral T>
     requires(!std::same_as<T, int>) [[nodiscard]] int Cmp(T other, ComparisonType type, ComparisonOption option) const {
         return Cmp(CVALUE(other), type, option);
@@ -116,7 +116,7 @@ protected:
     /// The order of two texts, none of them null, under the option: -1, 0 or 1. Decides Equal and the orderings.
     [[nodiscard]] virtual short CmpString(const char* left, const char* right, ComparisonOption option) const;
 
-    // What comparing brings the sides to. Each fails with 138 for other types.
+    // The types that comparing brings the sides to. Each fails with kErrValueType for a value that has no such form.
     [[nodiscard]] static double TryToDouble(const CVALUE& value);
     [[nodiscard]] static CDATETIME TryToDateTime(const CVALUE& value);
     /// Borrowed from the value.
@@ -125,9 +125,9 @@ protected:
 private:
     struct ORDERING;
 
-    /// False with a null on either side and for an object on this one: these have no order.
+    /// False with a null on either side, and when this side is an object: these have no order.
     [[nodiscard]] bool HasOrder(const CVALUE& other) const noexcept;
-    /// -1, 0 or 1, where there is an order.
+    /// -1, 0 or 1. Only for values that have an order.
     [[nodiscard]] short Order(const CVALUE& other, ComparisonOption option) const;
 
     CVALUE mValue;
@@ -141,14 +141,14 @@ private:
 ///
 ///     const double sales = ValueOf(order->GetKeyPathValue("customer.sales")).ToDouble();
 ///
-/// Null, and an object of another kind, fail with 138.
+/// Fails with kErrValueType for null and for an object of another class.
 [[nodiscard]] MLCORE_API CVALUE ValueOf(const COBJECT* object);
 template <class T>
 [[nodiscard]] CVALUE ValueOf(const CSHAREOBJECTPTR<T>& object) {
     return ValueOf(object.Get());
 }
 
-/// Equality as CVALUE has it: same type, same value. Serves != and the other order of the two as well.
+/// Equality of the two values: same type, same content. Also gives != and the comparison the other way round.
 [[nodiscard]] MLCORE_API bool operator==(const CVALUEOBJECT& object, const CVALUE& value) noexcept;
 
 /// Writes "ComparisonType::Lesser"; nothing for an unknown one.

@@ -8,14 +8,14 @@
 
 namespace MLCore {
 
-/// What begin() of a collection returns: an input iterator over its elements, for range-for and the algorithms of
-/// std::ranges. Changes of the collection meanwhile are as safe as COBJECTITERATOR says.
+/// The input iterator that begin() of a collection returns, for range-for and the algorithms of std::ranges. The collection
+/// may change meanwhile, as COBJECTITERATOR describes.
 class ELEMENTCURSOR {
 public:
     using value_type = CSHAREOBJECTPTR<COBJECT>;
     using difference_type = std::ptrdiff_t;
 
-    /// Takes `iterator` (not null) over.
+    /// Takes over `iterator`, which must not be null.
     explicit ELEMENTCURSOR(COBJECTITERATOR* iterator) : mIterator(iterator) {}
 
     value_type operator*() const { return mIterator->GetCurrent(); }
@@ -32,8 +32,8 @@ private:
     std::unique_ptr<COBJECTITERATOR> mIterator;
 };
 
-/// Range-for over a holder of a collection (not null), which it keeps alive: `for (... : orders->Filter(isLate))`. Over
-/// `*orders->Filter(isLate)` the array would be gone before the loop begins.
+/// Range-for over a holder of a collection, which must not be null and which the loop keeps alive:
+/// `for (... : orders->Filter(isLate))`. With `*orders->Filter(isLate)` the array would be released before the loop begins.
 template <class Collection>
 auto begin(const CSHAREOBJECTPTR<Collection>& collection) -> decltype(collection->begin()) {
     return collection->begin();

@@ -15,7 +15,7 @@ using textrules::FOLD;
 constexpr char kWildcard = '?';
 constexpr FOLD kFolds[] = {nullptr, UpperAnsi, WithoutAccent};
 
-/// Every "?" counts, and every text before, between or behind them that is not empty.
+/// Every "?" counts, and every text before, between or after them that is not empty.
 std::size_t CountPieces(std::string_view pattern) noexcept {
     std::size_t pieces = 0;
     char before = kWildcard;

@@ -1,3 +1,4 @@
+/// \file
 /// The patterns of the comparison Like.
 #pragma once
 
@@ -8,21 +9,22 @@
 
 namespace MLCore {
 
-/// 1 when `text` matches `pattern`, where each "?" stands for any run of characters, the empty one too:
+/// 1 when `text` matches `pattern`. Each "?" stands for any run of characters, also for an empty one:
 ///
 ///     MatchesLike("Dupont", "Du?", option);     // begins
 ///     MatchesLike("Dupont", "?pon?", option);   // contains
 ///     MatchesLike("Dupont", "D?t", option);     // begins and ends
 ///
-/// Option 0 takes characters as they are; option 1 upper-cases both texts; option 2 takes the accents off both, and case
-/// still counts. An unknown option is exact.
+/// CaseSensitive compares characters as they are. CaseInsensitive upper-cases both texts. DiacriticInsensitive removes the
+/// accents of both, and case still counts. An unknown option is exact.
 ///
-/// Cut at its "?", with each of them a piece of its own, a pattern may come to more than three pieces. It is then walked
-/// more loosely, which is intended: each text is looked for from the place reached and leads to where it begins, each "?"
-/// leads one character on, but not behind the end, and neither end is tied. So "a?b?c" matches "zaXbYcz", "?a?b" does not
-/// match "ab", and "????" wants four characters.
+/// The text matches as a whole as long as the pattern has at most three pieces, where each "?" is a piece, and so is each run
+/// of other characters. With more pieces the match is looser, which is intended. It goes through the pieces from left to right
+/// with a position in the text that starts at 0. A run of characters is searched from the position on, and the position moves
+/// to where the run begins. A "?" moves the position by one character, and at the end of the text it fails. Neither end of the
+/// text is tied. So "a?b?c" matches "zaXbYcz", "?a?b" does not match "ab", and "????" needs four characters.
 ///
-/// Takes no memory, and at worst time in proportion to the product of the lengths.
+/// Takes no memory. The time is at worst in proportion to the product of the lengths.
 [[nodiscard]] MLCORE_API int MatchesLike(std::string_view text, std::string_view pattern,
                                          CVALUEOBJECT::ComparisonOption option) noexcept;
 

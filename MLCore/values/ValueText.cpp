@@ -1,9 +1,12 @@
 #include <MLCore/values/ValueText.h>
 
+#include <MLCore/core/EnumTable.h>
 #include <MLCore/text/DoubleText.h>
 #include <MLCore/values/CVALUE.h>
 
+#include <cstddef>
 #include <ostream>
+#include <string_view>
 
 namespace MLCore {
 
@@ -17,54 +20,50 @@ void AppendQuoted(std::string& out, std::string_view text) {
     out += '\'';
 }
 
+using APPEND = void (*)(std::string& out, const CVALUE& value);
+
+void AppendUnknown(std::string& out, const CVALUE&) { out += "CVALUEINCONNU"; }
+
+template <auto accessor>
+void AppendInteger(std::string& out, const CVALUE& value) {
+    out += std::to_string((value.*accessor)());
+}
+
+void AppendTime(std::string& out, const CVALUE& value) {
+    out += "CTIME = " + value.ToTime().ToString();
+    out += " CTIMESPAN = " + value.ToTimeSpan().ToString();
+}
+
+struct TYPEROW {
+    CVALUE::Type type;
+    APPEND append;
+};
+
+constexpr TYPEROW kTypes[] = {
+    {CVALUE::Type::Unknown, [](std::string& out, const CVALUE&) { out += "Null"; }},
+    {CVALUE::Type::Short, AppendInteger<&CVALUE::ToShort>},
+    {CVALUE::Type::UShort, AppendInteger<&CVALUE::ToWord>},
+    {CVALUE::Type::Long, AppendInteger<&CVALUE::ToLong>},
+    {CVALUE::Type::ULong, AppendInteger<&CVALUE::ToDWord>},
+    {CVALUE::Type::Date, [](std::string& out, const CVALUE& value) { out += value.ToDate().ToStringLong(); }},
+    {CVALUE::Type::Time, AppendTime},
+    {CVALUE::Type::String, [](std::string& out, const CVALUE& value) { out += static_cast<const char*>(value); }},
+    {CVALUE::Type::Float, [](std::string& out, const CVALUE& value) { AppendFloat(out, value.ToFloat()); }},
+    {CVALUE::Type::Double, [](std::string& out, const CVALUE& value) { AppendDouble(out, value.ToDouble()); }},
+    {CVALUE::Type::DateTime, [](std::string& out, const CVALUE& value) { out += value.ToDateTime().ToStringXML(); }},
+    {CVALUE::Type::Bool, [](std::string& out, const CVALUE& value) { out += value.ToBool() != 0 ? '1' : '0'; }},
+    {CVALUE::Type::Object, AppendUnknown},
+    {CVALUE::Type::Guid, AppendUnknown},
+};
+static_assert(IsIndexedBy(kTypes, &TYPEROW::type, CVALUE::kTypeCount));
+
 }  // namespace
 
 void AppendValueText(std::string& out, const CVALUE& value, bool quoted) {
-    using Type = CVALUE::Type;
-    switch (value.GetType()) {
-        case Type::Unknown:
-            out += "Null";
-            break;
-        case Type::Short:
-            out += std::to_string(value.ToShort());
-            break;
-        case Type::UShort:
-            out += std::to_string(value.ToWord());
-            break;
-        case Type::Long:
-            out += std::to_string(value.ToLong());
-            break;
-        case Type::ULong:
-            out += std::to_string(value.ToDWord());
-            break;
-        case Type::Date:
-            out += value.ToDate().ToStringLong();
-            break;
-        case Type::Time:
-            out += "CTIME = " + value.ToTime().ToString();
-            out += " CTIMESPAN = " + value.ToTimeSpan().ToString();
-            break;
-        case Type::String:
-            if (quoted) {
-                AppendQuoted(out, static_cast<const char*>(value));
-            } else {
-                out += static_cast<const char*>(value);
-            }
-            break;
-        case Type::Float:
-            AppendFloat(out, value.ToFloat());
-            break;
-        case Type::Double:
-            AppendDouble(out, value.ToDouble());
-            break;
-        case Type::DateTime:
-            out += value.ToDateTime().ToStringXML();
-            break;
-        case Type::Bool:
-            out += value.ToBool() != 0 ? '1' : '0';
-            break;
-        default:
-            out += "CVALUEINCONNU";
+    if (quoted && value.GetType() == CVALUE::Type::String) {
+        AppendQuoted(out, static_cast<const char*>(value));
+    } else {
+        kTypes[static_cast<std::size_t>(value.GetType())].append(out, value);
     }
 }
 

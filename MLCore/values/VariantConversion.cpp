@@ -1,5 +1,6 @@
 // The part of CVALUE that knows variants.
 
+#include <MLCore/core/FailureChecks.h>
 #include <MLCore/platform/OleDate.h>
 #include <MLCore/platform/WideText.h>
 #include <MLCore/platform/WinTypes.h>
@@ -24,7 +25,7 @@ double OleDateFrom(const CDATE& date, const CTIME& time) {
         !platform::OleDateFromCivil(
             {date.GetYear(), date.GetMonth(), date.GetDay(), time.GetHours(), time.GetMinutes(), time.GetSeconds()},
             result)) {
-        FailOSErr(kErrValueType);
+        FailWith(kErrValueType, "the date ", date.ToStringXML(), " ", time.ToString(), " cannot be held by a variant");
     }
     return result;
 }
@@ -77,8 +78,11 @@ std::optional<CVALUE> ValueOf(const VARIANT& variant) {
 
 CVALUE::CVALUE(const _variant_t& value) {
     std::optional<CVALUE> read = ValueOf(value);
+    if (!read && value.vt == VT_DATE) {
+        FailWith(kErrValueType, "the variant date ", value.date, " is not a valid date");
+    }
     if (!read) {
-        FailOSErr(kErrValueType);
+        FailWith(kErrValueType, "a variant of the type ", value.vt, " has no counterpart among the values");
     }
     Swap(*read);
 }
@@ -118,9 +122,10 @@ _variant_t CVALUE::ToVariant() const {
             return {OleDateFrom(kOleDayZero, ToTime()), VT_DATE};
         case Type::DateTime:
             return {OleDateFrom(ToDateTime().GetDate(), ToDateTime().GetTime()), VT_DATE};
-        default:
-            FailOSErr(IsNull() != 0 ? short{0} : kErrValueType);
+        case Type::Unknown:
             return {};
+        default:
+            FailWith(kErrValueType, "the value is ", DescribeType(mType), ", which no variant can hold");
     }
 }
 

@@ -21,7 +21,7 @@ constexpr std::string_view kOrder =
     "123456789"
     "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
-// A digit or capital, and behind it those that share its place, in the order in which they follow it there.
+// A digit or capital, then the characters that share its place, in their order at that place.
 constexpr std::string_view kFamilies[] = {"1\xB9",
                                           "2\xB2",
                                           "3\xB3",

@@ -49,8 +49,8 @@ CSHAREOBJECTPTR<COBJECT>& KEYEDOBJECTS::At(const std::string& key) {
     if (mTree) {
         return mTree->insert(place.node, std::move(added))->object;
     }
-    const auto behind = mTable.begin() + (place.entry != nullptr ? place.entry - mTable.data() : std::ssize(mTable));
-    const auto inserted = mTable.insert(behind, std::move(added));
+    const auto next = mTable.begin() + (place.entry != nullptr ? place.entry - mTable.data() : std::ssize(mTable));
+    const auto inserted = mTable.insert(next, std::move(added));
     ++mMoves;
     return inserted->object;
 }

@@ -1,6 +1,5 @@
 #include <MLCore/values/detail/KeyMapping.h>
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/values/CMEMARRAY.h>
 
@@ -20,7 +19,8 @@ class LEVEL {
 public:
     LEVEL() {
         if (gLevels == kMaxLevels) {
-            FailOSErr(kErrUnknownKey);
+            FailWith(kErrUnknownKey, "collections lie inside each other deeper than ", kMaxLevels,
+                     " levels, or one holds itself");
         }
         ++gLevels;
     }
@@ -44,10 +44,17 @@ CSHAREOBJECTPTR<COBJECT> MappedKeyValue(Elements elements, std::string key) {
 void SetMappedKeyValue(const Elements& elements, std::string key, COBJECT* value) {
     const LEVEL level;
     const CARRAY* const array = dynamic_cast<CARRAY*>(value);
-    FailNull(array);
+    if (array == nullptr) {
+        FailWith(kErrNull, "the value for the key ", Quoted(key), " of the elements is ",
+                 value != nullptr ? value->GetClassName() : "null", ", wanted an array");
+    }
     const Elements values = ElementsOf(*array);
-    if (values.size() < elements.size() || std::find(elements.begin(), elements.end(), nullptr) != elements.end()) {
-        FailOSErr(kErrUnknownKey);
+    if (values.size() < elements.size()) {
+        FailWith(kErrUnknownKey, values.size(), " values for the key ", Quoted(key), " of ", elements.size(),
+                 " elements");
+    }
+    if (const auto null = std::find(elements.begin(), elements.end(), nullptr); null != elements.end()) {
+        FailWith(kErrUnknownKey, "element ", null - elements.begin(), " is null and cannot take the key ", Quoted(key));
     }
     for (std::size_t index = 0; index < elements.size(); ++index) {
         elements[index]->SetKeyValue(key, values[index]);

@@ -43,7 +43,7 @@ SHELF& ShelfOf(std::size_t blockClass) noexcept {
     return gShelves[megabyte * 0x9E3779B97F4A7C15U >> 60U][blockClass];
 }
 
-/// Leaves nothing behind when the library is unloaded. The shelves stay taken: who still frees, frees to the heap.
+/// Frees all blocks when the library is unloaded. The shelves stay taken, so that later blocks go to the heap.
 struct CLEARANCE {
     CLEARANCE() = default;
     CLEARANCE(const CLEARANCE&) = delete;

@@ -1,4 +1,4 @@
-/// Memory for what small values hold. Most live only for a moment, and the heap would take longer than all they do.
+/// Memory for the contents of small values. Most live only for a moment, and the heap would take more time than their use.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-/// Looking for a text in another where a rule makes characters alike; comparison options, and the choice of a rule by them.
+/// Looking for a text in another where a rule makes characters alike, and the choice of a rule by a comparison option.
 ///
 /// Nothing is copied: characters are folded where they meet. Looking for a part costs, at worst, the product of the
 /// lengths.
@@ -12,7 +12,7 @@
 
 namespace MLCore::textrules {
 
-/// Characters with the same image are alike; null when only the same ones are.
+/// Characters with the same image are alike; with null only equal characters are.
 using FOLD = char (*)(char) noexcept;
 
 /// The row of an option; an unknown option takes the first row, the exact one.
@@ -24,7 +24,7 @@ template <class Row>
 }
 
 /// Where `part` first occurs in `text` at `from` (at most the length) or later; npos when it does not. An empty part is
-/// found at once.
+/// found immediately.
 [[nodiscard]] inline std::size_t Find(std::string_view text, std::string_view part, std::size_t from,
                                       FOLD fold) noexcept {
     if (fold == nullptr) {
