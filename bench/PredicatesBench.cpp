@@ -4,6 +4,7 @@
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
 #include <MLCore/predicates/SortArray.h>
+#include <MLCore/text/LegacyStrings.h>
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 
@@ -302,6 +303,26 @@ void RegisterSort(const DATA& data, [[maybe_unused]] const PEERS& peers, const s
     workload.AddLimit("structs", SortByHand(data.plains, count));
 }
 
+/// By a rule: numbers inside texts by their value.
+void RegisterNaturalSort(const DATA& data, const std::string& what, CARRAY& all, std::size_t count) {
+    static constexpr SORTRULE kRules[] = {{"client", SORTRULE::Texts::Naturally}};
+    const auto array = FirstOf(all, count);
+    const auto order = CSORTDESCRIPTORBUILDER::Create("client");
+    const auto byHand = [&plains = data.plains, count](std::size_t) {
+        std::vector<const ORDER*> sorted;
+        for (std::size_t i = 0; i < count; ++i) {
+            sorted.push_back(&plains[i]);
+        }
+        std::stable_sort(sorted.begin(), sorted.end(), [](const ORDER* left, const ORDER* right) {
+            return CompareNaturally(left->client.c_str(), right->client.c_str()) < 0;
+        });
+        return Digest(sorted);
+    };
+    WORKLOAD workload("sort " + std::to_string(count) + ' ' + what + " naturally", 1, nullptr, count);
+    workload.Add("MLCore", [array, order](std::size_t) { return Digest(SortArray(array, order, kRules)); })
+        .AddLimit("structs", byHand);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -313,5 +334,6 @@ int main(int argc, char** argv) {
         RegisterSort(data, peers, "dictionaries", *data.dictionaries, count);
         RegisterSort(data, peers, "objects", *data.objects, count);
     }
+    RegisterNaturalSort(data, "dictionaries", *data.dictionaries, kCounts[1]);
     return Run(argc, argv);
 }

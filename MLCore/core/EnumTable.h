@@ -6,15 +6,9 @@
 
 namespace MLCore {
 
-/// True when row i of a table belongs to the enumerator i, for all `count` enumerators. A missing, a double and a misplaced row
-/// then end the compilation:
-///
-///     struct LEVELNAME {
-///         CLOGMANAGER::Level level;
-///         const char* name;
-///     };
-///     constexpr LEVELNAME kNames[] = {...};
-///     static_assert(IsIndexedBy(kNames, &LEVELNAME::level, 5));
+/// True when row i of a table belongs to the enumerator i, for all `count` enumerators. With
+/// `static_assert(IsIndexedBy(kRows, &ROW::type, kTypeCount))` a missing, a double or a misplaced row is an error of the
+/// compilation.
 template <class Row, std::size_t rowCount, class Enum>
 [[nodiscard]] consteval bool IsIndexedBy(const Row (&rows)[rowCount], Enum Row::*enumerator, std::size_t count);
 

@@ -37,9 +37,22 @@ TEST(PredicatesExamplesTest, Sorting) {
     const auto orders = Orders();
 #include "header_examples/CSORTDESCRIPTORBUILDER.inc"
 #include "header_examples/SortArray.inc"
-    const auto sorted = SortArray(orders, CSORTDESCRIPTORBUILDER::Create("+customer; -sales"));
     EXPECT_EQ(sorted->First(), orders->Last());
     EXPECT_EQ(sorted->Last(), orders->First());
+}
+
+TEST(PredicatesExamplesTest, SortingByRules) {
+    const auto invoice = [](const CVALUE& paid, const char* number) {
+        return Record({{"paid", Object(paid)}, {"number", Object(number)}});
+    };
+    const auto invoices =
+        CMEMARRAY::Create({invoice({}, "Facture 1"), invoice(CDATE(1, 2, 2024), "Facture 2"),
+                           invoice(CDATE(1, 2, 2024), "Facture 10"), invoice(CDATE(1, 1, 2024), "Facture 3")});
+#include "header_examples/SORTRULE.inc"
+    EXPECT_EQ(sorted->GetObjectIndex(invoices->GetObjectAt(3)), 0);
+    EXPECT_EQ(sorted->GetObjectIndex(invoices->GetObjectAt(2)), 1);
+    EXPECT_EQ(sorted->GetObjectIndex(invoices->GetObjectAt(1)), 2);
+    EXPECT_EQ(sorted->GetObjectIndex(invoices->GetObjectAt(0)), 3);
 }
 
 }  // namespace

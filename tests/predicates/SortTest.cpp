@@ -21,6 +21,7 @@ namespace {
 
 using namespace MLCore;
 using support::FailureOf;
+using support::Saying;
 using COMPARISON = CVALUEOBJECT::ComparisonType;
 using OPTION = CVALUEOBJECT::ComparisonOption;
 using OBJECTS = std::vector<CSHAREOBJECTPTR<COBJECT>>;
@@ -128,6 +129,44 @@ TEST(SortArray, SortsEachKindOfValue) {
     }
 }
 
+TEST(SortArray, FollowsTheRuleOfAKey) {
+    using TEXTS = SORTRULE::Texts;
+    using NULLS = SORTRULE::Nulls;
+    const CVALUE null, nan(std::nan(""));
+    const std::tuple<std::vector<CVALUE>, const char*, const char*, SORTRULE> kCases[] = {
+        {{"F 10", "f 2", "F 02", null, "F \xC9t\xE9", "f 1e"}, "351204", "402153", {"a", TEXTS::Naturally}},
+        {{"10", "9", "B", "a", "b", "\xE9"}, "013245", "524310", {"a", TEXTS::ByTable}},
+        {{"b", null, "", "a", null}, "14230", "14032", {"a", TEXTS::ByOption, NULLS::First}},
+        {{"b", null, "", "a", null}, "23014", "03214", {"", TEXTS::ByOption, NULLS::Last}},
+        {{nan, null, -1L, 1L}, "0231", "3201", {"a", TEXTS::Naturally, NULLS::Last}},
+        {{nan, null, -1L, 1L}, "1023", "1320", {"a", TEXTS::ByTable, NULLS::First}},
+        {{"b", null, "B"}, "120", "021", {"b", TEXTS::ByTable, NULLS::Last}},  // of another key
+        {{"b", null, "B"}, "120", "021", {"a", TEXTS{7}, NULLS{-1}}},          // as the default
+    };
+    for (const auto& [values, up, down, rule] : kCases) {
+        OBJECTS records;
+        std::ranges::transform(values, std::back_inserter(records), [](const CVALUE& value) { return Record(value); });
+        for (const auto& [order, places] : {std::pair("a", up), std::pair("-a", down)}) {
+            std::string sorted;
+            for (const auto& record : ObjectsIn(SortArray(CMEMARRAY::Create(records), BUILDER(order), {{rule}}))) {
+                sorted += static_cast<char>('0' + (std::ranges::find(records, record) - records.begin()));
+            }
+            EXPECT_EQ(sorted, places) << order << " of " << values.front();
+        }
+    }
+}
+
+TEST(SortArray, TakesTheFirstRuleOfAKeyAndElseTheOneOfAll) {
+    using TEXTS = SORTRULE::Texts;
+    constexpr SORTRULE kRules[] = {{""}, {"b", TEXTS::Naturally}, {"b"}, {"", TEXTS::ByTable}};
+    const OBJECTS records = {Record("x", "10"), Record("X", "9"), Record("X", "10"), Record("X", "9")};
+    EXPECT_EQ(ObjectsIn(SortArray(CMEMARRAY::Create(records), BUILDER("a;b"), kRules)),
+              (OBJECTS{records[1], records[3], records[2], records[0]}));
+    EXPECT_EQ(ObjectsIn(SortArray(CMEMARRAY::Create(records), BUILDER("a;b"), {{kRules[1], kRules[3]}})),
+              (OBJECTS{records[1], records[3], records[0], records[2]}))
+        << "x and X are equal and keep their order";
+}
+
 TEST(SortArray, RefusesWhatItCannotOrder) {
     const auto number = Record(1L);
     for (const CVALUE& other : {CVALUE("1"), CVALUE(CDATE(1, 1, 2024)), CVALUE(_GUID{}), CVALUE(number)}) {
@@ -136,11 +175,21 @@ TEST(SortArray, RefusesWhatItCannotOrder) {
         EXPECT_EQ(mixed->GetObjectAt(0), number);
     }
     const auto nested = CMEMARRAY::Create(CMEMDICTIONARY::Create("a", CMEMARRAY::Create()));
-    EXPECT_EQ(FailureOf([&] { return SortArray(nested, BUILDER("a")); }), 138);
+    const auto sorting = [](const CVALUE& first, const CVALUE& second) {
+        return FailureOf([&] { return Sorted({Record(first), Record(second)}, "a"); });
+    };
+    EXPECT_EQ(sorting(1L, "1"), Saying(138, "key 'a' of element 1 ", "is a String, wanted a number"));
+    EXPECT_EQ(sorting("1", CDATE(1, 1, 2024)), Saying(138, "is a Date, wanted a text"));
+    EXPECT_EQ(sorting(_GUID{}, 1), Saying(138, "is a Bool, wanted a GUID"));
+    EXPECT_EQ(sorting(CDATE(1, 1, 2024), _GUID{}), Saying(138, "is a Guid, wanted a date"));
+    EXPECT_EQ(sorting({}, CVALUE(number)),
+              Saying(138, "of element 1 ", "is an Object, wanted a value that has an order"));
+    EXPECT_EQ(FailureOf([&] { return SortArray(nested, BUILDER("a")); }),
+              Saying(138, "key 'a' of element 0 ", "is a CMEMARRAY, wanted a value object"));
     EXPECT_EQ(FailureOf([&] { return SortArray(CMEMARRAY::Create(CVALUEOBJECT::Create()), BUILDER("a")); }), 151);
-    EXPECT_EQ(FailureOf([&] { return SortArray(nested, nested); }), 121);
-    EXPECT_EQ(FailureOf([&] { return SortArray(nested, CMEMARRAY::Create(nullptr)); }), 121);
-    EXPECT_EQ(FailureOf([&] { return SortArray(nullptr, BUILDER("a")); }), -100);
+    EXPECT_EQ(FailureOf([&] { return SortArray(nested, nested); }), Saying(121, "element 0", "is CMEMDICTIONARY"));
+    EXPECT_EQ(FailureOf([&] { return SortArray(nested, CMEMARRAY::Create(nullptr)); }), Saying(121, "is null"));
+    EXPECT_EQ(FailureOf([&] { return SortArray(nullptr, BUILDER("a")); }), Saying(-100, "array to sort"));
 
     EXPECT_EQ(ObjectsIn(SortArray(nested, nullptr)), ObjectsIn(nested));
     EXPECT_EQ(Sorted({number, nullptr}, ""), (OBJECTS{number, nullptr}));
@@ -159,6 +208,37 @@ TEST(SortArray, LetsDerivedClassesCompareTexts) {
     const auto a = CMEMDICTIONARY::Create("x", AdoptObject(new BACKWARDS("a")));
     const auto b = CMEMDICTIONARY::Create("x", AdoptObject(new BACKWARDS("b")));
     EXPECT_EQ(Sorted({a, b, nullptr}, "x"), (OBJECTS{nullptr, b, a}));
+    const OBJECTS byTable = ObjectsIn(
+        SortArray(CMEMARRAY::Create({b.Get(), a.Get()}), BUILDER("x"), {{SORTRULE{"x", SORTRULE::Texts::ByTable}}}));
+    EXPECT_EQ(byTable, (OBJECTS{a, b})) << "the rule decides";
+}
+
+// One rule brings two values together, in sorting and in comparing.
+TEST(SortArray, RefusesAndOrdersPairsAsTheComparisonDoes) {
+    const CVALUE kValues[] = {short{-5},
+                              static_cast<unsigned short>(40000),
+                              5L,
+                              7UL,
+                              CDATE(5, 3, 2024),
+                              CTIME(0, 0, 6),
+                              "abc",
+                              5.5F,
+                              6.25,
+                              CDATETIME(CDATE(5, 3, 2024), CTIME(12, 0, 0)),
+                              1,
+                              _GUID{1, 0, 0, {}}};
+    for (const CVALUE& left : kValues) {
+        for (const CVALUE& right : kValues) {
+            const OBJECTS records = {Record(left), Record(right)};
+            int relation = 0;
+            OBJECTS sorted;
+            const auto compared = FailureOf([&] { relation = Relation(records[0], records[1], "a", kExact); });
+            EXPECT_EQ(FailureOf([&] { sorted = Sorted(records, "a"); }).msg, compared.msg) << left << ' ' << right;
+            if (!sorted.empty()) {
+                EXPECT_EQ(sorted.front(), records[relation > 0 ? 1 : 0]) << left << ' ' << right;
+            }
+        }
+    }
 }
 
 // Beside a plain sort by the value objects themselves, on values that have an order under them.
@@ -179,6 +259,7 @@ TEST(SortArray, AgreesWithTheComparisonOfValueObjects) {
             return relation != 0 ? relation > 0 : Relation(left, right, "a", option) < 0;
         });
         EXPECT_EQ(Sorted(records, "-b;a", option), expected);
+        EXPECT_EQ(ObjectsIn(SortArray(CMEMARRAY::Create(records), BUILDER("-b;a"), {{SORTRULE()}}, option)), expected);
     }
 }
 

@@ -97,6 +97,44 @@ TEST(LegacyStringsTest, WordsStandInTheirOrder) {
     }
 }
 
+TEST(LegacyStringsTest, NumbersInTextsStandInTheirOrder) {
+    ExpectOrder(
+        CompareNaturally,
+        "- -1 -2 _ 0 00 1 01 001 1-1 1,5 1,10 1a 1a01 1a2 2 9 10 010 10a 99 100 18446744073709551616 "
+        "99999999999999999999999999999999 100000000000000000000000000000000 \u00BD \u00B9 \u00B2 a a1 a01 á1 a1b a2 "
+        "a10 æ9 æ10 b2c10 b10 Facture2 Facture10 m2 m10 m\u00B2",
+        "Facture2 FACTURE2 æ9 Ae9 ß10 SS10");
+}
+
+// All texts of up to three characters, and their equality by the table.
+TEST(LegacyStringsTest, TheNaturalOrderIsOne) {
+    std::vector<std::string> texts = {""};
+    for (std::size_t begin = 0, length = 1; length <= 3; ++length) {
+        const std::size_t end = texts.size();
+        for (; begin < end; ++begin) {
+            for (const char character : AnsiFromUtf8("019aÁæe²-")) {
+                texts.push_back(texts[begin] + character);
+            }
+        }
+    }
+    const auto compare = [](const std::string& a, const std::string& b) {
+        return CompareNaturally(a.c_str(), b.c_str());
+    };
+    std::sort(texts.begin(), texts.end(), [&](const auto& a, const auto& b) { return compare(a, b) < 0; });
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t j = i; j < texts.size(); ++j) {
+            const int order = compare(texts[i], texts[j]);
+            const int byTable = CompareNoCaseByTable(texts[i].c_str(), texts[j].c_str());
+            ASSERT_LE(order, 0) << texts[i] << ' ' << texts[j];
+            ASSERT_EQ(compare(texts[j], texts[i]), -order) << texts[i] << ' ' << texts[j];
+            ASSERT_EQ(order == 0, byTable == 0) << texts[i] << ' ' << texts[j];
+            if ((texts[i] + texts[j]).find_first_of("019") == std::string::npos) {
+                ASSERT_EQ(order, byTable) << texts[i] << ' ' << texts[j];
+            }
+        }
+    }
+}
+
 // Two texts are equal when these are.
 std::string Expanded(const std::string& text) {
     std::string expanded;

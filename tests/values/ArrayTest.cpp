@@ -1,6 +1,7 @@
 #include <MLCore/core/COBJECTFACTORY.h>
 #include <MLCore/predicates/CPREDICATE.h>
 #include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/CMEMDICTIONARY.h>
 #include <MLCore/values/CMEMSET.h>
 #include <support/Failure.h>
 #include <values/Thing.h>
@@ -18,12 +19,14 @@ class CASKING : public CPREDICATE {
     MLCORE_CLASS(CASKING, CPREDICATE)
 public:
     explicit CASKING(std::function<int(COBJECT*)> its) : CPREDICATE(PredicateType::Value), question(std::move(its)) {}
-    int Evaluate(COBJECT* object, CDICTIONARY&) const override { return question(object); }
+    int Evaluate(COBJECT* object, CDICTIONARY& variables) const override {
+        return object == variables.GetKeyValue("wanted") ? 1 : 0;
+    }
     int Evaluate(COBJECT* object) const override { return question(object); }
     std::function<int(COBJECT*)> question;
 };
 
-/// An array of one's own, which defines only what it must.
+/// An array of another class, which defines only what it must.
 class CLEASTARRAY : public CARRAY {
     MLCORE_CLASS(CLEASTARRAY, CARRAY)
 public:
@@ -39,9 +42,18 @@ private:
     std::vector<OBJECT> mObjects;
 };
 
+/// An array with its own way to filter.
+class CFILTERINGARRAY : public CLEASTARRAY {
+    MLCORE_CLASS(CFILTERINGARRAY, CLEASTARRAY)
+public:
+    using CARRAY::Filter;
+    CSHAREOBJECTPTR<CARRAY> Filter(CPREDICATE*) override { return CMEMARRAY::Create(nullptr); }
+};
+
 MLCORE_REGISTER_CLASS(CTHING)
 MLCORE_REGISTER_CLASS(CASKING)
 MLCORE_REGISTER_CLASS(CLEASTARRAY)
+MLCORE_REGISTER_CLASS(CFILTERINGARRAY)
 
 }  // namespace values_test
 
@@ -157,6 +169,39 @@ TEST(ArrayTest, FiltersByPredicate) {
     const auto growing = Asking([&](COBJECT*) { return array->AddObject(b), 1; });
     EXPECT_EQ(ElementsIn(*array->Filter(growing)), before);
     EXPECT_EQ(array->Filter(Asking([&](COBJECT*) { return array = nullptr, 1; }))->GetCount(), 8);
+    EXPECT_EQ(a->GetUseCount(), 1);
+}
+
+TEST(ArrayTest, FiltersWithVariables) {
+    const OBJECT a = CTHING::Create(), b = CTHING::Create();
+    const auto array = CMEMARRAY::Create({a, nullptr, b, a});
+    const auto isB = Asking([&](COBJECT* object) { return object == b; });
+    const auto variables = CMEMDICTIONARY::Create("wanted", a);
+    EXPECT_EQ(ElementsIn(*array->Filter(isB, variables)), (OBJECTS{a, a}));
+    EXPECT_EQ(ElementsIn(*array->Filter(isB, nullptr)), (OBJECTS{b}));
+    EXPECT_EQ(array->Filter(nullptr, variables)->GetCount(), 4);
+    const auto own = AdoptObject(new CFILTERINGARRAY);
+    own->AddObject(a);
+    EXPECT_EQ(ElementsIn(*own->Filter(isB, nullptr)), (OBJECTS{nullptr})) << "by its own Filter(predicate)";
+    EXPECT_EQ(ElementsIn(*own->Filter(nullptr, variables)), (OBJECTS{nullptr})) << "by its own Filter(predicate)";
+    EXPECT_EQ(ElementsIn(*own->Filter(isB, variables)), (OBJECTS{a}));
+}
+
+TEST(ArrayTest, FiltersByCallable) {
+    const OBJECT a = CTHING::Create(), b = CTHING::Create();
+    auto array = AdoptObject<CARRAY>(new CLEASTARRAY);
+    for (const OBJECT& object : {a, OBJECT(), b, a}) {
+        array->AddObject(object);
+    }
+    OBJECTS asked;
+    const auto isKept = [&](COBJECT* object) { return asked.push_back(object), object == a ? -5 : 0; };
+    EXPECT_EQ(ElementsIn(*array->FilterIf(isKept)), (OBJECTS{a, a}));
+    EXPECT_EQ(asked, (OBJECTS{a, nullptr, b, a})) << "each once, in order";
+    const auto growing = [&](COBJECT*) { return array->AddObject(b), true; };
+    EXPECT_EQ(ElementsIn(*array->FilterIf(growing)), (OBJECTS{a, nullptr, b, a}));
+    EXPECT_THROW(static_cast<void>(array->FilterIf([](COBJECT*) -> bool { throw 5; })), int);
+    EXPECT_EQ(array->GetCount(), 8);
+    EXPECT_EQ(array->FilterIf([&](COBJECT*) { return array = nullptr, true; })->GetCount(), 8);
     EXPECT_EQ(a->GetUseCount(), 1);
 }
 

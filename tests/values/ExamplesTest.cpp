@@ -6,8 +6,8 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/values/CMEMARRAY.h>
 #include <MLCore/values/CMEMDICTIONARY.h>
-#include <MLCore/values/Cmp.h>
 #include <MLCore/values/LikePattern.h>
+#include <MLCore/values/TolerantComparison.h>
 #include <gtest/gtest.h>
 #include <support/Failure.h>
 #include <values/Thing.h>
@@ -34,6 +34,9 @@ TEST(ValuesExamplesTest, Array) {
     ASSERT_EQ(dynamic_cast<CARRAY&>(*amounts).GetCount(), 2);
     EXPECT_EQ(ValueOf(dynamic_cast<CARRAY&>(*amounts).First()), 2000L);
     EXPECT_EQ(ValueOf(amount), 3000L);
+    orders->AddObject(nullptr);
+#include "header_examples/CARRAY.2.inc"
+    EXPECT_EQ(known->GetCount(), 3);
 }
 
 TEST(ValuesExamplesTest, Dictionary) {
@@ -61,10 +64,11 @@ TEST(ValuesExamplesTest, ValueObject) {
 }
 
 TEST(ValuesExamplesTest, Value) {
-    const auto failure = support::FailureOf([] {
 #include "header_examples/CVALUE.inc"
-    });
-    EXPECT_EQ(failure, kErrValueType) << "the last line";
+    EXPECT_TRUE(isFive);
+    EXPECT_FALSE(isShort);
+    EXPECT_EQ(text, "abc");
+    EXPECT_EQ(support::FailureOf([&] { return value.ToLong(); }), kErrValueType);
 }
 
 TEST(ValuesExamplesTest, LikePattern) {
@@ -75,11 +79,14 @@ TEST(ValuesExamplesTest, LikePattern) {
     EXPECT_EQ(MatchesLike("Dupont", "D?t", option), 1);
 }
 
-TEST(ValuesExamplesTest, Cmp) {
-    const struct { double amount; } order = {0.3};
-    const double amount = 0.1 + 0.2;
-#include "header_examples/Cmp.inc"
-    EXPECT_FALSE(Updated(order.amount, amount));
+TEST(ValuesExamplesTest, TolerantComparison) {
+    struct {
+        double amount;
+    } order = {0.3};
+    for (const double amount : {0.1 + 0.2, 0.4}) {
+#include "header_examples/TolerantComparison.inc"
+        EXPECT_EQ(order.amount, amount == 0.4 ? 0.4 : 0.3);
+    }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <MLCore/values/CMEMSET.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/TolerantComparison.h>
+#include <MLCore/values/ValueComparison.h>
 #include <gtest/gtest.h>
 #include <support/Failure.h>
 
@@ -249,6 +250,19 @@ TEST(ValueObjectTest, HoldsAValue) {
     EXPECT_EQ(ValueOf(made), CVALUE(5L));
     EXPECT_EQ(FailureOf([] { return ValueOf(nullptr); }), 138);
     EXPECT_EQ(FailureOf([] { return ValueOf(CMEMARRAY::Create()); }), 138);
+}
+
+TEST(ValueObjectTest, IsAskedForByItsClass) {
+    const VALUEOBJECT own = CVALUEOBJECT::Create(5L);
+    const auto derived = AdoptObject(new CLENGTHS("xyz"));
+    const auto array = CMEMARRAY::Create();
+    for (CVALUEOBJECT* const object : {own.Get(), static_cast<CVALUEOBJECT*>(derived.Get())}) {
+        EXPECT_EQ(AsValueObject(static_cast<COBJECT*>(object)), object);
+        EXPECT_EQ(AsValueObject(static_cast<const COBJECT*>(object)), object);
+    }
+    EXPECT_EQ(AsValueObject(static_cast<COBJECT*>(array.Get())), nullptr);
+    EXPECT_EQ(AsValueObject(static_cast<COBJECT*>(nullptr)), nullptr);
+    EXPECT_EQ(CVALUEOBJECT::Create("xyz")->Cmp(derived, TYPE::Equal, kExact), 1) << "a value object of any class";
 }
 
 TEST(ValueObjectTest, IsWritten) {
