@@ -6,7 +6,7 @@
 
 namespace MLCore {
 
-/// The root of all protocols. A PROTOCOL* is the protocol sub-object of some object; ProtocolCast() gives it its type back.
+/// The root of all protocols. A PROTOCOL* points to the protocol sub-object of an object; ProtocolCast() restores its type.
 class MLCORE_API PROTOCOL {
 protected:
     PROTOCOL() = default;
@@ -26,8 +26,8 @@ public:
 /// The run-time description of a class: its name, its base class and the protocols that it conforms to. A protocol is an
 /// interface class with a description of its own.
 ///
-/// There is one description per class and process, and classes are compared by its address. It lives from its first use
-/// until the module that defines it is unloaded. Nobody builds one by hand: see ClassDeclaration.h.
+/// Each class has one description per process, and classes are compared by the addresses of their descriptions. A description
+/// lives from its first use until the module that defines it is unloaded. The macros of ClassDeclaration.h make it.
 class MLCORE_API CCLASSTYPEINFO {
 public:
     /// One protocol of a class.
@@ -44,8 +44,8 @@ public:
         unsigned long long mOffset;  // bytes from the start of the object to its protocol sub-object
     };
 
-    /// `name` is a literal, not owned. `super` describes the base class (null for a root), whose sub-object starts
-    /// `offset` bytes into an object of this class: its protocols are inherited with that offset added.
+    /// `name` must be a literal and is not owned. `super` describes the base class (null for a root). Its sub-object starts
+    /// `offset` bytes into an object of this class, and its protocols are inherited with that offset added.
     CCLASSTYPEINFO(const char* name, const CCLASSTYPEINFO* super, unsigned long long offset);
     CCLASSTYPEINFO(const CCLASSTYPEINFO&) = delete;
     CCLASSTYPEINFO& operator=(const CCLASSTYPEINFO&) = delete;
@@ -69,8 +69,8 @@ public:
 
     /// 1 when the class conforms to `protocol` (null: 0).
     [[nodiscard]] int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const noexcept;
-    /// The protocol sub-object of `object`, an object of this class given by its start (not null); null when the class does not
-    /// conform to `protocol`.
+    /// The protocol sub-object of `object`, or null when the class does not conform to `protocol`. `object` must be the start of
+    /// an object of this class.
     [[nodiscard]] PROTOCOL* GetProtocol(const CCLASSTYPEINFO* protocol, void* object) const;
 
 private:

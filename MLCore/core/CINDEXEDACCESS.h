@@ -8,15 +8,14 @@ namespace MLCore {
 
 class COBJECT;
 
-/// The protocol of objects with numbered elements, such as arrays: what an index step of a key path ("orders[2]") asks
-/// for.
+/// The protocol of objects with numbered elements, such as arrays. An index step of a key path ("orders[2]") needs it.
 class MLCORE_API CINDEXEDACCESS : public PROTOCOL {
 public:
     /// The number of elements; they are numbered from 0.
     [[nodiscard]] virtual long GetCount() const = 0;
-    /// The element, which may be null. Fails with 151 when `index` is out of range.
+    /// The element, which may be null. Fails with kErrUnknownKey (151) when `index` is out of range.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetObjectAt(long index) const = 0;
-    /// Replaces the element by `object` (may be null), with a reference added. Fails with 151 when `index` is out of
+    /// Replaces the element by `object` (may be null) and adds a reference. Fails with kErrUnknownKey when `index` is out of
     /// range.
     virtual void SetObjectAt(long index, COBJECT* object) = 0;
 

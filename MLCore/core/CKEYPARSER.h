@@ -24,7 +24,7 @@ public:
         bool operator==(const STEP&) const = default;
     };
 
-    /// Fails with kErrUnknownKey (151) when `keyPath` is malformed, as the empty path is. Linear in its length.
+    /// Fails with kErrUnknownKey (151) when `keyPath` is malformed; the empty path is malformed. Linear in its length.
     explicit CKEYPARSER(const std::string& keyPath);
 
     /// The steps, at least one; valid while the parser lives.

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-// <windows.h> makes macros of two names below. They are set aside while the class is declared, and put back for the
+// <windows.h> defines two names below as macros. They are set aside while the class is declared, and restored for the
 // client's own calls of the system functions.
 #pragma push_macro("RegisterClass")
 #pragma push_macro("UnregisterClass")
@@ -20,22 +20,23 @@ namespace MLCore {
 class COBJECTFACTORY;
 MLCORE_DECLARE_INSTANCE(CSINGLETON<COBJECTFACTORY, noautorelease>)
 
-/// Creates objects by the name of their class, for readers of streams and key streams. One per process, reached through
-/// GetInstance(), and not released by itself: the application may call Free() at its end.
+/// Creates objects by the name of their class, for readers of streams and key streams. Each process has one factory, which
+/// GetInstance() returns. It is not freed automatically: the application may call Free() at its end.
 ///
 ///     CSHAREOBJECTPTR<COBJECT> order = COBJECTFACTORY::GetInstance()->CreateObject("class shop::CORDER");
 ///
-/// A class has a name ("class shop::CORDER", see FactoryNameOf) and may have an identifier ("CORDER", what
-/// object streams write). Both are matched exactly. Classes declared with MLCORE_REGISTER_CLASS enter themselves.
+/// A class has a name ("class shop::CORDER", see FactoryNameOf) and may have an identifier ("CORDER"), which object streams
+/// write. Both are matched exactly. Classes declared with MLCORE_REGISTER_CLASS register themselves.
 ///
-/// Not synchronised: register while modules load, then look up from any thread. Lookups are logarithmic.
+/// The factory is not synchronised: classes must be registered while modules load; then any thread may look them up. Lookups
+/// take logarithmic time.
 class MLCORE_API COBJECTFACTORY : public CSINGLETON<COBJECTFACTORY, noautorelease> {
 public:
     using CREATOR = CLASSREGISTRAR::CREATOR;
 
-    /// Enters a class. `creator` returns a new object with the only reference to it. `classIdentifier` null: the class
-    /// has none. A class already registered under the name is replaced, its old identifier included; an identifier
-    /// already taken goes to the new class. A null name or creator fails with -100.
+    /// Registers a class. `creator` must return a new object with the only reference to it. With `classIdentifier` null the
+    /// class has no identifier. A class already registered under the name is replaced, with its old identifier; an identifier
+    /// already taken goes to the new class. Fails with kErrNull (-100) when the name or the creator is null.
     void RegisterClass(const char* className, const char* classIdentifier, CREATOR creator);
     void RegisterClass(const char* className, CREATOR creator);
     /// Removes the class under this name with its identifier, unless another class has taken that over. Unknown or
@@ -46,13 +47,13 @@ public:
     [[nodiscard]] int IsRegistered(const char* className) const;
     [[nodiscard]] int IsRegisteredIdentifier(const char* classIdentifier) const;
 
-    /// What the creator of the class returns, normally a new object; its exceptions pass through. A name or identifier
-    /// that is not registered (null included) fails with 123.
+    /// Calls the creator of the class and returns its object, normally a new one; exceptions of the creator pass through. Fails
+    /// with kErrUnknownClass (123) when the name or identifier is null or not registered.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateObject(const char* className) const;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateObjectFromIdentifier(const char* classIdentifier) const;
 
 #ifdef _WIN32
-    // What the calls become in a client that includes <windows.h> after this header.
+    // The names of these calls in a client that includes <windows.h> after this header.
     void RegisterClassA(const char* className, const char* classIdentifier, CREATOR creator) {
         RegisterClass(className, classIdentifier, creator);
     }

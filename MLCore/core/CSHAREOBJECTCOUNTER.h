@@ -5,19 +5,18 @@
 
 namespace MLCore {
 
-/// Holds one reference to an object of any shared class while it lives: the untyped guard for code that counts by hand.
-/// To keep and use an object, take CSHAREOBJECTPTR.
+/// Holds one reference to an object of any shared class while it lives: an untyped guard for code that counts references
+/// itself. To keep and use an object, use CSHAREOBJECTPTR.
 class MLCORE_API CSHAREOBJECTCOUNTER {
 public:
-    /// Holds `object` (may be null). With `adopt` 0 a reference is added; otherwise the one that the caller holds is
-    /// taken over.
+    /// Holds `object` (may be null). With `adopt` 0 it adds a reference; otherwise it takes over the caller's reference.
     CSHAREOBJECTCOUNTER(CSHAREOBJECT* object, int adopt);
     ~CSHAREOBJECTCOUNTER();
     CSHAREOBJECTCOUNTER(const CSHAREOBJECTCOUNTER&) = delete;
     CSHAREOBJECTCOUNTER& operator=(const CSHAREOBJECTCOUNTER&) = delete;
 
-    /// Holds `object` (may be null) instead, with a reference added; the object held before is released. Nothing
-    /// happens when it is held already.
+    /// Holds `object` (may be null) instead: adds a reference to it and releases the object held before. Nothing happens when
+    /// `object` is already held.
     void Attach(CSHAREOBJECT* object);
 
 private:

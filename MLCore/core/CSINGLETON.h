@@ -16,7 +16,7 @@ struct MLCORE_TEMPLATE_API autorelease {};
 /// The singleton lives until its owner calls Free().
 struct MLCORE_TEMPLATE_API noautorelease {};
 
-/// The base of a class with one instance per process, created at the first use by any thread.
+/// The base of a class with one instance per process, which is created at the first use by any thread.
 ///
 ///     class CMANAGER : public CSINGLETON<CMANAGER, autorelease> {
 ///         friend class CSINGLETON<CMANAGER, autorelease>;
@@ -24,8 +24,8 @@ struct MLCORE_TEMPLATE_API noautorelease {};
 ///     };
 ///     CMANAGER::GetInstance()->...
 ///
-/// Where several modules use the class, one of them owns the instance, by two lines at global scope: in the header, before
-/// the class, `extern template class EXPORT MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`, and in the source
+/// If several modules use the class, one of them must own the instance. Two lines at global scope make it the owner: in the
+/// header, before the class, `extern template class EXPORT MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`, and in the source
 /// `template class MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`. Otherwise each module may have an instance of
 /// its own. (With g++ a module that exports such an instance is only unloaded before the process ends when it is compiled
 /// with -fno-gnu-unique, as this library is.)
@@ -37,11 +37,11 @@ public:
     CSINGLETON(const CSINGLETON&) = delete;
     CSINGLETON& operator=(const CSINGLETON&) = delete;
 
-    /// The instance, created at the first call. Threads may call it at once. An exception of T's constructor passes
+    /// The instance, created at the first call. Threads may call it concurrently. An exception of T's constructor passes
     /// through, and the next call tries again. T's constructor must not call it.
     static T* GetInstance();
-    /// Deletes the instance, if there is one; a later GetInstance() creates a fresh one. Not to be called while another
-    /// thread uses the instance or asks for it, nor by T's destructor.
+    /// Deletes the instance, if one exists; a later GetInstance() creates a new one. Must not be called while another thread
+    /// uses the instance or calls GetInstance(), nor by T's destructor.
     static void Free();
 
 protected:

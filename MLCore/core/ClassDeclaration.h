@@ -1,9 +1,9 @@
-/// How a class takes part in run-time class information, protocols and the object factory: one macro in its header, one
-/// in its source.
+/// A class takes part in run-time class information, protocols and the object factory by one macro in its header and one in
+/// its source.
 ///
 ///     // CORDER.h
 ///     class CORDER : public COBJECT, public CINDEXEDACCESS {
-///         MLCORE_CLASS(CORDER, COBJECT, CINDEXEDACCESS)  // class, base, then the protocols it adds
+///         MLCORE_CLASS(CORDER, COBJECT, CINDEXEDACCESS)  // class, base, then the protocols that it adds
 ///     public:
 ///         static CSHAREOBJECTPTR<CORDER> Create() { return AdoptObject(new CORDER); }
 ///         ...
@@ -12,7 +12,7 @@
 ///     // CORDER.cpp, inside the namespace of the class
 ///     MLCORE_REGISTER_CLASS(CORDER)
 ///
-/// A protocol is an interface class with a description of its own that says which protocols it includes:
+/// A protocol is an interface class with its own description, which lists the protocols that it includes:
 ///
 ///     class CINDEXEDACCESS : public PROTOCOL {
 ///     public:
@@ -37,8 +37,8 @@
 
 namespace MLCore {
 
-/// The adapter of one protocol. A protocol that includes several others has several PROTOCOL bases: which one stands for
-/// it does not matter, as long as the way back is the same.
+/// The adapter of one protocol. A protocol that includes several others has several PROTOCOL bases. Any of them may represent
+/// it, provided that Restore() reverses Produce().
 template <class Protocol>
 class PROTOCOLADAPTER final : public __protocol_base__ {
 public:
@@ -63,8 +63,8 @@ private:
     static constexpr bool kIsDirect = std::is_convertible_v<Protocol*, PROTOCOL*>;
 };
 
-/// The description of `Class`, which derives from `Base` (void for a root or a protocol) and adds `Protocols`. Each of
-/// them is a base class of Class, not a virtual one.
+/// The description of `Class`, which derives from `Base` (void for a root or a protocol) and adds `Protocols`. Each of them
+/// must be a base class of Class that is not virtual.
 template <class Class, class Base, class... Protocols>
 class CLASSDESCRIPTION final : public CCLASSTYPEINFO {
 public:
@@ -85,7 +85,7 @@ private:
         }
     }
 
-    // Measures on an address where no object is: only the distance counts, nothing is read.
+    // Measures at an address without an object: only the distance counts, nothing is read.
     template <class Part>
     static unsigned long long OffsetOf() {
         if constexpr (std::is_void_v<Part>) {
@@ -99,7 +99,7 @@ private:
         }
     }
 
-    // Members rather than statics of a template: those would keep the module loaded for ever on some systems.
+    // Members, because statics of a template would keep the module loaded forever on some systems.
     std::tuple<PROTOCOLADAPTER<Protocols>...> mAdapters;
 };
 
@@ -108,8 +108,8 @@ template <class Class, class U>
 requires std::convertible_to<U*, Class*>
 void TakeHolderOf(const CSHAREOBJECTPTR<U>& holder);
 
-/// The sub-object of `object` that implements the protocol P, or null when its class does not conform (or `object` is
-/// null). Borrowed: valid while the object is referenced.
+/// The sub-object of `object` that implements the protocol P; null when its class does not conform or `object` is null.
+/// Borrowed: valid while the object is referenced.
 template <class P>
 [[nodiscard]] P* ProtocolCast(COBJECT* object) {
     return object != nullptr ? PROTOCOLADAPTER<P>::Restore(object->GetProtocolInstance(&P::ClassInfoStatic()))
@@ -118,8 +118,8 @@ template <class P>
 
 }  // namespace MLCore
 
-/// In the class body, first: MLCORE_CLASS(CNAME, CBASE, protocols...) declares what COBJECT asks of a class. CNAME derives
-/// from CBASE and from the protocols that it adds. What comes after it is private.
+/// MLCORE_CLASS(CNAME, CBASE, protocols...) must stand first in the class body and declares the functions that COBJECT requires
+/// of a class. CNAME must derive from CBASE and from the protocols that it adds. Declarations after the macro are private.
 #define MLCORE_CLASS(CNAME, ...)                                                                             \
 public:                                                                                                      \
     static const ::MLCore::CCLASSTYPEINFO& ClassInfoStatic();                                                \
@@ -150,11 +150,12 @@ private:                                                                        
         }                                                                                                    \
     }
 
-/// In the source of the class, inside its namespace: defines what MLCORE_CLASS declared, and registers the class with the
-/// object factory while its module is loaded, when it can be created: by its own `Create()` without arguments, or else,
-/// when it is not abstract, by its default constructor of any access. Create() returns a CSHAREOBJECTPTR of the class, or
-/// of a base of it when the base class has no Create() itself. The identifier is the class's name, or the literal that
-/// follows; a class that cannot be created has none.
+/// MLCORE_REGISTER_CLASS(CNAME) must stand in the source of the class, inside its namespace. It defines the functions that
+/// MLCORE_CLASS declares. If the class can be created, it also registers the class with the object factory while the module is
+/// loaded. A class can be created by its own `Create()` without arguments or, if it has none and is not abstract, by its default
+/// constructor of any access. Create() must return a CSHAREOBJECTPTR of the class, or of a base when the base class itself has
+/// no Create(). The identifier is the name of the class, or the literal that follows it; a class that cannot be created has
+/// none.
 #define MLCORE_REGISTER_CLASS(CNAME, ...)                                                             \
     const ::MLCore::CCLASSTYPEINFO* CNAME::_ClassInfo() {                                             \
         static CLASSDESCRIPTION_ gClassInfo(#CNAME);                                                  \

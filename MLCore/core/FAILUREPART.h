@@ -5,16 +5,16 @@
 
 namespace MLCore {
 
-/// A text from outside that a failure shows: in quotes, cut when it is long, control characters in hexadecimal.
+/// A text from outside that a failure shows in quotes: cut after 60 characters, with control characters in hexadecimal.
 struct QUOTED {
     std::string_view text;
 };
 
-/// Shows `text` in quotes in the text of a failure: `FailWith(kErrUnknownKey, "no key ", Quoted(key))`.
+/// Marks `text` to be shown in quotes in the text of a failure: `FailWith(kErrUnknownKey, "no key ", Quoted(key))`.
 [[nodiscard]] constexpr QUOTED Quoted(std::string_view text) noexcept { return {text}; }
 
-/// One part of the text of a failure, which Require() and FailWith() put together: a text as it stands, a quoted text, or
-/// a number. Texts are borrowed until the call returns; a null pointer stands for an empty text.
+/// One part of the text that Require() and FailWith() compose: an unchanged text, a quoted text, or a number. Texts are
+/// borrowed until the call ends; a null pointer means the empty text.
 class FAILUREPART {
 public:
     explicit constexpr FAILUREPART(std::string_view text) noexcept : mKind(KIND::Text), mText(text) {}
@@ -25,7 +25,7 @@ public:
     explicit constexpr FAILUREPART(std::unsigned_integral auto number) noexcept
         : mKind(KIND::Unsigned), mUnsigned(number) {}
     explicit constexpr FAILUREPART(double number) noexcept : mKind(KIND::Double), mDouble(number) {}
-    /// A letter or a truth value is no number.
+    /// A letter and a truth value are not numbers.
     explicit FAILUREPART(char) = delete;
     explicit FAILUREPART(bool) = delete;
 

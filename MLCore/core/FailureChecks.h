@@ -1,16 +1,16 @@
 /// The checks that turn a status or a condition into a FrameworkException. Each returns when the check passes and throws
 /// otherwise. The library calls these instead of throwing, and so may applications that want failures of the same shape.
 ///
-/// Require() and FailWith() are what new code calls: they give the failure a text.
+/// New code calls Require() and FailWith(), which give the failure a text.
 ///
 ///     void CORDER::SetAmount(double amount) {
 ///         Require(amount >= 0, kErrInvalidArgument, "the amount of an order is ", amount, ", wanted 0 or more");
 ///         mAmount = amount;
 ///     }
 ///
-/// The others take a status. They are exported under their plain names (C linkage), so that code of any compiler can look
-/// them up. They throw all the same: a compiler that assumes that C functions do not throw must be told otherwise (MSVC: /EHs,
-/// not /EHsc). A program that links the library statically cannot have C functions of these names.
+/// The other checks take a status. They are exported under their plain names (C linkage), so that code of any compiler can
+/// find them. They throw nevertheless: a compiler must not assume that C functions do not throw (MSVC: /EHs, not /EHsc). A
+/// program that links the library statically cannot define C functions of these names.
 #pragma once
 
 #include <MLCore/core/ErrorCodes.h>
@@ -22,11 +22,11 @@
 
 namespace MLCore {
 
-/// Throws (code, code) with the text of all parts, one after the other. The text is cut after 300 characters; where there is
-/// no memory for it, the failure has none.
+/// Throws (code, code) with the text of all parts, one after the other. The text is cut after 300 characters; without memory
+/// for it, the failure has no text.
 [[noreturn]] MLCORE_API void ThrowFailure(short code, std::initializer_list<FAILUREPART> parts);
 
-/// The same with the system's last error as the failure, and its message at the end: "cannot open 'x.csv': No such file or
+/// Throws the system's last error with the text of all parts and the system's message: "cannot open 'x.csv': No such file or
 /// directory".
 [[noreturn]] MLCORE_API void ThrowLastError(std::initializer_list<FAILUREPART> parts);
 
@@ -37,13 +37,14 @@ template <class... Parts>
     ThrowFailure(code, {FAILUREPART(parts)...});
 }
 
-/// Throws the system's last error (FailLastError) with a text: the parts, ": ", and the system's message.
+/// Throws the system's last error, as FailLastError() does, with a text: the parts, ": ", and the system's message. Must be
+/// called before anything else that may change the last error; so the parts must not call the system.
 template <class... Parts>
 [[noreturn]] void FailWithLastError(const Parts&... parts) {
     ThrowLastError({FAILUREPART(parts)...});
 }
 
-/// Throws as FailWith() does unless `condition` holds; `code` is not 0. The parts are evaluated in any case: where that costs
+/// Throws as FailWith() does unless `condition` holds. `code` must not be 0. The parts are always evaluated: where that costs
 /// something, call FailWith() under an `if`.
 template <class... Parts>
 void Require(bool condition, short code, const Parts&... parts) {
@@ -60,7 +61,7 @@ MLCORE_API short Fail(unsigned short errorClass, short msg);
 /// Throws (code, code) when `code` is not 0.
 MLCORE_API void FailOSErr(short code);
 
-/// For the results of callbacks, where 1 means "stop" and is no failure: throws (code, code) when `code` is neither 0
+/// For the results of callbacks, where 1 means "stop" and is not a failure: throws (code, code) when `code` is neither 0
 /// nor 1.
 MLCORE_API void FailCbErr(short code);
 
@@ -87,8 +88,8 @@ MLCORE_API void FailNullPtr(const void* pointer);
 /// FailWithLastError() gives it one.
 MLCORE_API void FailLastError(int result);
 
-/// Throws `hresult` when its low 16 bits are not 0. Only those are looked at: 0x80070000 passes although its severity
-/// bit is set. That is the rule of this check.
+/// Throws `hresult` when its low 16 bits are not 0. This check ignores the other bits: 0x80070000 passes although its
+/// severity bit is set.
 MLCORE_API void FailOLEErr(unsigned int hresult);
 
 }  // extern "C"

@@ -12,62 +12,58 @@
 
 namespace MLCore {
 
-/// A logger, whatever becomes of its lines: a channel's name, a level, and the line that is being written.
+/// The part of a logger that does not depend on its policy: a channel's name, a level, and the current line.
 ///
-/// A logger is for one thread at a time; each thread may have one of its own for the same channel. A copy takes over
-/// everything, the line begun and the form of numbers included, and goes on by itself.
+/// A logger must be used by one thread at a time; each thread may have its own logger of the same channel. A copy has the same
+/// state, with the current line and the format of numbers, and is independent from then on.
 class MLCORE_API CLOGGERBASE {
 public:
     CLOGGERBASE(const CLOGGERBASE& other);
     CLOGGERBASE& operator=(const CLOGGERBASE& other);
 
-    /// The name of the channel, "" for the one without.
+    /// The name of the channel, which may be "".
     [[nodiscard]] const std::string& GetName() const noexcept { return mName; }
     [[nodiscard]] CLOGMANAGER::Level GetLevel() const noexcept { return mLevel; }
-    /// A number that the manager gave: unlike that of any other logger but a copy.
+    /// The logger's number from the manager. Only copies have the same number.
     [[nodiscard]] long GetId() const noexcept { return mId; }
-    /// How many lines were passed on; the largest long is not exceeded.
+    /// The number of lines passed to the policy; it stops at the largest long.
     [[nodiscard]] long GetMsgNumber() const noexcept { return mMsgNumber; }
 
-    /// 1 when the channel is enabled and the level is not above the manager's, else 0: then lines are dropped.
+    /// 1 when the channel is enabled and the level is not above the manager's; else 0, and lines are dropped.
     [[nodiscard]] int IsEnable() const;
 
-    /// The stream that takes the current line. Numbers are written in the "C" locale. Where memory ends, the line is cut.
+    /// The stream of the current line. Numbers are written in the "C" locale. Without memory the line is cut.
     [[nodiscard]] std::ostream& GetStream() noexcept { return mStream; }
     /// The current line so far.
     [[nodiscard]] std::string GetStr() const { return mStream.str(); }
 
 protected:
-    // Not the function itself: where both kinds of `endl` are in scope, the logger's is the better match.
+    // A class, so that MLCore::endl is the better match where std::endl is in scope too.
     struct STREAMMANIPULATOR {
         using FUNCTION = std::ostream& (*)(std::ostream&);
-        // Implicit, and inline: std::endl is another function in each module that has its own standard library.
+        // Implicit and inline, because each module with its own standard library has its own std::endl.
         STREAMMANIPULATOR(FUNCTION manipulator)
             : function(manipulator), endsLine(manipulator == static_cast<FUNCTION>(std::endl)) {}
         FUNCTION function;
         bool endsLine;
     };
 
-    /// \param name  copied; null for the channel "".
+    /// \param name  copied; null means the channel "".
     CLOGGERBASE(const char* name, CLOGMANAGER::Level level);
     ~CLOGGERBASE();
 
     /// True when nothing has been written to the current line.
     [[nodiscard]] bool IsStartLine() const;
     void NextMsg() noexcept { mMsgNumber += mMsgNumber != (std::numeric_limits<long>::max)() ? 1 : 0; }
-    /// Empties the line, and has the stream work again if something failed to be written.
+    /// Empties the line and clears the stream's state of failure.
     void ResetStr();
-    /// The line, which is empty afterwards as after ResetStr(). Giving the text back spares the next line its memory,
-    /// unless that is much.
+    /// Returns the line and empties it as ResetStr() does.
     [[nodiscard]] std::string TakeStr();
-    void GiveBack(std::string&& text) noexcept {
-        if (text.capacity() <= kMaxSpare) {
-            mSpare = std::move(text);
-        }
-    }
+    /// Keeps the memory of a text from TakeStr() for the next line, unless it is large.
+    void GiveBack(std::string&& text) noexcept;
 
-    /// Inserts what the stream would, in a fraction of the time; false, and nothing is inserted, when the stream does not
-    /// work or has been told of another form or locale.
+    /// Inserts a number as the stream does, in a fraction of the time. False, and nothing is inserted, when the stream has
+    /// failed or has another format or locale.
     [[nodiscard]] bool InsertPlain(long long number);
     [[nodiscard]] bool InsertPlain(unsigned long long number);
     [[nodiscard]] bool InsertPlain(double number);
@@ -85,5 +81,11 @@ private:
     std::ostringstream mStream;
     std::string mSpare;
 };
+
+inline void CLOGGERBASE::GiveBack(std::string&& text) noexcept {
+    if (text.capacity() <= kMaxSpare) {
+        mSpare = std::move(text);
+    }
+}
 
 }  // namespace MLCore

@@ -14,14 +14,14 @@
 
 namespace MLCore {
 
-/// What becomes of the lines of a logger: a class with `static void Write(const std::string& name, const std::string& text)`,
-/// the channel's name and the bare line, without its end.
+/// A class that receives the lines of a logger, with `static void Write(const std::string& name, const std::string& text)`: the
+/// channel's name and the bare line, without its end.
 template <class Policy>
 concept LOGPOLICY = requires(const std::string& name, const std::string& text) {
     Policy::Write(name, text);
 };
 
-/// What streams write as numbers of at most 64 bits: no characters.
+/// The types that streams write as numbers of at most 64 bits. Characters are not among them.
 template <class T>
 concept LOGNUMBER =
     std::disjunction_v<std::is_same<T, bool>, std::is_same<T, short>, std::is_same<T, unsigned short>,
@@ -32,16 +32,16 @@ concept LOGNUMBER =
 template <class T>
 concept LOGCHARACTER = std::same_as<T, char> || std::same_as<T, signed char> || std::same_as<T, unsigned char>;
 
-/// What streams take for a text.
+/// The pointers that streams write as texts.
 template <class T>
 concept LOGTEXT = std::is_pointer_v<T> && LOGCHARACTER<std::remove_cv_t<std::remove_pointer_t<T>>>;
 
-/// A logger that hands each finished line to a policy: CLOGMANAGERPOLICY, CLOGDEBUGGERPOLICY, or one of your own.
+/// A logger that passes each finished line to a policy: CLOGMANAGERPOLICY, CLOGDEBUGGERPOLICY, or your own.
 ///
 ///     CLOGMANAGERLOGGER log("import", CLOGMANAGER::Level::WAR);
 ///     log << "line " << number << ": no date" << MLCore::endl;
 ///
-/// It takes everything that a standard stream takes, manipulators included. MLCore::endl ends the line, and so does
+/// It accepts everything that a standard stream accepts, with manipulators. MLCore::endl ends the line, and so does
 /// std::endl.
 template <LOGPOLICY Policy>
 class MLCORE_TEMPLATE_API CLOGGERBASIC : public CLOGGERBASE {
@@ -49,36 +49,40 @@ public:
     explicit CLOGGERBASIC(const char* name, CLOGMANAGER::Level level = CLOGMANAGER::Level::INF);
 
     template <class T>
-    CLOGGERBASIC& operator<<(const T& value) {
-        if constexpr (std::is_same_v<std::decay_t<T>, typename CLOGGERBASE::STREAMMANIPULATOR::FUNCTION>) {
-            return *this << STREAMMANIPULATOR(value);
-        } else if constexpr (LOGTEXT<T>) {
-            if (value == nullptr) {
-                return *this;
-            }
-        } else if constexpr (LOGNUMBER<T>) {
-            using LONG = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
-            if (InsertPlain(static_cast<std::conditional_t<std::is_floating_point_v<T>, double, LONG>>(value))) {
-                return *this;
-            }
-        }
-        GetStream() << value;
-        return *this;
-    }
+    CLOGGERBASIC& operator<<(const T& value);
     /// Null adds nothing.
     CLOGGERBASIC& operator<<(const char* text);
     CLOGGERBASIC& operator<<(CLOGGERBASIC& (*manipulator)(CLOGGERBASIC&));
     CLOGGERBASIC& operator<<(std::ios_base& (*manipulator)(std::ios_base&));
     CLOGGERBASIC& operator<<(STREAMMANIPULATOR manipulator);
 
-    /// Passes the line to the policy when the logger is enabled, and begins a new one in any case. What the policy throws
-    /// passes through.
+    /// Passes the line to the policy when the logger is enabled, and always begins a new line. Exceptions of the policy pass
+    /// through.
     void EndLine();
 };
 
-// Not inside the class: Windows exports no inline functions of class templates.
+// Outside the class, because Windows does not export inline functions of class templates.
 template <LOGPOLICY Policy>
 CLOGGERBASIC<Policy>::CLOGGERBASIC(const char* name, CLOGMANAGER::Level level) : CLOGGERBASE(name, level) {}
+
+template <LOGPOLICY Policy>
+template <class T>
+CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(const T& value) {
+    if constexpr (std::is_same_v<std::decay_t<T>, typename CLOGGERBASE::STREAMMANIPULATOR::FUNCTION>) {
+        return *this << STREAMMANIPULATOR(value);
+    } else if constexpr (LOGTEXT<T>) {
+        if (value == nullptr) {
+            return *this;
+        }
+    } else if constexpr (LOGNUMBER<T>) {
+        using LONG = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
+        if (InsertPlain(static_cast<std::conditional_t<std::is_floating_point_v<T>, double, LONG>>(value))) {
+            return *this;
+        }
+    }
+    GetStream() << value;
+    return *this;
+}
 
 template <LOGPOLICY Policy>
 CLOGGERBASIC<Policy>& CLOGGERBASIC<Policy>::operator<<(const char* text) {

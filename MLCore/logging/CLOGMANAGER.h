@@ -8,92 +8,92 @@
 
 namespace MLCore {
 
-/// The registry of log channels, and the one log file of the process. All static.
+/// The registry of log channels and the log file of the process. All functions are static.
 ///
 ///     CLOGMANAGER::SetLogFile("orders.log");
 ///     CLOGMANAGERLOGGER log("import");
 ///     log << "read " << count << " lines" << MLCore::endl;   // 2026-04-30 17:05:09 [import] read 9994 lines
 ///     CLOGMANAGER::AddEvent("import", LogEventType::INFO);
 ///
-/// A channel is a name; a null name is the channel "". It becomes known when an event of it is counted or it is enabled
-/// or disabled by name, and has a flag and a count of each LogEventType.
+/// A channel is identified by a name; a null name means the channel "". A channel becomes known when one of its events is
+/// counted, or when it is enabled or disabled by name. It has a flag and a count of each LogEventType.
 ///
-/// The file is opened when it is first needed, for appending; other programs may read it, append to it, rename it and
-/// remove it meanwhile. Each line is written as one piece, so that lines of several processes do not mix. Lines end with
-/// CR LF on Windows, with LF elsewhere.
+/// The file is opened for appending when it is first needed. Other programs may read it, append to it, rename it and remove it
+/// meanwhile. Each line is written in one piece, so that lines of several processes do not mix. Lines end with CR LF on
+/// Windows, with LF elsewhere.
 ///
-/// A file that cannot be opened fails once, in the function that wants it open, with the system's code; from then on
-/// lines are dropped without a word, until SetLogFile() or Enable(int) has it tried again.
-/// What cannot be written (a full disk, a file at its limit) is dropped. A file that is removed or renamed while it is open
-/// is written to until it is closed.
+/// If the file cannot be opened, the function that needs it fails once, with the system's code; the text names the path and
+/// the system's reason. From then on lines are dropped silently, until SetLogFile() or Enable(int) lets the file be opened
+/// again. Lines that cannot be written (a full disk, a file at its limit) are dropped. A file that is removed or renamed while
+/// it is open receives lines until it is closed.
 ///
-/// After a fork() of a program with several threads, the child must not log, as with most locks; lines that wait then are
-/// written by both. Flush() first.
+/// After a fork() of a program with several threads, the child must not log, as with most locks. Lines that wait at that time
+/// are written by both processes: call Flush() before.
 ///
-/// Threads may use everything here at once, except for the stream of GetStream(). Each function may throw
-/// std::bad_alloc, with nothing changed but that the file may be open by then.
+/// Threads may call everything here concurrently, except the stream of GetStream(). Each function may throw std::bad_alloc and
+/// then changes nothing, except that the file may have been opened.
 class MLCORE_API CLOGMANAGER {
 public:
-    /// How much is told: a logger speaks when its level is not above the manager's.
+    /// The importance of lines: a logger writes when its level is not above the manager's.
     enum class Level : int { ERR = 0, WAR = 1, INF = 2, DEB = 3 };
 
     CLOGMANAGER() = delete;
 
-    /// Counts an event of a channel.
+    /// Counts an event of a channel. The count stops at the largest long.
     ///
-    /// \return the new count; 0, and nothing is counted, when the channel is disabled or `type` is none of the three.
-    /// The largest long is not exceeded.
+    /// \return the new count; 0, and nothing is counted, when the channel is disabled or `type` is not one of the three.
     static long AddEvent(const char* name, LogEventType type);
-    /// The events counted; 0 for an unknown channel or type.
+    /// The number of events counted; 0 for an unknown channel or type.
     [[nodiscard]] static long GetEventCount(const char* name, LogEventType type);
     /// Sets the three counts of a channel to 0. Unknown channels stay unknown.
     static void ResetEvents(const char* name);
 
-    /// Turns the log output on or off as a whole: off closes the file, on lets it open again when it is needed. Channels
-    /// that are not known yet count as `on` from now on. At first it is on.
+    /// Turns the whole log output on (the default) or off. Off closes the file; on lets it be opened again when it is needed.
+    /// Channels that are not known yet are enabled or disabled accordingly from now on.
     static void Enable(int on);
-    /// Enables or disables a channel. Enabling one that was not opens the log output; disabling one that was known and
-    /// enabled closes it, and the next line of another channel opens it again.
+    /// Enables or disables a channel. If that enables a channel, the log file is opened. If it disables a known channel, the log
+    /// file is closed, and the next line of another channel opens it again.
     ///
-    /// \throws FrameworkException  the file cannot be opened; the channel stays what it was.
+    /// \throws FrameworkException  when the file cannot be opened; the channel is then unchanged.
     static void Enable(const char* name, int on);
-    /// Takes the user's settings under the key `key` + `\Log` (platform/Preferences.h tells where that is: the registry
-    /// on Windows, a file on Linux): `Enable`, a number for Enable(int), and `Level`, a number from 0 to 3 for SetLevel().
+    /// Applies the user's settings under the key `key` + `\Log`: `Enable`, a number for Enable(int), and `Level`, a number from 0
+    /// to 3 for SetLevel(). platform/Preferences.h says where they are stored: in the registry on Windows, in a file on Linux.
     ///
-    /// \param on   for Enable(int) when there is no such setting.
-    /// \param key  null for `MLCore`.
+    /// \param on   for Enable(int) when the setting does not exist.
+    /// \param key  null means `MLCore`.
     static void EnableFromPref(int on, const char* key);
     /// 1 when the log output is on, else 0.
     [[nodiscard]] static int IsEnable();
-    /// 1 when the channel is enabled, else 0. An unknown one is, unless Enable(0) was called.
+    /// 1 when the channel is enabled, else 0. An unknown channel is enabled unless Enable(0) was called.
     [[nodiscard]] static int IsEnable(const char* name);
 
-    /// Logs to this file from now on; a relative path is one of the current folder. Null brings back the usual one: beside
-    /// the program, with ".out" for its extension.
+    /// Logs to this file from now on. A relative path starts at the current folder. Null restores the default file, which has the
+    /// program's path with the extension ".out".
     static void SetLogFile(const char* path);
-    /// The level INF at first.
+    /// Sets the highest level of lines that are written. The default is INF.
     static void SetLevel(Level level) noexcept;
     [[nodiscard]] static Level GetLevel() noexcept;
 
-    /// By default each line is handed to the system at once. Off, lines wait until they make 64 KiB, Flush() is called,
-    /// or the program ends: several times as fast, and what waits is lost when the program crashes. Lines stay whole.
+    /// On (the default) passes each line to the system immediately. Off lets lines wait until they make 64 KiB, Flush() is
+    /// called, or the program ends. That is several times as fast, but waiting lines are lost when the program crashes. Lines
+    /// stay whole.
     static void SetAutoFlush(int on);
-    /// Hands what waits to the system.
+    /// Passes the waiting lines to the system.
     static void Flush();
 
-    /// The stream that writes to the log file, which is opened for it; what is inserted while no file is open
-    /// goes nowhere, until GetStream() or the next line of a logger opens it again. It lives as long as the process. It is
-    /// written when it is flushed, and before the next line of a logger, which begins a line of its own. Threads must not
-    /// use it while others log.
+    /// Opens the log file and returns the stream that writes to it, which lives as long as the process. Its text is written when
+    /// it is flushed and before the next line of a logger, which begins a new line. While no file is open, inserted text is
+    /// dropped, until GetStream() or the next line of a logger opens the file again. Threads must not use the stream while
+    /// others log.
     ///
-    /// \throws FrameworkException  the file cannot be opened, once.
+    /// \throws FrameworkException  once, when the file cannot be opened.
     [[nodiscard]] static std::ostream& GetStream();
 
 protected:
     friend class CLOGGERBASE;
     friend struct CLOGMANAGERPOLICY;
 
-    /// Another number at each call, from 1.
+    /// A different number at each call, from 1.
     [[nodiscard]] static long GetLoggerId() noexcept;
 
 private:

@@ -11,14 +11,14 @@ namespace MLCore {
 
 class COBJECT;
 
-/// Keeps one class registered with the object factory while its module is loaded; MLCORE_REGISTER_CLASS makes one as a
-/// static object. A factory created anew after COBJECTFACTORY::Free() enters all registrars again.
+/// Keeps one class registered with the object factory while its module is loaded. MLCORE_REGISTER_CLASS defines one as a
+/// static object. A factory that is created again after COBJECTFACTORY::Free() registers the classes of all registrars again.
 class MLCORE_API CLASSREGISTRAR {
 public:
     using CREATOR = CSHAREOBJECTPTR<COBJECT> (*)();
 
-    /// `className` as FactoryNameOf() spells it; `classIdentifier` may be null. A null `creator` says that the class
-    /// cannot be created: nothing is registered.
+    /// `className` must be spelled as FactoryNameOf() does; `classIdentifier` may be null. A null `creator` means that the
+    /// class cannot be created: nothing is registered.
     CLASSREGISTRAR(std::string className, const char* classIdentifier, CREATOR creator);
     ~CLASSREGISTRAR();
     CLASSREGISTRAR(const CLASSREGISTRAR&) = delete;
@@ -33,7 +33,7 @@ private:
     CLASSREGISTRAR* mNext = nullptr;
 };
 
-/// The name under which the factory knows the class T: "class shop::CORDER", one spelling on every compiler.
+/// The name under which the factory knows the class T: "class shop::CORDER", spelled alike on every compiler.
 template <class T>
 [[nodiscard]] std::string FactoryNameOf() {
     return "class " + platform::TypeName(typeid(T));

@@ -4,7 +4,7 @@
 
 namespace MLCore {
 
-/// Walks the steps of a key path one by one, without memory of its own: what CKEYPARSER and COBJECT read paths with.
+/// Walks the steps of a key path one by one, without allocations. CKEYPARSER and COBJECT read paths with it.
 ///
 ///     KEYSTEPS steps(path);
 ///     do {
@@ -25,9 +25,9 @@ public:
     /// what follows it, is malformed.
     STEP Take();
 
-    /// Whether `text` is a name, which is also a path of one step.
+    /// Whether `text` is a name, and so a path of one step.
     [[nodiscard]] static bool IsName(std::string_view text) noexcept;
-    /// Fails with kErrUnknownKey when `keyPath` is malformed; the empty path is.
+    /// Fails with kErrUnknownKey when `keyPath` is malformed; the empty path is malformed.
     static void Check(std::string_view keyPath);
 
 private:

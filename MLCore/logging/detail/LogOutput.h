@@ -11,8 +11,8 @@
 
 namespace MLCore {
 
-/// The bytes of a log file on their way: they wait until they are flushed or make 64 KiB, and go out as one piece. While
-/// no file is open they go nowhere.
+/// Buffers the bytes of a log file. They wait until they are flushed or make 64 KiB, and are written in one piece. While no
+/// file is open they are dropped.
 class LOGOUTPUT final : public std::streambuf {
 public:
     LOGOUTPUT() = default;
@@ -25,13 +25,13 @@ public:
     [[nodiscard]] bool Open(const char* path) noexcept;
     void Close() noexcept;
 
-    /// Adds texts, which go out together; a line feed becomes the end of a line of the system's.
+    /// Adds texts, which are written together. A line feed becomes the system's end of a line.
     void Append(std::initializer_list<std::string_view> texts);
-    /// The same for the begin of a line, after what was added or written of another one.
+    /// The same for a text that begins a line: ends the line before if that is incomplete.
     void AppendLine(std::initializer_list<std::string_view> texts);
-    /// The file to come is another one.
+    /// Must be called before another file is opened: its last line is not that of the file before.
     void Forget() noexcept { mIsCut = false; }
-    /// False when the file did not take everything: the rest is dropped.
+    /// False when not everything could be written: the rest is dropped.
     bool Flush() noexcept;
 
 protected:
