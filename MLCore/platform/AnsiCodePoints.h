@@ -1,7 +1,7 @@
 /// The characters of Windows code page 1252 in Unicode, one by one. MLCore/text/CodePage1252.h converts whole texts.
 ///
-/// After the Unicode Consortium's best-fit table of the code page, where the five bytes that it leaves unassigned stand for the
-/// control characters of the same number.
+/// By the Unicode Consortium's best-fit table of the code page, in which the five unassigned bytes stand for the control
+/// characters of the same number.
 #pragma once
 
 #include <algorithm>
@@ -18,6 +18,7 @@ inline constexpr char16_t kAnsiSpecials[] = {
 };
 static_assert(std::size(kAnsiSpecials) == 32);
 
+/// The code point of a byte.
 [[nodiscard]] constexpr char16_t CodePointOf(char ansi) noexcept {
     const auto byte = static_cast<std::uint8_t>(ansi);
     return byte >= 0x80 && byte <= 0x9F ? kAnsiSpecials[byte - 0x80] : byte;

@@ -5,9 +5,9 @@
 
 namespace MLCore::platform {
 
-/// A date and a time of day in the Gregorian calendar, without a zone: what the system's clock and conversions speak.
+/// A date and a time of day in the Gregorian calendar, without a zone, as the system's clock and conversions use them.
 ///
-/// The struct holds whatever is put into it; each function says what it accepts.
+/// The struct holds any numbers; each function says which it accepts.
 struct CIVILTIME {
     int year = 0;
     int month = 0;   ///< from 1
@@ -19,7 +19,7 @@ struct CIVILTIME {
     friend bool operator==(const CIVILTIME&, const CIVILTIME&) = default;
 };
 
-/// The fields of `time` as they stand, unchecked; weekday and milliseconds are dropped.
+/// Copies the fields of `time` without a check; weekday and milliseconds are dropped.
 [[nodiscard]] MLCORE_API CIVILTIME CivilFromSystemTime(const SYSTEMTIME& time) noexcept;
 
 /// The fields of `time` as a SYSTEMTIME with 0 milliseconds.

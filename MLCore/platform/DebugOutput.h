@@ -4,19 +4,18 @@
 
 namespace MLCore::platform {
 
-/// Receives debugger output: a zero-terminated text, never null. May be called by several threads at once.
+/// Receives debugger output: a zero-terminated text, never null. Several threads may call it concurrently.
 using DEBUGSINK = void (*)(const char* text);
 
-/// Sends a text, as it stands and up to its first zero byte, to whoever watches the program run.
+/// Sends a text, unchanged and up to its first zero byte, to the debugger on Windows (`OutputDebugStringA`), to the standard
+/// error output on Linux, or to a sink if one is set.
 ///
-/// That is the debugger on Windows (`OutputDebugStringA`), and the standard error output on Linux, unless a sink is
-/// set. Null is allowed and sends nothing. Failures are ignored, and LastError() is left as it was,
-/// by the system's way.
+/// Null is allowed and sends nothing. Failures are ignored. Without a sink, LastError() does not change.
 MLCORE_API void DebugOutput(const char* text) noexcept;
 
-/// Sends debugger output to `sink` from now on; null brings back the system's way.
+/// Sends debugger output to `sink` from now on; null restores the system's output. A sink must not throw.
 ///
-/// \return the sink that was set before, or null. A sink must not let exceptions out.
+/// \return the sink that was set before, or null.
 MLCORE_API DEBUGSINK SetDebugSink(DEBUGSINK sink) noexcept;
 
 }  // namespace MLCore::platform

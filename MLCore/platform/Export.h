@@ -1,8 +1,8 @@
-// Which symbols leave the shared library.
+// The symbols that the shared library exports.
 //
 // Everything is hidden unless it is declared with MLCORE_API: the headers declare the whole binary interface.
-// MLCORE_BUILDING is defined while the library itself is compiled, MLCORE_STATIC when it is a static library (then
-// nothing is imported or exported, and the users of the library define it too: the build files do that for them).
+// MLCORE_BUILDING is defined while the library itself is compiled. MLCORE_STATIC is defined for a static library, which imports
+// and exports nothing; users of the library must define it too, and the build files do that for them.
 #pragma once
 
 #if __cplusplus < 202002L && (!defined(_MSVC_LANG) || _MSVC_LANG < 202002L)
@@ -21,7 +21,7 @@
 #define MLCORE_API __attribute__((visibility("default")))
 #endif
 
-// For class templates: on systems that merge equal symbols at load time, what modules instantiate is one per process.
+// For class templates: on systems that merge equal symbols at load time, all modules share one instance per process.
 #if defined(MLCORE_STATIC) || defined(_WIN32)
 #define MLCORE_TEMPLATE_API
 #else

@@ -6,29 +6,28 @@
 
 namespace MLCore::platform {
 
-/// Movable memory blocks known by a handle: the form in which streams and object values hand blocks of bytes to each
-/// other.
+/// Movable memory blocks that are identified by a handle. Streams and object values pass blocks of bytes in this form.
 ///
-/// A handle is not an address: a block is locked to get at its bytes, and only an unlocked block may move. On Windows
-/// these are the system's global blocks. On Linux the library keeps them: a handle that was never given out or is freed
-/// already is recognised and refused, a block may keep hidden slack so that growing by small steps stays cheap, and the
-/// size told is always exactly the size asked for.
+/// A handle is not an address: a block must be locked to access its bytes, and only an unlocked block may move. On Windows
+/// these are the system's global blocks. On Linux the library manages them: it recognises and refuses a handle that was never
+/// returned or has been freed. A block may have hidden reserve, so that growth by small steps stays cheap; the reported size is
+/// always exactly the requested size.
 ///
-/// After a failure LastError() tells why: 6 for what is no handle, 8 for too little memory, 87 for a size or flag that
-/// does not go. All functions may be called from any thread; one block's bytes are its users' affair. Whoever gets a
-/// handle owns the block until it is freed.
+/// After a failure LastError() returns the reason: 6 not a handle, 8 not enough memory, 87 an unsuitable size or flag. All
+/// functions may be called from any thread; the users of a block must synchronise access to its bytes. The receiver of a handle
+/// owns the block until it is freed.
 
-/// Resizing may move a locked block; pointers got by locking are then invalid.
+/// Resizing may move a locked block; pointers from locking it are then invalid.
 inline constexpr unsigned int kGlobalMoveable = 0x0002;
 
-/// Bytes that are new are 0; without it they are whatever the memory held.
+/// New bytes are 0; without this flag they are undefined.
 inline constexpr unsigned int kGlobalZeroInit = 0x0040;
 
 /// A new movable block of `size` bytes, unlocked.
 ///
 /// \param size   0 is allowed: such a block has a handle and no bytes.
 /// \param flags  0 or kGlobalZeroInit.
-/// \return the handle, or null. Sizes above the machine's memory are refused at once.
+/// \return the handle, or null. Sizes above the machine's memory are refused immediately.
 [[nodiscard]] MLCORE_API void* GlobalBlockAlloc(std::size_t size, unsigned int flags = 0) noexcept;
 
 /// Resizes a block; the bytes up to the smaller of the two sizes are kept.
@@ -39,21 +38,21 @@ inline constexpr unsigned int kGlobalZeroInit = 0x0040;
 ///         kGlobalMoveable.
 [[nodiscard]] MLCORE_API void* GlobalBlockReAlloc(void* block, std::size_t size, unsigned int flags = 0) noexcept;
 
-/// Locks a block once more and returns its first byte, which stays in place until the last lock is taken off.
-/// Windows counts 255 locks.
+/// Adds a lock to a block and returns its first byte, which stays in place until the last lock is removed. Windows counts
+/// 255 locks.
 ///
-/// \return null when `block` is no handle or has no bytes; it is not locked then.
+/// \return null, without a lock, when `block` is not a handle or has no bytes.
 [[nodiscard]] MLCORE_API void* GlobalBlockLock(void* block) noexcept;
 
-/// Takes one lock off. A block that is not locked and a null handle are left alone.
+/// Removes one lock. A block that is not locked and a null handle are ignored.
 /// \return true while the block is still locked.
 MLCORE_API bool GlobalBlockUnlock(void* block) noexcept;
 
 /// Frees a block, locked or not. Null is allowed.
-/// \return true when it is freed or null, false when `block` is no handle.
+/// \return true when it is freed or null, false when `block` is not a handle.
 MLCORE_API bool GlobalBlockFree(void* block) noexcept;
 
-/// The size of a block in bytes; 0 when `block` is no handle or null.
+/// The size of a block in bytes; 0 when `block` is not a handle or is null.
 [[nodiscard]] MLCORE_API std::size_t GlobalBlockSize(void* block) noexcept;
 
 }  // namespace MLCore::platform

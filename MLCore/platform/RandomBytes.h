@@ -6,7 +6,7 @@
 
 namespace MLCore::platform {
 
-/// Fills `size` bytes at `buffer` with random bytes from the system's cryptographic generator, fit for keys.
+/// Fills `size` bytes at `buffer` with random bytes from the system's cryptographic generator, suitable for keys.
 ///
 /// \param buffer  may be null when `size` is 0.
 /// \return true when all bytes are random; false on failure, with LastError() set and some bytes possibly changed.

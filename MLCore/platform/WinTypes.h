@@ -5,8 +5,8 @@
 ///
 /// This header is for source files only: no other public header includes it, because on Windows it is `<windows.h>`
 /// with all its macros. On Linux it defines the same names with the same meaning, so that an application compiles
-/// unchanged. Two widths differ from a naive translation: `LONG`, `DWORD`, `ULONG` and `HRESULT` stay 32 bits wide, and
-/// a wide character, and so a BSTR's element, is a 4-byte `wchar_t`.
+/// unchanged. Two widths may surprise: `LONG`, `DWORD`, `ULONG` and `HRESULT` have 32 bits, and a wide character, also in a
+/// BSTR, is a 4-byte `wchar_t`.
 
 #include <MLCore/platform/ForwardTypes.h>
 
@@ -50,7 +50,7 @@ typedef OLECHAR* BSTR;
 typedef void* HGLOBAL;
 typedef HINSTANCE HMODULE;
 
-/// Calling conventions mean nothing here; the names let one declaration serve both systems.
+/// Calling conventions have no meaning here; with the names one declaration serves both systems.
 #define STDMETHODCALLTYPE
 
 // The common result codes; their values are part of the COM standard.
@@ -71,7 +71,7 @@ inline constexpr HRESULT DISP_E_TYPEMISMATCH = static_cast<HRESULT>(0x80020005U)
 inline constexpr HRESULT DISP_E_BADVARTYPE = static_cast<HRESULT>(0x80020008U);
 inline constexpr HRESULT DISP_E_OVERFLOW = static_cast<HRESULT>(0x8002000AU);
 
-/// True when `result` is no failure: bit 31 is clear.
+/// True when `result` is not a failure: bit 31 is clear.
 [[nodiscard]] constexpr bool SUCCEEDED(HRESULT result) noexcept { return result >= 0; }
 
 /// True when `result` is a failure: bit 31 is set.
@@ -122,14 +122,13 @@ struct _GUID {
 typedef GUID IID;
 typedef const IID& REFIID;
 
-// Counted wide strings. All functions accept null, which is an empty string.
+// Counted wide strings. All functions accept null, which means an empty string.
 
-/// A new BSTR holding a copy of the zero-terminated `text`, to be freed with SysFreeString; null for null or without
-/// memory.
+/// A new BSTR with a copy of the zero-terminated `text`; null for null or without memory. The caller must free it with
+/// SysFreeString.
 [[nodiscard]] MLCORE_API BSTR SysAllocString(const OLECHAR* text) noexcept;
 
-/// A new BSTR of `length` characters, copied from `text`, or uninitialised when `text` is null; always terminated by a
-/// zero.
+/// A new BSTR of `length` characters, copied from `text`, or uninitialised when `text` is null. It always ends with a zero.
 [[nodiscard]] MLCORE_API BSTR SysAllocStringLen(const OLECHAR* text, UINT length) noexcept;
 
 /// Frees a BSTR.
@@ -140,8 +139,8 @@ MLCORE_API void SysFreeString(BSTR text) noexcept;
 
 /// Owns a BSTR and converts between wide text and narrow text in code page 1252.
 ///
-/// A character that the code page lacks becomes '?' in narrow text. Copies are deep. The narrow text is made at its
-/// first use and belongs to the object: concurrent first uses of one object need a lock.
+/// A character that the code page lacks becomes '?' in narrow text. Copies are deep. The narrow text is made at the first
+/// use and belongs to the object: concurrent first uses of one object need a lock.
 class MLCORE_API _bstr_t {
 public:
     _bstr_t() noexcept = default;
@@ -176,7 +175,7 @@ protected:
     ~IUnknown() = default;
 };
 
-/// What a component tells about a failure. Every text returned belongs to the caller, who frees it with SysFreeString.
+/// A component's description of a failure. Every text returned belongs to the caller, who must free it with SysFreeString.
 struct IErrorInfo : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE GetGUID(GUID* guid) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetSource(BSTR* source) = 0;
@@ -191,8 +190,7 @@ protected:
 /// An HRESULT with optional error information, thrown by value.
 class MLCORE_API _com_error {
 public:
-    /// \param errorInfo  may be null. The object becomes the owner of one reference: the caller's, or, when `addRef` is
-    ///                   true, one of its own.
+    /// \param errorInfo  may be null. The object owns one reference: the caller's, or its own when `addRef` is true.
     _com_error(HRESULT code, IErrorInfo* errorInfo = nullptr, bool addRef = false) noexcept;
     _com_error(const _com_error& other) noexcept;
     _com_error& operator=(const _com_error& other) noexcept;
@@ -202,8 +200,8 @@ public:
     [[nodiscard]] IErrorInfo* ErrorInfo() const noexcept;  ///< with a reference for the caller, or null
     [[nodiscard]] _bstr_t Description() const;             ///< the description in the error information, or empty
 
-    /// The system's message for the code, or a text made of the code: see platform::ReadComError. Belongs to the
-    /// object; made at the first use, so concurrent first uses of one object need a lock.
+    /// The system's message for the code, or a text made of the code: see platform::ReadComError. It belongs to the object and
+    /// is made at the first use: concurrent first uses of one object need a lock.
     [[nodiscard]] const char* ErrorMessage() const;
 
     /// n for 0x80040200 + n up to 0x8004FFFF, the codes that dispatch interfaces define for themselves; else 0.
@@ -223,7 +221,7 @@ inline constexpr VARIANT_BOOL VARIANT_TRUE = -1;
 inline constexpr VARIANT_BOOL VARIANT_FALSE = 0;
 
 /// The types of a variant, each with the field that holds its value. Currency, dispatch interfaces, arrays and
-/// references are not offered here.
+/// references are not supported here.
 enum VARENUM {
     VT_EMPTY = 0,
     VT_NULL = 1,
@@ -276,12 +274,13 @@ typedef struct tagVARIANT VARIANT;
 /// Makes an uninitialised variant empty.
 MLCORE_API void VariantInit(VARIANT* variant) noexcept;
 
-/// Gives back what the variant owns and makes it empty.
+/// Frees the value that the variant owns and makes the variant empty.
 ///
 /// \return S_OK; E_INVALIDARG for null; DISP_E_BADVARTYPE, with nothing changed, for an unknown type.
 MLCORE_API HRESULT VariantClear(VARIANT* variant) noexcept;
 
-/// Clears `*destination` and copies into it: a text is copied, an object gets one reference more. Both may be one.
+/// Clears `*destination` and copies `*source` into it: a text is copied, an object gets one more reference. Both may be the
+/// same variant.
 ///
 /// \return S_OK; E_INVALIDARG for null; DISP_E_BADVARTYPE, when either type is unknown, or E_OUTOFMEMORY, both with
 ///         nothing changed.
@@ -289,9 +288,9 @@ MLCORE_API HRESULT VariantCopy(VARIANT* destination, const VARIANT* source) noex
 
 /// Owns a variant. It has the fields of the structure, and a plain variant may be copied into it.
 ///
-/// The value is taken out by a conversion to the exact type: any other type throws _com_error(DISP_E_TYPEMISMATCH);
-/// nothing is converted here. An assignment brings its own type. A `long` that needs more than 32 bits throws
-/// _com_error(DISP_E_OVERFLOW). Without memory, std::bad_alloc.
+/// Conversions return the value when it has exactly the wanted type; they throw _com_error(DISP_E_TYPEMISMATCH) for any other
+/// type. An assignment also sets the type. A `long` that needs more than 32 bits throws _com_error(DISP_E_OVERFLOW). Without
+/// memory, std::bad_alloc is thrown.
 class MLCORE_API _variant_t : public tagVARIANT {
 public:
     _variant_t() noexcept;
@@ -300,8 +299,8 @@ public:
     _variant_t(const _variant_t& other);
     _variant_t(_variant_t&& other) noexcept;  ///< `other` becomes empty
 
-    /// These three make the type named; `type` may be VT_I2 or VT_BOOL; VT_I4, VT_ERROR or VT_BOOL; VT_R8 or VT_DATE.
-    /// Others throw _com_error(E_INVALIDARG).
+    /// These three set the given type. It may be VT_I2 or VT_BOOL for a short; VT_I4, VT_ERROR or VT_BOOL for a long; VT_R8 or
+    /// VT_DATE for a double. Other types throw _com_error(E_INVALIDARG).
     _variant_t(short value, VARTYPE type = VT_I2);
     _variant_t(long value, VARTYPE type = VT_I4);
     _variant_t(double value, VARTYPE type = VT_R8);
@@ -318,7 +317,7 @@ public:
     _variant_t(const wchar_t* text);            ///< VT_BSTR, copied; null stays null
     _variant_t(const _bstr_t& text);            ///< VT_BSTR, copied; null stays null
 
-    /// VT_UNKNOWN. The object becomes the owner of one reference: its own, or the caller's when `addRef` is false.
+    /// VT_UNKNOWN. The variant owns one reference: its own, or the caller's when `addRef` is false.
     _variant_t(IUnknown* object, bool addRef = true) noexcept;
 
     _variant_t& operator=(_variant_t other) noexcept;
@@ -338,9 +337,9 @@ public:
     operator _bstr_t() const;         ///< of a VT_BSTR
     operator IUnknown*() const;       ///< of a VT_UNKNOWN, with a reference for the caller
 
-    void Clear();  ///< gives back what it owns and becomes empty; _com_error(DISP_E_BADVARTYPE) for an unknown type
+    void Clear();  ///< frees its value and becomes empty; _com_error(DISP_E_BADVARTYPE) for an unknown type
 
-    /// Equal when type and value are: texts by their characters, objects by identity. Unknown types are never equal.
+    /// Equal when type and value are equal: texts by their characters, objects by identity. Unknown types are never equal.
     friend MLCORE_API bool operator==(const VARIANT& left, const VARIANT& right) noexcept;
 };
 
@@ -351,24 +350,24 @@ inline constexpr UINT GMEM_MOVEABLE = 0x0002;
 inline constexpr UINT GMEM_ZEROINIT = 0x0040;
 inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
-/// A new block of exactly `size` bytes, or null. `flags` holds GMEM_MOVEABLE, with or without GMEM_ZEROINIT; others
-/// give null.
+/// A new block of exactly `size` bytes, or null. `flags` must be GMEM_MOVEABLE with or without GMEM_ZEROINIT; the result is
+/// null for others.
 [[nodiscard]] MLCORE_API HGLOBAL GlobalAlloc(UINT flags, SIZE_T size) noexcept;
 
 /// Resizes a block; returns its handle, or null with the block unchanged. `flags` is 0, GMEM_MOVEABLE (a locked block
-/// may move) or GMEM_ZEROINIT (new bytes are 0), or both; others give null.
+/// may move) or GMEM_ZEROINIT (new bytes are 0), or both; the result is null for others.
 [[nodiscard]] MLCORE_API HGLOBAL GlobalReAlloc(HGLOBAL block, SIZE_T size, UINT flags) noexcept;
 
 /// Locks a block and returns its first byte, or null. Each lock needs one GlobalUnlock.
 [[nodiscard]] MLCORE_API void* GlobalLock(HGLOBAL block) noexcept;
 
-/// Takes one lock off; non-zero while the block is still locked, else 0.
+/// Removes one lock; non-zero while the block is still locked, else 0.
 MLCORE_API BOOL GlobalUnlock(HGLOBAL block) noexcept;
 
-/// Frees a block, locked or not, and returns null; returns `block` when it is no handle. Null is allowed.
+/// Frees a block, locked or not, and returns null; returns `block` when it is not a handle. Null is allowed.
 MLCORE_API HGLOBAL GlobalFree(HGLOBAL block) noexcept;
 
-/// The exact size of a block in bytes; 0 when it is no handle.
+/// The exact size of a block in bytes; 0 when it is not a handle.
 [[nodiscard]] MLCORE_API SIZE_T GlobalSize(HGLOBAL block) noexcept;
 
 #endif

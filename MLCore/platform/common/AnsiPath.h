@@ -17,7 +17,7 @@ inline std::wstring WidePath(std::string_view ansi) {
     return wide;
 }
 
-/// Empty where the code page lacks a letter: the system would name another file, with a similar letter or '?' in its place.
+/// Empty when the code page lacks a letter: a similar letter or '?' in its place would name another file.
 inline std::string AnsiPath(std::wstring_view wide) {
     constexpr std::size_t kMostBytesEach = 4;
     const int length = static_cast<int>(wide.size());

@@ -1,4 +1,4 @@
-/// What a COM error tells where the system has no message for it.
+/// The texts of COM errors for which the system has no message.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-/// What both systems' conversions of OLE dates accept.
+/// The dates that the conversions of OLE dates accept on both systems.
 #pragma once
 
 #include <MLCore/platform/CivilTime.h>
@@ -8,11 +8,11 @@
 
 namespace MLCore::platform {
 
-/// Whether a DATE lies in the range. It does strictly between these two: the fraction of a negative one adds to the day. False
-/// for a NaN.
+/// True when a DATE lies in the range, which is strictly between these two numbers: the fraction of a negative DATE is added to
+/// the day. False for a NaN.
 [[nodiscard]] constexpr bool IsOleDate(double date) noexcept { return date > -657435.0 && date < 2958466.0; }
 
-/// Whether the year is one that is converted, and the other fields are 16-bit numbers, as which Windows reads them.
+/// True when the year can be converted and the other fields fit 16 bits, as Windows stores them.
 [[nodiscard]] constexpr bool AreOleFields(const CIVILTIME& time) noexcept {
     for (const int field : {time.month, time.day, time.hour, time.minute, time.second}) {
         if (!std::in_range<std::int16_t>(field)) {

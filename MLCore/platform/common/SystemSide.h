@@ -1,4 +1,4 @@
-/// What each system defines for the sources of this folder that both share.
+/// The functions that each system defines for the shared sources of this folder.
 #pragma once
 
 #include <optional>
@@ -6,10 +6,10 @@
 
 namespace MLCore::platform {
 
-/// DebugOutput() while no sink is set, of a text that is not null.
+/// DebugOutput() without a sink. The text is not null.
 void SystemDebugOutput(const char* text) noexcept;
 
-/// ReadPreferenceText() of a key and a name that can be those of a setting.
+/// ReadPreferenceText() for a key and a name that a setting can have.
 [[nodiscard]] std::optional<std::string> SystemPreferenceText(const char* key, const char* name);
 
 }  // namespace MLCore::platform
