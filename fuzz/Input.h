@@ -1,4 +1,5 @@
-/// What the fuzzed properties share: values taken from the bytes of an input, and how a property says that it is broken.
+/// What the fuzzed properties share: values taken from the bytes of an input, and how a property says that it is
+/// broken.
 #pragma once
 
 #include <MLCore/core/FrameworkException.h>

@@ -37,7 +37,8 @@ RESULT Read(const std::string& xml) {
     return result;
 }
 
-/// A document is understood, or refused with the same text, from any stream; what is understood can be written and comes back.
+/// A document is understood, or refused with the same text, from any stream; what is understood can be written and
+/// comes back.
 void Property(INPUT input) {
     const std::string xml = input.Rest();
     const RESULT result = Read<LENT>(xml);

@@ -6,7 +6,8 @@
 
 namespace MLCore {
 
-/// The root of all protocols. A PROTOCOL* points to the protocol sub-object of an object; ProtocolCast() restores its type.
+/// The root of all protocols. A PROTOCOL* points to the protocol sub-object of an object; ProtocolCast() restores its
+/// type.
 class MLCORE_API PROTOCOL {
 protected:
     PROTOCOL() = default;
@@ -15,7 +16,8 @@ protected:
     virtual ~PROTOCOL();
 };
 
-/// Produces the PROTOCOL* of one protocol for an object. The name with its underscores is the library's established one.
+/// Produces the PROTOCOL* of one protocol for an object. The name with its underscores is the library's established
+/// one.
 class MLCORE_API __protocol_base__ {
 public:
     virtual ~__protocol_base__();
@@ -23,11 +25,12 @@ public:
     virtual PROTOCOL* Produce(void* subObject, void* object) = 0;
 };
 
-/// The run-time description of a class: its name, its base class and the protocols that it conforms to. A protocol is an
-/// interface class with a description of its own.
+/// The run-time description of a class: its name, its base class and the protocols that it conforms to. A protocol is
+/// an interface class with its own description.
 ///
-/// Each class has one description per process, and classes are compared by the addresses of their descriptions. A description
-/// lives from its first use until the module that defines it is unloaded. The macros of ClassDeclaration.h make it.
+/// Each class has one description per process, and classes are compared by the addresses of their descriptions. A
+/// description lives from its first use until the module that defines it is unloaded. The macros of ClassDeclaration.h
+/// make it.
 class MLCORE_API CCLASSTYPEINFO {
 public:
     /// One protocol of a class.
@@ -44,8 +47,8 @@ public:
         unsigned long long mOffset;  // bytes from the start of the object to its protocol sub-object
     };
 
-    /// `name` must be a literal and is not owned. `super` describes the base class (null for a root). Its sub-object starts
-    /// `offset` bytes into an object of this class, and its protocols are inherited with that offset added.
+    /// `name` must be a literal and is not owned. `super` describes the base class (null for a root). Its sub-object
+    /// starts `offset` bytes into an object of this class, and its protocols are inherited with that offset added.
     CCLASSTYPEINFO(const char* name, const CCLASSTYPEINFO* super, unsigned long long offset);
     CCLASSTYPEINFO(const CCLASSTYPEINFO&) = delete;
     CCLASSTYPEINFO& operator=(const CCLASSTYPEINFO&) = delete;
@@ -69,8 +72,8 @@ public:
 
     /// 1 when the class conforms to `protocol` (null: 0).
     [[nodiscard]] int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const noexcept;
-    /// The protocol sub-object of `object`, or null when the class does not conform to `protocol`. `object` must be the start of
-    /// an object of this class.
+    /// The protocol sub-object of `object`, or null when the class does not conform to `protocol`. `object` must be the
+    /// start of an object of this class.
     [[nodiscard]] PROTOCOL* GetProtocol(const CCLASSTYPEINFO* protocol, void* object) const;
 
 private:

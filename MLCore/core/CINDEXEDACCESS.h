@@ -15,8 +15,8 @@ public:
     [[nodiscard]] virtual long GetCount() const = 0;
     /// The element, which may be null. Fails with kErrUnknownKey (151) when `index` is out of range.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetObjectAt(long index) const = 0;
-    /// Replaces the element by `object` (may be null) and adds a reference. Fails with kErrUnknownKey when `index` is out of
-    /// range.
+    /// Replaces the element by `object` (may be null) and adds a reference. Fails with kErrUnknownKey when `index` is
+    /// out of range.
     virtual void SetObjectAt(long index, COBJECT* object) = 0;
 
     static const CCLASSTYPEINFO& ClassInfoStatic();

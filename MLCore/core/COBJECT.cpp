@@ -44,7 +44,8 @@ void SetValueAtStep(COBJECT* object, const STEP& step, COBJECT* value) {
     }
 }
 
-// The keys that the object lists. A lack of memory for them, or for the description of its class, must not hide what failed.
+// The keys that the object lists. A lack of memory for them, or for the description of its class, must not hide what
+// failed.
 std::vector<std::string> KeyNamesOf(COBJECT* object) {
     try {
         const CKEYNAMES* const known = ProtocolCast<CKEYNAMES>(object);
@@ -54,8 +55,8 @@ std::vector<std::string> KeyNamesOf(COBJECT* object) {
     }
 }
 
-// A key that is unknown in a path of several steps is named with its path, unless the object that was asked threw an exception
-// of another class. Must be called while the failure is handled.
+// A key that is unknown in a path of several steps is named with its path, unless the object that was asked threw an
+// exception of another class. Must be called while the failure is handled.
 [[noreturn]] void FailInPath(const FrameworkException& failure, const std::string& keyPath, int step) {
     const bool isPlain = IsExactly<FrameworkException>(failure) && failure.GetClass() == kErrUnknownKey &&
                          failure.GetMsg() == kErrUnknownKey && failure.GetText() != nullptr;
@@ -65,9 +66,9 @@ std::vector<std::string> KeyNamesOf(COBJECT* object) {
     FailWith(kErrUnknownKey, failure.GetText(), " (step ", step, " of the path ", Quoted(keyPath), ")");
 }
 
-// Walks to the object that the last step of a path is asked of, and calls `action(object, last)`; calls nothing after a null on
-// the way, and reports it. Each object is held: a property may be computed, and then nobody else owns it. Nothing is asked
-// when the path is malformed.
+// Walks to the object that the last step of a path is asked of, and calls `action(object, last)`; calls nothing after a
+// null on the way, and reports it. Each object is held: a property may be computed, and then nobody else owns it.
+// Nothing is asked when the path is malformed.
 template <class Action>
 bool AtLastStep(COBJECT* start, const std::string& keyPath, const Action& action) {
     KEYSTEPS::Check(keyPath);

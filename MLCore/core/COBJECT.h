@@ -13,34 +13,35 @@
 
 namespace MLCore {
 
-/// The root of all objects that can be collected, streamed and tested by predicates: a shared object that knows its class
-/// and gives access to its properties by key.
+/// The root of all objects that can be collected, streamed and tested by predicates: a shared object that knows its
+/// class and gives access to its properties by key.
 ///
-/// A class derives from COBJECT as its first base, declares itself with MLCORE_CLASS (ClassDeclaration.h), and overrides
-/// GetKeyValue and SetKeyValue to give access to its properties; for a key that it does not know, it must call its base's
-/// function. COBJECT walks key paths ("customer.orders[0].amount"): a name takes the value of this key from the object reached
-/// so far, an index takes an element from it. Elements exist in objects that conform to CINDEXEDACCESS, such as arrays.
+/// A class derives from COBJECT as its first base, declares itself with MLCORE_CLASS (ClassDeclaration.h), and
+/// overrides GetKeyValue and SetKeyValue to give access to its properties; for a key that it does not know, it must
+/// call its base's function. COBJECT walks key paths ("customer.orders[0].amount"): a name takes the value of this key
+/// from the object reached so far, an index takes an element from it. Elements exist in objects that conform to
+/// CINDEXEDACCESS, such as arrays.
 class MLCORE_API COBJECT : public CSHAREOBJECT {
 public:
     COBJECT(const COBJECT&) = default;
 
     /// The description of the object's class.
     [[nodiscard]] virtual const CCLASSTYPEINFO& ClassInfo() const;
-    /// The object's implementation of `protocol` (borrowed), null when the class does not conform. ProtocolCast() also restores
-    /// its type.
+    /// The object's implementation of `protocol` (borrowed), null when the class does not conform. ProtocolCast() also
+    /// restores its type.
     [[nodiscard]] virtual PROTOCOL* GetProtocolInstance(const CCLASSTYPEINFO* protocol);
     /// A copy; the caller owns its one reference. Fails with kErrUnsupported (150) in a class that does not
     /// support it.
     [[nodiscard]] virtual COBJECT* Clone() const;
-    /// The value of the property `key`, which may be null. Fails with kErrUnknownKey (151) when the class does not know the
-    /// key.
+    /// The value of the property `key`, which may be null. Fails with kErrUnknownKey (151) when the class does not know
+    /// the key.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key);
-    /// Sets the property `key` to `value` (may be null); the object adds its own reference. Fails with kErrUnknownKey when the
-    /// class does not know the key or does not let it be set.
+    /// Sets the property `key` to `value` (may be null); the object adds its own reference. Fails with kErrUnknownKey
+    /// when the class does not know the key or does not let it be set.
     virtual void SetKeyValue(const std::string& key, COBJECT* value);
     /// The value at the end of `keyPath` (CKEYPARSER describes the form). A null on the way gives null. Fails with
-    /// kErrUnknownKey when the path is malformed, a key is unknown, an index is out of range, or the object at an index step
-    /// has no elements; for a path of several steps the text names the path and the step.
+    /// kErrUnknownKey when the path is malformed, a key is unknown, an index is out of range, or the object at an index
+    /// step has no elements; for a path of several steps the text names the path and the step.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyPathValue(const std::string& keyPath);
     /// Sets the property, or the element of an array, at the end of `keyPath`. Fails as GetKeyPathValue() does, as
     /// SetKeyValue() of the last object does, and with kErrUnknownKey for a null on the way.
@@ -74,8 +75,9 @@ protected:
     COBJECT& operator=(const COBJECT&) = default;
     ~COBJECT() override = 0;
 
-    /// Fails with kErrUnknownKey, as the root's GetKeyValue() and SetKeyValue() do. The text names the class and the key. When the
-    /// class conforms to CKEYNAMES, it also names the nearest key, or says that a listed key cannot be set.
+    /// Fails with kErrUnknownKey, as the root's GetKeyValue() and SetKeyValue() do. The text names the class and the
+    /// key. When the class conforms to CKEYNAMES, it also names the nearest key, or says that a listed key cannot be
+    /// set.
     [[noreturn]] void FailUnknownKey(const std::string& key);
 
     static const CCLASSTYPEINFO* _ClassInfo();

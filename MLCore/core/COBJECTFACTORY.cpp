@@ -155,8 +155,8 @@ void COBJECTFACTORY::Enter(const CLASSREGISTRAR& registrar) {
     RegisterClass(registrar.mClassName.c_str(), registrar.mClassIdentifier, registrar.mCreator);
 }
 
-// A class of the same name that was registered since stays. Those that this registrar had replaced come back, in the order
-// in which they were loaded.
+// A class of the same name that was registered since stays. Those that this registrar had replaced come back, in the
+// order in which they were loaded.
 void COBJECTFACTORY::Leave(const CLASSREGISTRAR& registrar) noexcept {
     const char* const name = registrar.mClassName.c_str();
     const char* const identifier = registrar.mClassIdentifier;

@@ -20,23 +20,23 @@ namespace MLCore {
 class COBJECTFACTORY;
 MLCORE_DECLARE_INSTANCE(CSINGLETON<COBJECTFACTORY, noautorelease>)
 
-/// Creates objects by the name of their class, for readers of streams and key streams. Each process has one factory, which
-/// GetInstance() returns. It is not freed automatically: the application may call Free() at its end.
+/// Creates objects by the name of their class, for readers of streams and key streams. Each process has one factory,
+/// which GetInstance() returns. It is not freed automatically: the application may call Free() at its end.
 ///
 ///     CSHAREOBJECTPTR<COBJECT> order = COBJECTFACTORY::GetInstance()->CreateObject("class shop::CORDER");
 ///
-/// A class has a name ("class shop::CORDER", see FactoryNameOf) and may have an identifier ("CORDER"), which object streams
-/// write. Both are matched exactly. Classes declared with MLCORE_REGISTER_CLASS register themselves.
+/// A class has a name ("class shop::CORDER", see FactoryNameOf) and may have an identifier ("CORDER"), which object
+/// streams write. Both are matched exactly. Classes declared with MLCORE_REGISTER_CLASS register themselves.
 ///
-/// The factory is not synchronised: classes must be registered while modules load; then any thread may look them up. Lookups
-/// take logarithmic time.
+/// The factory is not synchronised: classes must be registered while modules load; then any thread may look them up.
+/// Lookups take logarithmic time.
 class MLCORE_API COBJECTFACTORY : public CSINGLETON<COBJECTFACTORY, noautorelease> {
 public:
     using CREATOR = CLASSREGISTRAR::CREATOR;
 
-    /// Registers a class. `creator` must return a new object with the only reference to it. With `classIdentifier` null the
-    /// class has no identifier. A class already registered under the name is replaced, with its old identifier; an identifier
-    /// already taken goes to the new class. Fails with kErrNull (-100) when the name or the creator is null.
+    /// Registers a class. `creator` must return a new object with the only reference to it. With `classIdentifier` null
+    /// the class has no identifier. A class already registered under the name is replaced, with its old identifier; an
+    /// identifier already taken goes to the new class. Fails with kErrNull (-100) when the name or the creator is null.
     void RegisterClass(const char* className, const char* classIdentifier, CREATOR creator);
     void RegisterClass(const char* className, CREATOR creator);
     /// Removes the class under this name with its identifier, unless another class has taken that over. Unknown or
@@ -47,8 +47,8 @@ public:
     [[nodiscard]] int IsRegistered(const char* className) const;
     [[nodiscard]] int IsRegisteredIdentifier(const char* classIdentifier) const;
 
-    /// Calls the creator of the class and returns its object, normally a new one; exceptions of the creator pass through. Fails
-    /// with kErrUnknownClass (123) when the name or identifier is null or not registered.
+    /// Calls the creator of the class and returns its object, normally a new one; exceptions of the creator pass
+    /// through. Fails with kErrUnknownClass (123) when the name or identifier is null or not registered.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateObject(const char* className) const;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateObjectFromIdentifier(const char* classIdentifier) const;
 

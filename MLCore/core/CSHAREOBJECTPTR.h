@@ -7,15 +7,15 @@
 
 namespace MLCore {
 
-/// The smart pointer of the library: holds one reference to an object of the shared class T, or null. T may be incomplete
-/// where a holder is only declared.
+/// The smart pointer of the library: holds one reference to an object of the shared class T, or null. T may be
+/// incomplete where a holder is only declared.
 ///
 ///     CSHAREOBJECTPTR<CCALENDARSTRATEGY> calendar = CCALENDARBANQUESTRATEGY::Create();  // the only owner
 ///     CSHAREOBJECTPTR<CCALENDARSTRATEGY> second = calendar;                             // two owners
 ///     calendar->SetOuvre(CDATE::Saturday, 1);
 ///
-/// A holder converts to T*, so that it can be passed where a pointer is borrowed. Two mistakes therefore compile: `delete
-/// holder`, and to keep the raw pointer of a temporary (`COBJECT* p = CORDER::Create();` dangles).
+/// A holder converts to T*, so that it can be passed where a pointer is borrowed. Two mistakes therefore compile:
+/// `delete holder`, and to keep the raw pointer of a temporary (`COBJECT* p = CORDER::Create();` dangles).
 ///
 /// Holders are not synchronised: one holder belongs to one thread at a time. The object may be shared by threads.
 template <class T>
@@ -36,8 +36,8 @@ public:
     noexcept : mObject(other.Release()) {}
     ~CSHAREOBJECTPTR() { ReleaseObject(mObject); }
 
-    /// Holds `object` (may be null) instead: adds a reference to it, then releases the object held before. So an object that
-    /// the old one owns survives. Nothing happens when `object` is already held.
+    /// Holds `object` (may be null) instead: adds a reference to it, then releases the object held before. So an object
+    /// that the old one owns survives. Nothing happens when `object` is already held.
     CSHAREOBJECTPTR& operator=(T* object) {
         if (object != mObject) {
             CSHAREOBJECTPTR fresh(object);
@@ -50,8 +50,8 @@ public:
     requires std::convertible_to<U*, T*> CSHAREOBJECTPTR& operator=(const CSHAREOBJECTPTR<U>& other) {
         return *this = static_cast<T*>(other.Get());
     }
-    /// Takes the reference of `other` and leaves it null; the object held before is always released. A holder that is moved
-    /// into itself is therefore null afterwards.
+    /// Takes the reference of `other` and leaves it null; the object held before is always released. A holder that is
+    /// moved into itself is therefore null afterwards.
     CSHAREOBJECTPTR& operator=(CSHAREOBJECTPTR&& other) noexcept {
         T* const old = mObject;
         mObject = nullptr;
@@ -66,8 +66,8 @@ public:
         return *this = CSHAREOBJECTPTR(std::move(other));
     }
 
-    /// Passes the pointer with its reference to the caller and leaves the holder null; the count does not change. This is not
-    /// CSHAREOBJECT::Release().
+    /// Passes the pointer with its reference to the caller and leaves the holder null; the count does not change. This
+    /// is not CSHAREOBJECT::Release().
     [[nodiscard]] T* Release() noexcept { return std::exchange(mObject, nullptr); }
 
     [[nodiscard]] T* Get() const noexcept { return mObject; }
@@ -99,8 +99,8 @@ private:
     T* mObject = nullptr;
 };
 
-/// Wraps an object just created with `new` in a holder that takes over the creator's reference, so that its count is 1. Every
-/// Create function returns such a holder.
+/// Wraps an object just created with `new` in a holder that takes over the creator's reference, so that its count is 1.
+/// Every Create function returns such a holder.
 template <class T>
 [[nodiscard]] CSHAREOBJECTPTR<T> AdoptObject(T* created) {
     CSHAREOBJECTPTR<T> holder(created);

@@ -24,11 +24,11 @@ struct MLCORE_TEMPLATE_API noautorelease {};
 ///     };
 ///     CMANAGER::GetInstance()->...
 ///
-/// If several modules use the class, one of them must own the instance. Two lines at global scope make it the owner: in the
-/// header, before the class, `extern template class EXPORT MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`, and in the source
-/// `template class MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`. Otherwise each module may have an instance of
-/// its own. (With g++ a module that exports such an instance is only unloaded before the process ends when it is compiled
-/// with -fno-gnu-unique, as this library is.)
+/// If several modules use the class, one of them must own the instance. Two lines at global scope make it the owner: in
+/// the header, before the class, `extern template class EXPORT MLCore::CSINGLETON<app::CMANAGER,
+/// MLCore::autorelease>;`, and in the source `template class MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`.
+/// Otherwise each module may have an instance of its own. (With g++ a module that exports such an instance is only
+/// unloaded before the process ends when it is compiled with -fno-gnu-unique, as this library is.)
 template <class T, class Policy>
 class MLCORE_TEMPLATE_API CSINGLETON {
     static_assert(std::is_same_v<Policy, autorelease> || std::is_same_v<Policy, noautorelease>);
@@ -37,11 +37,11 @@ public:
     CSINGLETON(const CSINGLETON&) = delete;
     CSINGLETON& operator=(const CSINGLETON&) = delete;
 
-    /// The instance, created at the first call. Threads may call it concurrently. An exception of T's constructor passes
-    /// through, and the next call tries again. T's constructor must not call it.
+    /// The instance, created at the first call. Threads may call it concurrently. An exception of T's constructor
+    /// passes through, and the next call tries again. T's constructor must not call it.
     static T* GetInstance();
-    /// Deletes the instance, if one exists; a later GetInstance() creates a new one. Must not be called while another thread
-    /// uses the instance or calls GetInstance(), nor by T's destructor.
+    /// Deletes the instance, if one exists; a later GetInstance() creates a new one. Must not be called while another
+    /// thread uses the instance or calls GetInstance(), nor by T's destructor.
     static void Free();
 
 protected:
@@ -68,8 +68,8 @@ T* CSINGLETON<T, Policy>::GetInstance() {
     if (T* const existing = instance.load(std::memory_order_acquire)) {
         return existing;
     }
-    // Some systems' call_once never recovers from an exception that passes through it, so a failure is carried around it
-    // and the flag reset. The lock keeps other threads off the flag meanwhile.
+    // Some systems' call_once never recovers from an exception that passes through it, so a failure is carried around
+    // it and the flag reset. The lock keeps other threads off the flag meanwhile.
     static std::mutex creation;
     const std::lock_guard<std::mutex> lock(creation);
     std::exception_ptr failure;

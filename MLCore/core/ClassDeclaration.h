@@ -1,5 +1,5 @@
-/// A class takes part in run-time class information, protocols and the object factory by one macro in its header and one in
-/// its source.
+/// A class takes part in run-time class information, protocols and the object factory by one macro in its header and
+/// one in its source.
 ///
 ///     // CORDER.h
 ///     class CORDER : public COBJECT, public CINDEXEDACCESS {
@@ -37,8 +37,8 @@
 
 namespace MLCore {
 
-/// The adapter of one protocol. A protocol that includes several others has several PROTOCOL bases. Any of them may represent
-/// it, provided that Restore() reverses Produce().
+/// The adapter of one protocol. A protocol that includes several others has several PROTOCOL bases. Any of them may
+/// represent it, provided that Restore() reverses Produce().
 template <class Protocol>
 class PROTOCOLADAPTER final : public __protocol_base__ {
 public:
@@ -63,8 +63,8 @@ private:
     static constexpr bool kIsDirect = std::is_convertible_v<Protocol*, PROTOCOL*>;
 };
 
-/// The description of `Class`, which derives from `Base` (void for a root or a protocol) and adds `Protocols`. Each of them
-/// must be a base class of Class that is not virtual.
+/// The description of `Class`, which derives from `Base` (void for a root or a protocol) and adds `Protocols`. Each of
+/// them must be a base class of Class that is not virtual.
 template <class Class, class Base, class... Protocols>
 class CLASSDESCRIPTION final : public CCLASSTYPEINFO {
 public:
@@ -118,8 +118,9 @@ template <class P>
 
 }  // namespace MLCore
 
-/// MLCORE_CLASS(CNAME, CBASE, protocols...) must stand first in the class body and declares the functions that COBJECT requires
-/// of a class. CNAME must derive from CBASE and from the protocols that it adds. Declarations after the macro are private.
+/// MLCORE_CLASS(CNAME, CBASE, protocols...) must stand first in the class body and declares the functions that COBJECT
+/// requires of a class. CNAME must derive from CBASE and from the protocols that it adds. Declarations after the macro
+/// are private.
 #define MLCORE_CLASS(CNAME, ...)                                                                             \
 public:                                                                                                      \
     static const ::MLCore::CCLASSTYPEINFO& ClassInfoStatic();                                                \
@@ -150,12 +151,12 @@ private:                                                                        
         }                                                                                                    \
     }
 
-/// MLCORE_REGISTER_CLASS(CNAME) must stand in the source of the class, inside its namespace. It defines the functions that
-/// MLCORE_CLASS declares. If the class can be created, it also registers the class with the object factory while the module is
-/// loaded. A class can be created by its own `Create()` without arguments or, if it has none and is not abstract, by its default
-/// constructor of any access. Create() must return a CSHAREOBJECTPTR of the class, or of a base when the base class itself has
-/// no Create(). The identifier is the name of the class, or the literal that follows it; a class that cannot be created has
-/// none.
+/// MLCORE_REGISTER_CLASS(CNAME) must stand in the source of the class, inside its namespace. It defines the functions
+/// that MLCORE_CLASS declares. If the class can be created, it also registers the class with the object factory while
+/// the module is loaded. A class can be created by its own `Create()` without arguments or, if it has none and is not
+/// abstract, by its default constructor of any access. Create() must return a CSHAREOBJECTPTR of the class, or of a
+/// base when the base class itself has no Create(). The identifier is the name of the class, or the literal that
+/// follows it; a class that cannot be created has none.
 #define MLCORE_REGISTER_CLASS(CNAME, ...)                                                             \
     const ::MLCore::CCLASSTYPEINFO* CNAME::_ClassInfo() {                                             \
         static CLASSDESCRIPTION_ gClassInfo(#CNAME);                                                  \

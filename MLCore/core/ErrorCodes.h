@@ -1,5 +1,5 @@
-/// The codes of failures. The class and the message of a FrameworkException hold the same code, except where a header says
-/// otherwise.
+/// The codes of failures. The class and the message of a FrameworkException hold the same code, except where a header
+/// says otherwise.
 #pragma once
 
 #include <MLCore/platform/Export.h>
@@ -30,9 +30,9 @@ inline constexpr short kErrStreamClosed = 141;  ///< an operation on a closed st
 inline constexpr short kErrUnsupported = 150;   ///< an operation that the class does not support
 inline constexpr short kErrUnknownKey = 151;    ///< an unknown key, an index out of range, a malformed path
 
-/// The meaning of a code as a short English sentence without a full stop: "the stream is closed". Never null: the codes from
-/// -3000 downward are the operating system's or COM's, and a number that is not a code is described as such. The text of a
-/// FrameworkException says more, if it has one.
+/// The meaning of a code as a short English sentence without a full stop: "the stream is closed". Never null: the codes
+/// from -3000 downward are the operating system's or COM's, and a number that is not a code is described as such. The
+/// text of a FrameworkException says more, if it has one.
 [[nodiscard]] MLCORE_API const char* DescribeFailure(short code) noexcept;
 
 }  // namespace MLCore

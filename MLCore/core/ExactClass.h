@@ -6,8 +6,8 @@
 
 namespace MLCore {
 
-/// True when `object` is of one of these classes itself, `IsExactly<CVALUEOBJECT>(*object)`; false for an object of a class
-/// derived from them. Code that takes a short cut around a virtual function asks this first.
+/// True when `object` is of one of these classes itself, `IsExactly<CVALUEOBJECT>(*object)`; false for an object of a
+/// class derived from them. Code that takes a short cut around a virtual function asks this first.
 template <class... Classes, class Object>
 [[nodiscard]] bool IsExactly(const Object& object) noexcept {
     static_assert(sizeof...(Classes) > 0, "name the classes: IsExactly<CVALUEOBJECT>(object)");

@@ -1,5 +1,6 @@
-/// The checks that turn a status or a condition into a FrameworkException. Each returns when the check passes and throws
-/// otherwise. The library calls these instead of throwing, and so may applications that want failures of the same shape.
+/// The checks that turn a status or a condition into a FrameworkException. Each returns when the check passes and
+/// throws otherwise. The library calls these instead of throwing, and so may applications that want failures of the
+/// same shape.
 ///
 /// New code calls Require() and FailWith(), which give the failure a text.
 ///
@@ -8,9 +9,9 @@
 ///         mAmount = amount;
 ///     }
 ///
-/// The other checks take a status. They are exported under their plain names (C linkage), so that code of any compiler can
-/// find them. They throw nevertheless: a compiler must not assume that C functions do not throw (MSVC: /EHs, not /EHsc). A
-/// program that links the library statically cannot define C functions of these names.
+/// The other checks take a status. They are exported under their plain names (C linkage), so that code of any compiler
+/// can find them. They throw nevertheless: a compiler must not assume that C functions do not throw (MSVC: /EHs, not
+/// /EHsc). A program that links the library statically cannot define C functions of these names.
 #pragma once
 
 #include <MLCore/core/ErrorCodes.h>
@@ -22,30 +23,30 @@
 
 namespace MLCore {
 
-/// Throws (code, code) with the text of all parts, one after the other. The text is cut after 300 characters; without memory
-/// for it, the failure has no text.
+/// Throws (code, code) with the text of all parts, one after the other. The text is cut after 300 characters; without
+/// memory for it, the failure has no text.
 [[noreturn]] MLCORE_API void ThrowFailure(short code, std::initializer_list<FAILUREPART> parts);
 
-/// Throws the system's last error with the text of all parts and the system's message: "cannot open 'x.csv': No such file or
-/// directory".
+/// Throws the system's last error with the text of all parts and the system's message: "cannot open 'x.csv': No such
+/// file or directory".
 [[noreturn]] MLCORE_API void ThrowLastError(std::initializer_list<FAILUREPART> parts);
 
-/// Throws (code, code) with a text: one short English sentence that says what was found, where, and what was wanted. The parts
-/// are texts, numbers and Quoted() texts, written one after the other without blanks between them.
+/// Throws (code, code) with a text: one short English sentence that says what was found, where, and what was wanted.
+/// The parts are texts, numbers and Quoted() texts, written one after the other without blanks between them.
 template <class... Parts>
 [[noreturn]] void FailWith(short code, const Parts&... parts) {
     ThrowFailure(code, {FAILUREPART(parts)...});
 }
 
-/// Throws the system's last error, as FailLastError() does, with a text: the parts, ": ", and the system's message. Must be
-/// called before anything else that may change the last error; so the parts must not call the system.
+/// Throws the system's last error, as FailLastError() does, with a text: the parts, ": ", and the system's message.
+/// Must be called before anything else that may change the last error; so the parts must not call the system.
 template <class... Parts>
 [[noreturn]] void FailWithLastError(const Parts&... parts) {
     ThrowLastError({FAILUREPART(parts)...});
 }
 
-/// Throws as FailWith() does unless `condition` holds. `code` must not be 0. The parts are always evaluated: where that costs
-/// something, call FailWith() under an `if`.
+/// Throws as FailWith() does unless `condition` holds. `code` must not be 0. The parts are always evaluated: where that
+/// costs something, call FailWith() under an `if`.
 template <class... Parts>
 void Require(bool condition, short code, const Parts&... parts) {
     if (!condition) [[unlikely]] {
@@ -61,8 +62,8 @@ MLCORE_API short Fail(unsigned short errorClass, short msg);
 /// Throws (code, code) when `code` is not 0.
 MLCORE_API void FailOSErr(short code);
 
-/// For the results of callbacks, where 1 means "stop" and is not a failure: throws (code, code) when `code` is neither 0
-/// nor 1.
+/// For the results of callbacks, where 1 means "stop" and is not a failure: throws (code, code) when `code` is neither
+/// 0 nor 1.
 MLCORE_API void FailCbErr(short code);
 
 /// Throws a coherence error with `text` (copied; may be null) when `code` is not 0.
@@ -84,8 +85,8 @@ MLCORE_API void FailNull(const void* pointer);
 MLCORE_API void FailNullPtr(const void* pointer);
 
 /// For system calls that return 0 on failure: throws the system's last error when `result` is 0. On Linux `errno` is
-/// first mapped to the Win32 code of the same meaning, so that codes mean the same on both systems. The failure has no text;
-/// FailWithLastError() gives it one.
+/// first mapped to the Win32 code of the same meaning, so that codes mean the same on both systems. The failure has no
+/// text; FailWithLastError() gives it one.
 MLCORE_API void FailLastError(int result);
 
 /// Throws `hresult` when its low 16 bits are not 0. This check ignores the other bits: 0x80070000 passes although its

@@ -10,8 +10,8 @@
 
 namespace MLCore {
 
-/// The exception that the library throws. It has two 16-bit numbers (class and message), the raw status of the operating
-/// system or of COM if there is one, and an optional text in code page 1252.
+/// The exception that the library throws. It has two 16-bit numbers (class and message), the raw status of the
+/// operating system or of COM if there is one, and an optional text in code page 1252.
 ///
 /// It is thrown by value, normally through a check of FailureChecks.h, and caught by reference:
 ///
@@ -21,8 +21,8 @@ namespace MLCore {
 ///         std::cerr << failure;  // MLCore failure 151: CORDER has no key 'custmer'; did you mean 'customer'?
 ///     }
 ///
-/// It does not derive from std::exception: `catch (const std::exception&)` does not catch it, and a program that does not
-/// catch it ends without showing the text. One exception object must be used by one thread at a time.
+/// It does not derive from std::exception: `catch (const std::exception&)` does not catch it, and a program that does
+/// not catch it ends without showing the text. One exception object must be used by one thread at a time.
 class MLCORE_API FrameworkException {
 public:
     /// The kind of a failure, which determines IsComErr() and the meaning of GetField().
@@ -43,8 +43,8 @@ public:
     explicit FrameworkException(unsigned int code) noexcept;
     /// The same with a text, which is copied.
     FrameworkException(unsigned int code, std::string_view text);
-    /// From a COM error: the numbers of its HRESULT, its error information with its own reference, and as text its description,
-    /// or the system's message when it has none.
+    /// From a COM error: the numbers of its HRESULT, its error information with its own reference, and as text its
+    /// description, or the system's message when it has none.
     explicit FrameworkException(const _com_error& error);
     /// From a standard exception: its what() as text and the code of the nearest standard class (ErrorCodes.h; a
     /// derived class counts as its base), kErrOtherException (134) for any other.
@@ -66,9 +66,9 @@ public:
     [[nodiscard]] IErrorInfo* GetErrorInfo() const noexcept;
     /// 1 for a COM error, else 0.
     [[nodiscard]] int IsComErr() const noexcept { return mKind == ComError ? 1 : 0; }
-    /// The text, or null. Owned by the exception, valid until the exception is assigned or destroyed.
-    /// If an exception without a text holds a failure HRESULT (bit 31 set), the first call looks it up in the system's
-    /// messages. A plain Win32 code (bit 31 clear) is never looked up, on purpose: failures of FailLastError() have no text.
+    /// The text, or null. Owned by the exception, valid until the exception is assigned or destroyed. If an exception
+    /// without a text holds a failure HRESULT (bit 31 set), the first call looks it up in the system's messages. A
+    /// plain Win32 code (bit 31 clear) is never looked up, on purpose: failures of FailLastError() have no text.
     [[nodiscard]] const char* GetText() const;
 
 private:
@@ -83,8 +83,8 @@ private:
     mutable char* mText = nullptr;
 };
 
-/// Writes "MLCore failure 151: " and the text; without a text the system's message for a system code, else DescribeFailure().
-/// The message number is added if it differs from the class ("1/0"), and the number of a field.
+/// Writes "MLCore failure 151: " and the text; without a text the system's message for a system code, else
+/// DescribeFailure(). The message number is added if it differs from the class ("1/0"), and the number of a field.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const FrameworkException& failure);
 
 }  // namespace MLCore

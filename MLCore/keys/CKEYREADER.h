@@ -8,7 +8,8 @@
 
 namespace MLCore {
 
-/// Reads what a CKEYWRITER wrote, from the first element to the last: a key stream. CXMLKEYREADER is the one that reads XML.
+/// Reads what a CKEYWRITER wrote, from the first element to the last: a key stream. CXMLKEYREADER is the one that reads
+/// XML.
 ///
 ///     if (reader.GetElementName() == "key") {
 ///         reader.BeginElement("key");
@@ -16,9 +17,9 @@ namespace MLCore {
 ///         reader.EndElement();
 ///     }
 ///
-/// The reader stands on an element: the next one at this level. BeginElement() enters it; from then on its attributes and its
-/// text can be read, and the reader stands on its first child. Everything unexpected fails with kErrValueType (138); the text of
-/// the failure begins with the place: "line 3, column 17, in <key>: attribute 'key' is missing".
+/// The reader stands on an element: the next one at this level. BeginElement() enters it; from then on its attributes
+/// and its text can be read, and the reader stands on its first child. Everything unexpected fails with kErrValueType
+/// (138); the text of the failure begins with the place: "line 3, column 17, in <key>: attribute 'key' is missing".
 class MLCORE_API CKEYREADER {
 public:
     /// Where a reader has come to.
@@ -34,13 +35,14 @@ public:
     [[nodiscard]] virtual int HasElement() = 0;
     /// Its name, until the reader is used again. Fails with kErrValueType when there is none.
     [[nodiscard]] virtual const std::string& GetElementName() = 0;
-    /// Enters the element that the reader stands on. Fails with kErrValueType when it has another name, or there is none.
+    /// Enters the element that the reader stands on. Fails with kErrValueType when it has another name, or there is
+    /// none.
     virtual void BeginElement(std::string_view name) = 0;
-    /// Leaves the element entered last. Fails with kErrValueType when it holds a child that was not read, an attribute that
-    /// was not asked for, or text other than blanks that was not taken.
+    /// Leaves the element entered last. Fails with kErrValueType when it holds a child that was not read, an attribute
+    /// that was not asked for, or text other than blanks that was not taken.
     virtual void EndElement() = 0;
-    /// 1 when the element entered last has the attribute, which counts as asked for. Must be called before a child of the
-    /// element is entered.
+    /// 1 when the element entered last has the attribute, which counts as asked for. Must be called before a child of
+    /// the element is entered.
     [[nodiscard]] virtual int HasAttribute(std::string_view name) = 0;
     /// The attribute's value, until the reader is used again. Fails with kErrValueType when there is none.
     [[nodiscard]] virtual const std::string& GetAttribute(std::string_view name) = 0;
@@ -49,8 +51,8 @@ public:
     /// The place of the tag read last.
     [[nodiscard]] virtual PLACE GetPlace() const noexcept = 0;
 
-    /// Fails with kErrValueType for something that was read and cannot be used. The text is the place and the parts, which are
-    /// those of FailWith(): `reader.FailHere(Quoted(value), " is not a date")`.
+    /// Fails with kErrValueType for something that was read and cannot be used. The text is the place and the parts,
+    /// which are those of FailWith(): `reader.FailHere(Quoted(value), " is not a date")`.
     template <class... Parts>
     [[noreturn]] void FailHere(const Parts&... parts) const;
 

@@ -12,22 +12,24 @@ namespace MLCore {
 class CISTREAM;
 class CRANDOMSTREAM;
 
-/// Reads a key stream from XML 1.0 in code page 1252 or, as other programs write it, in UTF-8 (docs/formats/keys.md). Comments
-/// and processing instructions are skipped. Everything else that a CXMLKEYWRITER does not write fails with kErrValueType (138): a
-/// character that the code page lacks, a document type, an unknown entity, mismatched tags, other names, text beside elements,
-/// and whatever exceeds CXMLKEYWRITER's limits. The text of the failure names line, column, element, and what was expected:
+/// Reads a key stream from XML 1.0 in code page 1252 or, as other programs write it, in UTF-8 (docs/formats/keys.md).
+/// Comments and processing instructions are skipped. Everything else that a CXMLKEYWRITER does not write fails with
+/// kErrValueType (138): a character that the code page lacks, a document type, an unknown entity, mismatched tags,
+/// other names, text beside elements, and whatever exceeds CXMLKEYWRITER's limits. The text of the failure names line,
+/// column, element, and what was expected:
 ///
 ///     line 3, column 17, in <compound>: </and> found, </compound> wanted
 ///
-/// Before the outermost element may stand, in this order: the byte-order mark of UTF-8, blanks, the declaration, then blanks,
-/// comments and instructions. So documents may follow each other in a stream, a reader for each. The declaration states
-/// version 1.0 first, then the encoding "windows-1252" or "UTF-8", in any case; without one it is UTF-8.
+/// Before the outermost element may stand, in this order: the byte-order mark of UTF-8, blanks, the declaration, then
+/// blanks, comments and instructions. So documents may follow each other in a stream, a reader for each. The
+/// declaration states version 1.0 first, then the encoding "windows-1252" or "UTF-8", in any case; without one it is
+/// UTF-8.
 ///
 /// Lines are counted from the first byte that the reader reads. A line ends with LF; a CR alone does not count.
 ///
 /// Reading takes linear time, and memory for the elements entered. When the outermost element has been left, the stream
-/// stands directly after it; one that is not a CRANDOMSTREAM is read byte by byte for that. After a failure the reader must not
-/// be used again. Then, and while it reads, the position of the stream is unspecified.
+/// stands directly after it; one that is not a CRANDOMSTREAM is read byte by byte for that. After a failure the reader
+/// must not be used again. Then, and while it reads, the position of the stream is unspecified.
 class MLCORE_API CXMLKEYREADER : public CKEYREADER {
 public:
     /// The stream must be open and must outlive the reader, which does not own it. Nothing is read yet.

@@ -12,7 +12,8 @@ namespace MLCore {
 
 class COSTREAM;
 
-/// Writes a key stream as XML 1.0 in code page 1252, without a document type (docs/formats/keys.md), one element per line:
+/// Writes a key stream as XML 1.0 in code page 1252, without a document type (docs/formats/keys.md), one element per
+/// line:
 ///
 ///     <?xml version="1.0" encoding="windows-1252"?>
 ///     <equal compType="caseInsensitive">
@@ -21,11 +22,11 @@ class COSTREAM;
 ///     </equal>
 ///
 /// The declaration is written with the first element. There is one outermost element; a second one fails with
-/// kErrValueType (138), and so does everything that the reader would refuse: the text of the failure names the element begun last
-/// and what cannot be written. A call that fails with kErrValueType changes nothing.
+/// kErrValueType (138), and so does everything that the reader would refuse: the text of the failure names the element
+/// begun last and what cannot be written. A call that fails with kErrValueType changes nothing.
 ///
-/// The stream gets raw writes of some thousand bytes; it has everything once the outermost element has ended. Its failures
-/// pass through; the writer must not be used after one.
+/// The stream gets raw writes of some thousand bytes; it has everything once the outermost element has ended. Its
+/// failures pass through; the writer must not be used after one.
 class MLCORE_API CXMLKEYWRITER : public CKEYWRITER {
 public:
     /// The stream must be open and must outlive the writer, which does not own it. Line ends are LF.

@@ -14,8 +14,8 @@ namespace MLCore {
 
 /// The part of a logger that does not depend on its policy: a channel's name, a level, and the current line.
 ///
-/// A logger must be used by one thread at a time; each thread may have its own logger of the same channel. A copy has the same
-/// state, with the current line and the format of numbers, and is independent from then on.
+/// A logger must be used by one thread at a time; each thread may have its own logger of the same channel. A copy has
+/// the same state, with the current line and the format of numbers, and is independent from then on.
 class MLCORE_API CLOGGERBASE {
 public:
     CLOGGERBASE(const CLOGGERBASE& other);
@@ -62,8 +62,8 @@ protected:
     /// Keeps the memory of a text from TakeStr() for the next line, unless it is large.
     void GiveBack(std::string&& text) noexcept;
 
-    /// Inserts a number as the stream does, in a fraction of the time. False, and nothing is inserted, when the stream has
-    /// failed or has another format or locale.
+    /// Inserts a number as the stream does, in a fraction of the time. False, and nothing is inserted, when the stream
+    /// has failed or has another format or locale.
     [[nodiscard]] bool InsertPlain(long long number);
     [[nodiscard]] bool InsertPlain(unsigned long long number);
     [[nodiscard]] bool InsertPlain(double number);

@@ -14,8 +14,8 @@
 
 namespace MLCore {
 
-/// A class that receives the lines of a logger, with `static void Write(const std::string& name, const std::string& text)`: the
-/// channel's name and the bare line, without its end.
+/// A class that receives the lines of a logger, with `static void Write(const std::string& name, const std::string&
+/// text)`: the channel's name and the bare line, without its end.
 template <class Policy>
 concept LOGPOLICY = requires(const std::string& name, const std::string& text) {
     Policy::Write(name, text);
@@ -56,8 +56,8 @@ public:
     CLOGGERBASIC& operator<<(std::ios_base& (*manipulator)(std::ios_base&));
     CLOGGERBASIC& operator<<(STREAMMANIPULATOR manipulator);
 
-    /// Passes the line to the policy when the logger is enabled, and always begins a new line. Exceptions of the policy pass
-    /// through.
+    /// Passes the line to the policy when the logger is enabled, and always begins a new line. Exceptions of the policy
+    /// pass through.
     void EndLine();
 };
 

@@ -19,22 +19,22 @@ namespace MLCore {
 ///
 /// One dot after the last word is accepted in both parts, on purpose: "john.@example.com.".
 ///
-/// Only the spelling is checked. The domain need not exist, and the lengths are not limited as in RFC 5321. Display names
-/// ("John <john@example.com>"), comments and spaces between words are refused. Letters outside ASCII are accepted only inside
-/// quotes and brackets, as bytes of any encoding.
+/// Only the spelling is checked. The domain need not exist, and the lengths are not limited as in RFC 5321. Display
+/// names ("John <john@example.com>"), comments and spaces between words are refused. Letters outside ASCII are accepted
+/// only inside quotes and brackets, as bytes of any encoding.
 ///
 ///     CEMAIL email("\"j@s\".smith@example.com");
 ///     email.IsValid();       // 1
 ///     email.GetLocalPart();  // "j@s".smith, with the quotes
 ///
-/// A value type. It holds any text, valid or not. No function fails, except for lack of memory (std::bad_alloc). Every function
-/// takes linear time.
+/// A value type. It holds any text, valid or not. No function fails, except for lack of memory (std::bad_alloc). Every
+/// function takes linear time.
 class MLCORE_API CEMAIL {
 public:
     /// Both parts are empty.
     CEMAIL() noexcept = default;
-    /// Splits at the first '@' with an even number of double quotes before it; quotes after a backslash count too. Without
-    /// such an '@' the whole text is the local part. Null means the empty text.
+    /// Splits at the first '@' with an even number of double quotes before it; quotes after a backslash count too.
+    /// Without such an '@' the whole text is the local part. Null means the empty text.
     CEMAIL(const char* address);
     /// Stores the parts unchanged. Null means the empty text.
     CEMAIL(const char* localPart, const char* domain);

@@ -1,8 +1,8 @@
 // The symbols that the shared library exports.
 //
 // Everything is hidden unless it is declared with MLCORE_API: the headers declare the whole binary interface.
-// MLCORE_BUILDING is defined while the library itself is compiled. MLCORE_STATIC is defined for a static library, which imports
-// and exports nothing; users of the library must define it too, and the build files do that for them.
+// MLCORE_BUILDING is defined while the library itself is compiled. MLCORE_STATIC is defined for a static library, which
+// imports and exports nothing; users of the library must define it too, and the build files do that for them.
 #pragma once
 
 #if __cplusplus < 202002L && (!defined(_MSVC_LANG) || _MSVC_LANG < 202002L)
@@ -28,8 +28,8 @@
 #define MLCORE_TEMPLATE_API __attribute__((visibility("default")))
 #endif
 
-// An instance of a class template that the library exports: declared in a header, defined in one source. Compilers differ in
-// which of the two exports it.
+// An instance of a class template that the library exports: declared in a header, defined in one source. Compilers
+// differ in which of the two exports it.
 #if defined(_MSC_VER) && defined(MLCORE_BUILDING)
 #define MLCORE_DECLARE_INSTANCE(...)
 #define MLCORE_DEFINE_INSTANCE(...) template class MLCORE_API __VA_ARGS__;

@@ -11,13 +11,14 @@ namespace MLCore::platform {
 /// Files as bytes, with 64-bit sizes and offsets. Nothing is buffered here.
 ///
 /// A path is narrow text: on Windows in the ANSI code page, elsewhere the bytes of the file system. After a failure
-/// LastError() returns the reason: 2 (on Windows also 3) not found, 5 access denied, 32 in use by others, 80 already exists,
-/// 87 invalid flags, offset or path, 112 disk full, 132 a file without offsets (a pipe, a terminal), 336 a folder.
+/// LastError() returns the reason: 2 (on Windows also 3) not found, 5 access denied, 32 in use by others, 80 already
+/// exists, 87 invalid flags, offset or path, 112 disk full, 132 a file without offsets (a pipe, a terminal), 336 a
+/// folder.
 ///
 /// All functions may be called from any thread; all users of a file share its offset.
 
-/// The path made absolute by the current folder. It stays unchanged when it is empty, when the system does not report the
-/// folder, or on Windows when the ANSI code page lacks a letter of the folder.
+/// The path made absolute by the current folder. It stays unchanged when it is empty, when the system does not report
+/// the folder, or on Windows when the ANSI code page lacks a letter of the folder.
 /// \throws std::bad_alloc
 [[nodiscard]] MLCORE_API std::string AbsolutePath(const char* path);
 
@@ -52,9 +53,9 @@ inline constexpr unsigned int kFileTruncate = 0x20;   ///< empties the file; mus
 
 /// Opens a file with its offset at 0. Never waits for the other end of a pipe. Child processes do not inherit the file.
 ///
-/// On Windows, others may only read a file that is open for writing. A file that is open for reading or appending may also be
-/// appended to, renamed and removed by others. So a file has one writer or several appenders, and any number of readers. Other
-/// systems restrict nobody.
+/// On Windows, others may only read a file that is open for writing. A file that is open for reading or appending may
+/// also be appended to, renamed and removed by others. So a file has one writer or several appenders, and any number of
+/// readers. Other systems restrict nobody.
 /// \return the file, or kNoFile. Folders are refused. A new file gets the system's usual permissions.
 [[nodiscard]] MLCORE_API FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept;
 
@@ -66,15 +67,16 @@ MLCORE_API bool FileClose(FILEHANDLE file) noexcept;
 /// \return the number of bytes; 0 only at the end or for count 0; -1 on failure.
 [[nodiscard]] MLCORE_API std::int64_t FileRead(FILEHANDLE file, void* buffer, std::size_t count) noexcept;
 
-/// Writes `count` bytes at the offset, or at the end of a file opened with kFileAppend, and moves the offset after them.
+/// Writes `count` bytes at the offset, or at the end of a file opened with kFileAppend, and moves the offset after
+/// them.
 ///
-/// Up to one GiB is passed to the system in one piece. A pipe without a reader and a file at its limit cause failures, not
-/// signals.
+/// Up to one GiB is passed to the system in one piece. A pipe without a reader and a file at its limit cause failures,
+/// not signals.
 /// \return the number of bytes written: `count`, or less after a failure.
 [[nodiscard]] MLCORE_API std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
 
-/// Writes as FileWrite does to a file opened with kFileAppend. Pieces of up to one GiB that several processes append by it do
-/// not mix. For one file it must be called by one thread at a time. It may wait for a lock.
+/// Writes as FileWrite does to a file opened with kFileAppend. Pieces of up to one GiB that several processes append by
+/// it do not mix. For one file it must be called by one thread at a time. It may wait for a lock.
 [[nodiscard]] MLCORE_API std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept;
 
 /// Moves the offset, counted from the beginning of the file; it may lie beyond the end.
@@ -83,7 +85,8 @@ MLCORE_API bool FileClose(FILEHANDLE file) noexcept;
 /// The size in bytes, or -1 on failure. The offset may change.
 [[nodiscard]] MLCORE_API std::int64_t FileSize(FILEHANDLE file) noexcept;
 
-/// Cuts the file or lengthens it by zeros. Needs kFileWrite, on Windows without kFileAppend. The offset does not change.
+/// Cuts the file or lengthens it by zeros. Needs kFileWrite, on Windows without kFileAppend. The offset does not
+/// change.
 [[nodiscard]] MLCORE_API bool FileResize(FILEHANDLE file, std::uint64_t size) noexcept;
 
 /// Removes the file of this path. Fails on Windows while others have it open for writing.

@@ -8,14 +8,14 @@ namespace MLCore::platform {
 
 /// Movable memory blocks that are identified by a handle. Streams and object values pass blocks of bytes in this form.
 ///
-/// A handle is not an address: a block must be locked to access its bytes, and only an unlocked block may move. On Windows
-/// these are the system's global blocks. On Linux the library manages them: it recognises and refuses a handle that was never
-/// returned or has been freed. A block may have hidden reserve, so that growth by small steps stays cheap; the reported size is
-/// always exactly the requested size.
+/// A handle is not an address: a block must be locked to access its bytes, and only an unlocked block may move. On
+/// Windows these are the system's global blocks. On Linux the library manages them: it recognises and refuses a handle
+/// that was never returned or has been freed. A block may have hidden reserve, so that growth by small steps stays
+/// cheap; the reported size is always exactly the requested size.
 ///
-/// After a failure LastError() returns the reason: 6 not a handle, 8 not enough memory, 87 an unsuitable size or flag. All
-/// functions may be called from any thread; the users of a block must synchronise access to its bytes. The receiver of a handle
-/// owns the block until it is freed.
+/// After a failure LastError() returns the reason: 6 not a handle, 8 not enough memory, 87 an unsuitable size or flag.
+/// All functions may be called from any thread; the users of a block must synchronise access to its bytes. The receiver
+/// of a handle owns the block until it is freed.
 
 /// Resizing may move a locked block; pointers from locking it are then invalid.
 inline constexpr unsigned int kGlobalMoveable = 0x0002;
@@ -38,8 +38,8 @@ inline constexpr unsigned int kGlobalZeroInit = 0x0040;
 ///         kGlobalMoveable.
 [[nodiscard]] MLCORE_API void* GlobalBlockReAlloc(void* block, std::size_t size, unsigned int flags = 0) noexcept;
 
-/// Adds a lock to a block and returns its first byte, which stays in place until the last lock is removed. Windows counts
-/// 255 locks.
+/// Adds a lock to a block and returns its first byte, which stays in place until the last lock is removed. Windows
+/// counts 255 locks.
 ///
 /// \return null, without a lock, when `block` is not a handle or has no bytes.
 [[nodiscard]] MLCORE_API void* GlobalBlockLock(void* block) noexcept;

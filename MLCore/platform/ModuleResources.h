@@ -16,9 +16,9 @@ namespace MLCore::platform {
 /// 65535, given as `"#123"` or as a pointer with that value. The type is a number from 1 to 65535; 10 is plain data. An
 /// empty file is not found, and words of Windows's resource scripts (MENU, VALUE) must not be names there.
 ///
-/// A module handle is the result of loading the module: on Windows the `HMODULE`, on Linux the result of `dlopen`. Null means
-/// the program itself. All functions may be called from any thread. Nothing needs to be released: the bytes live as long as
-/// the module is loaded.
+/// A module handle is the result of loading the module: on Windows the `HMODULE`, on Linux the result of `dlopen`. Null
+/// means the program itself. All functions may be called from any thread. Nothing needs to be released: the bytes live
+/// as long as the module is loaded.
 
 /// The module that contains the function or the static object at `address`; null when no module does.
 [[nodiscard]] MLCORE_API HINSTANCE ModuleOf(const void* address) noexcept;
@@ -26,8 +26,8 @@ namespace MLCore::platform {
 /// Finds a resource; null when the module has no resource of this name and type, or `name` is null.
 [[nodiscard]] MLCORE_API HRSRC FindModuleResource(HINSTANCE module, const char* name, unsigned short type) noexcept;
 
-/// Loads a resource: a handle for LockModuleResource; null for a null resource. Here and below the resource must be one of
-/// this module.
+/// Loads a resource: a handle for LockModuleResource; null for a null resource. Here and below the resource must be one
+/// of this module.
 [[nodiscard]] MLCORE_API void* LoadModuleResource(HINSTANCE module, HRSRC resource) noexcept;
 
 /// The first byte of a loaded resource; null for null. The bytes are read-only.
@@ -38,11 +38,12 @@ namespace MLCore::platform {
 
 #if !defined(_WIN32)
 
-/// A resource of the module that defines this object. `mlcore_add_resources` defines such static objects. The resource can be
-/// found as long as the object lives.
+/// A resource of the module that defines this object. `mlcore_add_resources` defines such static objects. The resource
+/// can be found as long as the object lives.
 class MLCORE_API RESOURCEREGISTRATION {
 public:
-    /// \param name  `NAME` or `"#123"`. The name and the `size` bytes at `data` must lie in the module and outlive the object.
+    /// \param name  `NAME` or `"#123"`. The name and the `size` bytes at `data` must lie in the module and outlive the
+    /// object.
     RESOURCEREGISTRATION(const char* name, unsigned short type, const void* data, std::size_t size) noexcept;
     ~RESOURCEREGISTRATION();
     RESOURCEREGISTRATION(const RESOURCEREGISTRATION&) = delete;

@@ -13,13 +13,14 @@ namespace MLCore::platform {
 /// Sizes of sealed memory must be multiples of this.
 inline constexpr std::size_t kSealBlockSize = 16;
 
-/// Belongs to one sealing of one piece of memory. The owner of the memory must keep it unchanged until the memory is opened.
+/// Belongs to one sealing of one piece of memory. The owner of the memory must keep it unchanged until the memory is
+/// opened.
 struct MEMORYSEAL {
     unsigned char nonce[24] = {};
 };
 
-/// Zeroed memory of `size` bytes. If the system allows it, the memory is kept out of the swap file and, on Linux, out of core
-/// dumps. Each piece takes whole pages: the function is meant for a few secrets.
+/// Zeroed memory of `size` bytes. If the system allows it, the memory is kept out of the swap file and, on Linux, out
+/// of core dumps. Each piece takes whole pages: the function is meant for a few secrets.
 ///
 /// \param size  a positive multiple of kSealBlockSize.
 /// \return null for another size or without memory.
@@ -33,8 +34,8 @@ MLCORE_API void FreeSecret(void* memory, std::size_t size) noexcept;
 /// \param size  a multiple of kSealBlockSize.
 /// \param seal  receives what OpenMemory needs. The same bytes look different after each sealing on Linux; Windows
 ///              uses its own protection with a key of the process and leaves the seal alone.
-/// \return true when sealed; false, with the memory unchanged, for another size or when the system fails. Sealed memory must
-///         not be sealed again.
+/// \return true when sealed; false, with the memory unchanged, for another size or when the system fails. Sealed memory
+///         must not be sealed again.
 [[nodiscard]] MLCORE_API bool SealMemory(void* memory, std::size_t size, MEMORYSEAL& seal) noexcept;
 
 /// Makes sealed memory readable again. The seal and the size must be those of the sealing.

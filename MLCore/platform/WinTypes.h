@@ -5,8 +5,8 @@
 ///
 /// This header is for source files only: no other public header includes it, because on Windows it is `<windows.h>`
 /// with all its macros. On Linux it defines the same names with the same meaning, so that an application compiles
-/// unchanged. Two widths may surprise: `LONG`, `DWORD`, `ULONG` and `HRESULT` have 32 bits, and a wide character, also in a
-/// BSTR, is a 4-byte `wchar_t`.
+/// unchanged. Two widths may surprise: `LONG`, `DWORD`, `ULONG` and `HRESULT` have 32 bits, and a wide character, also
+/// in a BSTR, is a 4-byte `wchar_t`.
 
 #include <MLCore/platform/ForwardTypes.h>
 
@@ -128,7 +128,8 @@ typedef const IID& REFIID;
 /// SysFreeString.
 [[nodiscard]] MLCORE_API BSTR SysAllocString(const OLECHAR* text) noexcept;
 
-/// A new BSTR of `length` characters, copied from `text`, or uninitialised when `text` is null. It always ends with a zero.
+/// A new BSTR of `length` characters, copied from `text`, or uninitialised when `text` is null. It always ends with a
+/// zero.
 [[nodiscard]] MLCORE_API BSTR SysAllocStringLen(const OLECHAR* text, UINT length) noexcept;
 
 /// Frees a BSTR.
@@ -139,8 +140,8 @@ MLCORE_API void SysFreeString(BSTR text) noexcept;
 
 /// Owns a BSTR and converts between wide text and narrow text in code page 1252.
 ///
-/// A character that the code page lacks becomes '?' in narrow text. Copies are deep. The narrow text is made at the first
-/// use and belongs to the object: concurrent first uses of one object need a lock.
+/// A character that the code page lacks becomes '?' in narrow text. Copies are deep. The narrow text is made at the
+/// first use and belongs to the object: concurrent first uses of one object need a lock.
 class MLCORE_API _bstr_t {
 public:
     _bstr_t() noexcept = default;
@@ -175,7 +176,8 @@ protected:
     ~IUnknown() = default;
 };
 
-/// A component's description of a failure. Every text returned belongs to the caller, who must free it with SysFreeString.
+/// A component's description of a failure. Every text returned belongs to the caller, who must free it with
+/// SysFreeString.
 struct IErrorInfo : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE GetGUID(GUID* guid) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetSource(BSTR* source) = 0;
@@ -200,8 +202,8 @@ public:
     [[nodiscard]] IErrorInfo* ErrorInfo() const noexcept;  ///< with a reference for the caller, or null
     [[nodiscard]] _bstr_t Description() const;             ///< the description in the error information, or empty
 
-    /// The system's message for the code, or a text made of the code: see platform::ReadComError. It belongs to the object and
-    /// is made at the first use: concurrent first uses of one object need a lock.
+    /// The system's message for the code, or a text made of the code: see platform::ReadComError. It belongs to the
+    /// object and is made at the first use: concurrent first uses of one object need a lock.
     [[nodiscard]] const char* ErrorMessage() const;
 
     /// n for 0x80040200 + n up to 0x8004FFFF, the codes that dispatch interfaces define for themselves; else 0.
@@ -279,8 +281,8 @@ MLCORE_API void VariantInit(VARIANT* variant) noexcept;
 /// \return S_OK; E_INVALIDARG for null; DISP_E_BADVARTYPE, with nothing changed, for an unknown type.
 MLCORE_API HRESULT VariantClear(VARIANT* variant) noexcept;
 
-/// Clears `*destination` and copies `*source` into it: a text is copied, an object gets one more reference. Both may be the
-/// same variant.
+/// Clears `*destination` and copies `*source` into it: a text is copied, an object gets one more reference. Both may be
+/// the same variant.
 ///
 /// \return S_OK; E_INVALIDARG for null; DISP_E_BADVARTYPE, when either type is unknown, or E_OUTOFMEMORY, both with
 ///         nothing changed.
@@ -288,9 +290,9 @@ MLCORE_API HRESULT VariantCopy(VARIANT* destination, const VARIANT* source) noex
 
 /// Owns a variant. It has the fields of the structure, and a plain variant may be copied into it.
 ///
-/// Conversions return the value when it has exactly the wanted type; they throw _com_error(DISP_E_TYPEMISMATCH) for any other
-/// type. An assignment also sets the type. A `long` that needs more than 32 bits throws _com_error(DISP_E_OVERFLOW). Without
-/// memory, std::bad_alloc is thrown.
+/// Conversions return the value when it has exactly the wanted type; they throw _com_error(DISP_E_TYPEMISMATCH) for any
+/// other type. An assignment also sets the type. A `long` that needs more than 32 bits throws
+/// _com_error(DISP_E_OVERFLOW). Without memory, std::bad_alloc is thrown.
 class MLCORE_API _variant_t : public tagVARIANT {
 public:
     _variant_t() noexcept;
@@ -299,8 +301,8 @@ public:
     _variant_t(const _variant_t& other);
     _variant_t(_variant_t&& other) noexcept;  ///< `other` becomes empty
 
-    /// These three set the given type. It may be VT_I2 or VT_BOOL for a short; VT_I4, VT_ERROR or VT_BOOL for a long; VT_R8 or
-    /// VT_DATE for a double. Other types throw _com_error(E_INVALIDARG).
+    /// These three set the given type. It may be VT_I2 or VT_BOOL for a short; VT_I4, VT_ERROR or VT_BOOL for a long;
+    /// VT_R8 or VT_DATE for a double. Other types throw _com_error(E_INVALIDARG).
     _variant_t(short value, VARTYPE type = VT_I2);
     _variant_t(long value, VARTYPE type = VT_I4);
     _variant_t(double value, VARTYPE type = VT_R8);
@@ -339,7 +341,8 @@ public:
 
     void Clear();  ///< frees its value and becomes empty; _com_error(DISP_E_BADVARTYPE) for an unknown type
 
-    /// Equal when type and value are equal: texts by their characters, objects by identity. Unknown types are never equal.
+    /// Equal when type and value are equal: texts by their characters, objects by identity. Unknown types are never
+    /// equal.
     friend MLCORE_API bool operator==(const VARIANT& left, const VARIANT& right) noexcept;
 };
 
@@ -350,8 +353,8 @@ inline constexpr UINT GMEM_MOVEABLE = 0x0002;
 inline constexpr UINT GMEM_ZEROINIT = 0x0040;
 inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
-/// A new block of exactly `size` bytes, or null. `flags` must be GMEM_MOVEABLE with or without GMEM_ZEROINIT; the result is
-/// null for others.
+/// A new block of exactly `size` bytes, or null. `flags` must be GMEM_MOVEABLE with or without GMEM_ZEROINIT; the
+/// result is null for others.
 [[nodiscard]] MLCORE_API HGLOBAL GlobalAlloc(UINT flags, SIZE_T size) noexcept;
 
 /// Resizes a block; returns its handle, or null with the block unchanged. `flags` is 0, GMEM_MOVEABLE (a locked block

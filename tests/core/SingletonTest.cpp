@@ -93,8 +93,8 @@ constexpr int kMadeAtTheEnd = 0;  // Wine forgets what is registered meanwhile
 constexpr int kMadeAtTheEnd = 1;
 #endif
 
-// Ends the process after two creations and one Free(), and makes another instance when the last is gone; its status is the
-// number of instances released by then.
+// Ends the process after two creations and one Free(), and makes another instance when the last is gone; its status is
+// the number of instances released by then.
 template <class Policy>
 void EndProcess() {
     using SINGLETON = CCOUNTED<Policy>;

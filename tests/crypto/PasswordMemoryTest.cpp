@@ -24,7 +24,8 @@ constexpr const char* kTail = kMasked + 16;
 constexpr std::size_t kTailLength = sizeof(kMasked) - 1 - 16;
 volatile char gMask = 0x15;
 
-/// One region of memory after the other. The region that this stands in is too large for it, and so are a sanitizer's tables.
+/// One region of memory after the other. The region that this stands in is too large for it, and so are a sanitizer's
+/// tables.
 char gRegion[1U << 26];
 
 template <class Character>

@@ -68,7 +68,8 @@ TEST(PasswordTest, TheOthersHoldEachClass) {
     }
 }
 
-// 4 characters: 24 orders of 22 * 22 * 9 * 13 choices. 5: 60 orders, and one of the 66 twice. The longest by exact integers.
+// 4 characters: 24 orders of 22 * 22 * 9 * 13 choices. 5: 60 orders, and one of the 66 twice. The longest by exact
+// integers.
 TEST(PasswordTest, EntropyCountsTheTexts) {
     EXPECT_NEAR(CPASSWORD::SecureEntropy(4), std::log2(24.0 * 22 * 22 * 9 * 13), 1e-11);
     EXPECT_NEAR(CPASSWORD::SecureEntropy(5), std::log2(60.0 * 22 * 22 * 9 * 13 * 66), 1e-11);
@@ -76,7 +77,8 @@ TEST(PasswordTest, EntropyCountsTheTexts) {
     EXPECT_EQ(FailureOf([] { return CPASSWORD::SecureEntropy(3); }), kErrInvalidArgument);
 }
 
-/// The share of texts of `length` over `left` of the characters, among all, that hold one of each class from the `i`th on.
+/// The share of texts of `length` over `left` of the characters, among all, that hold one of each class from the `i`th
+/// on.
 double Share(double length, std::size_t i, double left, std::size_t without = 4) {
     if (i == without) {
         return Share(length, i + 1, left, without);
@@ -86,9 +88,9 @@ double Share(double length, std::size_t i, double left, std::size_t without = 4)
                   : Share(length, i + 1, left, without) - Share(length, i + 1, left - size, without);
 }
 
-/// Whether texts of 12 characters are evenly drawn from those with all classes: Pearson's statistic, for each position and for
-/// all together. By Laurent and Massart it exceeds k + 2 sqrt(kx) + 2x with a probability below exp(-x) for k degrees of
-/// freedom: with x = 24, below 5e-10 for all 13 statistics.
+/// Whether texts of 12 characters are evenly drawn from those with all classes: Pearson's statistic, for each position
+/// and for all together. By Laurent and Massart it exceeds k + 2 sqrt(kx) + 2x with a probability below exp(-x) for k
+/// degrees of freedom: with x = 24, below 5e-10 for all 13 statistics.
 bool IsEven(const std::function<std::string()>& draw) {
     constexpr int kDraws = 4000;
     constexpr double kLimit = 65 + 2 * 39.5 + 2 * 24;

@@ -1,6 +1,6 @@
 // Memory that ends: each allocation of each scenario fails in turn, once or from then on. The scenario fails with
-// std::bad_alloc or a told failure or goes on without that memory; it loses nothing, changes nothing by half, and works when
-// it is tried again. The program holds the library itself, so that it allocates here.
+// std::bad_alloc or a told failure or goes on without that memory; it loses nothing, changes nothing by half, and works
+// when it is tried again. The program holds the library itself, so that it allocates here.
 #include <MLCore/MLCore.h>
 #include <MLCore/platform/File.h>
 #include <MLCore/platform/WinTypes.h>

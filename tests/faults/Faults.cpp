@@ -18,7 +18,8 @@
 
 FAULTS gFaults;
 
-// Every form but those of over-aligned types, which the library has none of: a sanitizer brings its own of what is missing.
+// Every form but those of over-aligned types, which the library has none of: a sanitizer brings its own of what is
+// missing.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* const memory = gFaults.Fails(FAULTS::Kind::Memory) ? nullptr : std::malloc(size != 0 ? size : 1);
     gFaults.live += memory != nullptr ? 1 : 0;

@@ -57,7 +57,8 @@ struct SCENARIO {
     int told = kIoFailure;
 };
 
-/// What an armed call throws: 0 for nothing, 1 for std::bad_alloc, 2 for what must not be, else the number of the failure.
+/// What an armed call throws: 0 for nothing, 1 for std::bad_alloc, 2 for what must not be, else the number of the
+/// failure.
 template <class STATE>
 int FailureOf(const SCENARIO<STATE>& scenario, STATE& state) {
     int failure = 0;

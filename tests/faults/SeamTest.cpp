@@ -1,6 +1,6 @@
-// A system that fails: each of its calls in each scenario fails in turn, once or from then on, is interrupted, or reads and
-// writes a part only, after which the disk may be full. The first two are told by the code of the failure or go on without;
-// the others are not noticed. Nothing is lost or changed by half, and all works when the system does again.
+// A system that fails: each of its calls in each scenario fails in turn, once or from then on, is interrupted, or reads
+// and writes a part only, after which the disk may be full. The first two are told by the code of the failure or go on
+// without; the others are not noticed. Nothing is lost or changed by half, and all works when the system does again.
 #include <MLCore/MLCore.h>
 #include <MLCore/platform/DebugOutput.h>
 #include <MLCore/platform/File.h>

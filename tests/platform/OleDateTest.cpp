@@ -23,7 +23,8 @@ constexpr ROW kRows[] = {{{1899, 12, 30}, 0.0},        {{1900, 1, 4}, 5.0},
                          {{100, 1, 1}, -657434.0},     {{100, 1, 1, 12}, -657434.5},
                          {{9999, 12, 31}, 2958465.0},  {{9999, 12, 31, 23, 59, 59}, 2958465.0 + 86399.0 / 86400.0}};
 
-/// Fields that are no date of their own, but give one; and two-digit years, of which Windows reads 30 to 49 differently.
+/// Fields that are no date of their own, but give one; and two-digit years, of which Windows reads 30 to 49
+/// differently.
 constexpr ROW kRolling[] = {{{2023, 2, 30}, 44987.0},     {{2023, 1, 0}, 44926.0},
                             {{2023, 0, 1}, 44896.0},      {{2023, 13, 1}, 45292.0},
                             {{2023, 25, 1}, 45658.0},     {{2023, 100, 1}, 47939.0},

@@ -11,14 +11,15 @@ namespace MLCore {
 
 class COBJECT;
 
-/// Keeps one class registered with the object factory while its module is loaded. MLCORE_REGISTER_CLASS defines one as a
-/// static object. A factory that is created again after COBJECTFACTORY::Free() registers the classes of all registrars again.
+/// Keeps one class registered with the object factory while its module is loaded. MLCORE_REGISTER_CLASS defines one as
+/// a static object. A factory that is created again after COBJECTFACTORY::Free() registers the classes of all
+/// registrars again.
 class MLCORE_API CLASSREGISTRAR {
 public:
     using CREATOR = CSHAREOBJECTPTR<COBJECT> (*)();
 
-    /// `className` must be spelled as FactoryNameOf() does; `classIdentifier` may be null. A null `creator` means that the
-    /// class cannot be created: nothing is registered.
+    /// `className` must be spelled as FactoryNameOf() does; `classIdentifier` may be null. A null `creator` means that
+    /// the class cannot be created: nothing is registered.
     CLASSREGISTRAR(std::string className, const char* classIdentifier, CREATOR creator);
     ~CLASSREGISTRAR();
     CLASSREGISTRAR(const CLASSREGISTRAR&) = delete;

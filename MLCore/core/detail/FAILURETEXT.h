@@ -9,8 +9,8 @@
 
 namespace MLCore {
 
-/// The text of a failure, composed without allocations, so that it can also report a lack of memory. A text that does not fit
-/// is cut and ends in "...".
+/// The text of a failure, composed without allocations, so that it can also report a lack of memory. A text that does
+/// not fit is cut and ends in "...".
 class FAILURETEXT {
 public:
     FAILURETEXT() = default;

@@ -15,8 +15,8 @@ char Lower(char letter) noexcept {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-/// How many single changes lead from one text to the other: a letter put in, taken out, replaced, or swapped with the next
-/// one (the optimal string alignment distance; three rows of its matrix are kept).
+/// How many single changes lead from one text to the other: a letter put in, taken out, replaced, or swapped with the
+/// next one (the optimal string alignment distance; three rows of its matrix are kept).
 std::size_t Distance(std::string_view left, std::string_view right) noexcept {
     using ROW = std::array<std::size_t, kMaxLength + 1>;
     ROW beforeLast{};

@@ -11,8 +11,8 @@
 
 namespace MLCore {
 
-/// Buffers the bytes of a log file. They wait until they are flushed or make 64 KiB, and are written in one piece. While no
-/// file is open they are dropped.
+/// Buffers the bytes of a log file. They wait until they are flushed or make 64 KiB, and are written in one piece.
+/// While no file is open they are dropped.
 class LOGOUTPUT final : public std::streambuf {
 public:
     LOGOUTPUT() = default;

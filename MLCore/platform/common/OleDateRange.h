@@ -8,8 +8,8 @@
 
 namespace MLCore::platform {
 
-/// True when a DATE lies in the range, which is strictly between these two numbers: the fraction of a negative DATE is added to
-/// the day. False for a NaN.
+/// True when a DATE lies in the range, which is strictly between these two numbers: the fraction of a negative DATE is
+/// added to the day. False for a NaN.
 [[nodiscard]] constexpr bool IsOleDate(double date) noexcept { return date > -657435.0 && date < 2958466.0; }
 
 /// True when the year can be converted and the other fields fit 16 bits, as Windows stores them.

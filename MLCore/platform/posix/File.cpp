@@ -141,8 +141,8 @@ std::int64_t FileRead(FILEHANDLE file, void* buffer, std::size_t count) noexcept
 }
 
 std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
-    // A pipe that nobody reads any more and a file that has reached its limit are failures as others, and must not end the
-    // process.
+    // A pipe that nobody reads any more and a file that has reached its limit are failures as others, and must not end
+    // the process.
     const WRITESIGNALGUARD guard;
     const char* const bytes = static_cast<const char*>(buffer);
     std::size_t done = 0;
