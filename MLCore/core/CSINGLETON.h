@@ -27,7 +27,7 @@ struct MLCORE_TEMPLATE_API noautorelease {};
 /// If several modules use the class, one of them must own the instance. Two lines at global scope make it the owner: in
 /// the header, before the class, `extern template class EXPORT MLCore::CSINGLETON<app::CMANAGER,
 /// MLCore::autorelease>;`, and in the source `template class MLCore::CSINGLETON<app::CMANAGER, MLCore::autorelease>;`.
-/// Otherwise each module may have an instance of its own. (With g++ a module that exports such an instance is only
+/// Otherwise each module may have its own instance. (With g++ a module that exports such an instance is only
 /// unloaded before the process ends when it is compiled with -fno-gnu-unique, as this library is.)
 template <class T, class Policy>
 class MLCORE_TEMPLATE_API CSINGLETON {

@@ -12,7 +12,7 @@ template <class... Classes, class Object>
 [[nodiscard]] bool IsExactly(const Object& object) noexcept {
     static_assert(sizeof...(Classes) > 0, "name the classes: IsExactly<CVALUEOBJECT>(object)");
     const std::type_info& type = typeid(object);
-    // The addresses first: they nearly always answer. Only modules with descriptions of their own need the names.
+    // First by address, which nearly always decides. Only modules with their own descriptions need the names.
     return ((&type == &typeid(Classes)) || ...) || ((type == typeid(Classes)) || ...);
 }
 

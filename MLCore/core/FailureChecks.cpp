@@ -12,9 +12,7 @@ namespace {
 
 void AddSystemMessage(FAILURETEXT& text, unsigned int code) noexcept {
     try {
-        std::string message = platform::SystemMessage(platform::ResultOfSystemCode(code));
-        message.erase(message.find_last_not_of(" .\r\n") + 1);
-        if (!message.empty()) {
+        if (const std::string message = SystemReason(code); !message.empty()) {
             text.Add(": ");
             text.Add(message);
         }

@@ -1,6 +1,7 @@
 #include <MLCore/core/FrameworkException.h>
 
 #include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/detail/FAILURETEXT.h>
 #include <MLCore/platform/ComError.h>
 #include <MLCore/platform/LastError.h>
 
@@ -42,7 +43,7 @@ struct STANDARDCODE {
     short code;
 };
 
-// Derived classes stand before their bases: the first match decides. 122 is no gap to fill, it stays unused.
+// Derived classes stand before their bases: the first match decides. 122 stays unused on purpose.
 constexpr STANDARDCODE kStandardCodes[] = {
     {Is<std::bad_alloc>, kErrNull},
     {Is<std::bad_exception>, kErrBadException},
@@ -64,11 +65,7 @@ std::string TextOf(const FrameworkException& failure) {
     if (const char* const text = failure.GetText(); text != nullptr && *text != '\0') {
         return text;
     }
-    std::string message;
-    if (failure.GetCode() != 0) {
-        message = platform::SystemMessage(platform::ResultOfSystemCode(failure.GetCode()));
-        message.erase(message.find_last_not_of(" .\r\n") + 1);
-    }
+    const std::string message = failure.GetCode() != 0 ? SystemReason(failure.GetCode()) : std::string();
     return !message.empty() ? message : DescribeFailure(failure.GetClass());
 }
 

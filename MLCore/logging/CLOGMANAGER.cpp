@@ -132,8 +132,8 @@ LOGSTATE& State() {
     return *state;
 }
 
-/// At the end of the program no line waits any more. A thread may log just then; but the lock is not waited for without
-/// end: Windows has ended other threads by now, wherever they were.
+/// Writes the waiting lines at the end of the program. A thread may log at that time, so the lock is needed, but the
+/// wait is limited: Windows may have ended a thread that holds it.
 struct LASTFLUSH {
     LASTFLUSH() { State(); }
     ~LASTFLUSH() {

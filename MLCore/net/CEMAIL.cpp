@@ -9,7 +9,7 @@ namespace MLCore {
 
 namespace {
 
-// How a word is enclosed that is no atom, and what only a backslash lets in.
+// The enclosing characters of a word that is not an atom, and the characters that need a backslash in it.
 struct ENCLOSURE {
     char open;
     char close;
@@ -40,7 +40,7 @@ std::size_t SkipAtom(std::string_view text, std::size_t at) noexcept {
     return at > start ? at : kWrong;
 }
 
-// The place behind the word's closing character; its opening one is at `at`.
+// The place after the word's closing character; its opening one is at `at`.
 std::size_t SkipEnclosed(std::string_view text, std::size_t at, const ENCLOSURE& enclosure) noexcept {
     while (++at < text.size()) {
         const char c = text[at];

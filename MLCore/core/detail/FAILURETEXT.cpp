@@ -1,5 +1,7 @@
 #include <MLCore/core/detail/FAILURETEXT.h>
 
+#include <MLCore/platform/LastError.h>
+
 #include <algorithm>
 #include <charconv>
 
@@ -10,6 +12,12 @@ namespace {
 constexpr std::string_view kCut = "...";
 
 }  // namespace
+
+std::string SystemReason(unsigned int code) {
+    std::string message = platform::SystemMessage(platform::ResultOfSystemCode(code));
+    message.erase(message.find_last_not_of(" .\r\n") + 1);
+    return message;
+}
 
 FAILURETEXT::FAILURETEXT(std::initializer_list<FAILUREPART> parts) noexcept {
     for (const FAILUREPART& part : parts) {

@@ -5,9 +5,14 @@
 #include <array>
 #include <cstddef>
 #include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace MLCore {
+
+/// The system's message for a Win32 code or an HRESULT, without the blanks, the full stop and the line end at its end;
+/// empty when the system has none.
+[[nodiscard]] std::string SystemReason(unsigned int code);
 
 /// The text of a failure, composed without allocations, so that it can also report a lack of memory. A text that does
 /// not fit is cut and ends in "...".

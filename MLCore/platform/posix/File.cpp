@@ -17,7 +17,7 @@ namespace {
 
 static_assert(sizeof(off_t) == sizeof(std::int64_t));
 
-/// The system takes less than 2 GiB at once.
+/// The system takes less than 2 GiB in one call.
 constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
 
 /// Repeats a system call that a signal interrupts.
@@ -53,7 +53,8 @@ int SystemFlags(unsigned int flags) noexcept {
     return result;
 }
 
-/// A folder can be opened for reading, but not read; what is no plain file is to wait for its data.
+/// Refuses a folder, which can be opened but not read, and lets anything else that is not a plain file wait for its
+/// data.
 bool Settle(int descriptor) noexcept {
     struct stat status = {};
     if (fstat(descriptor, &status) != 0) {
@@ -69,7 +70,7 @@ bool Settle(int descriptor) noexcept {
     return flags != -1 && fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) != -1;
 }
 
-/// Keeps back from this thread the signals that tell of a failing write, and takes away the one that came.
+/// Blocks the signals of a failing write in this thread, and removes one that was raised.
 class WRITESIGNALGUARD {
 public:
     WRITESIGNALGUARD() noexcept {
@@ -141,8 +142,7 @@ std::int64_t FileRead(FILEHANDLE file, void* buffer, std::size_t count) noexcept
 }
 
 std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
-    // A pipe that nobody reads any more and a file that has reached its limit are failures as others, and must not end
-    // the process.
+    // A pipe without a reader and a file at its limit are failures like others, and must not end the process.
     const WRITESIGNALGUARD guard;
     const char* const bytes = static_cast<const char*>(buffer);
     std::size_t done = 0;

@@ -47,8 +47,8 @@ BLOCKTABLE& Table() noexcept {
     return table;
 }
 
-/// The system promises more memory than there is and ends the process that uses it, so the library asks before. A
-/// system that does not tell refuses nothing.
+/// The system promises more memory than it has and ends the process that uses it, so the library asks before. If the
+/// system does not report its memory, nothing is refused.
 std::size_t PhysicalMemory() noexcept {
     static const std::size_t bytes = [] {
         const long pages = sysconf(_SC_PHYS_PAGES);

@@ -33,7 +33,7 @@ std::string SettingsFolder() {
     return home != nullptr && home[0] == '/' ? std::string(home) + "/.config" : std::string();
 }
 
-/// The content of a settings file; empty for what is no plain file, or larger than anybody's settings are.
+/// The content of a settings file; empty if it is not a plain file or is too large for settings.
 std::string ContentOf(const std::string& path) {
     constexpr std::int64_t kMostBytes = 1024 * 1024;
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

@@ -69,7 +69,7 @@ HRESULT VarUdateFromDate(DATE date, ULONG flags, UDATE* udate) noexcept {
     return S_OK;
 }
 
-// A BSTR points behind the 32-bit length of its text in bytes.
+// A BSTR points to the characters, which follow the 32-bit length of the text in bytes.
 
 BSTR SysAllocString(const OLECHAR* text) noexcept {
     if (text == nullptr) {

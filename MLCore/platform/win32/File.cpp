@@ -116,8 +116,8 @@ std::size_t FileWrite(FILEHANDLE file, const void* buffer, std::size_t count) no
 }
 
 std::size_t FileAppend(FILEHANDLE file, const void* buffer, std::size_t count) noexcept {
-    // Not every file system finds the end and writes there in one step, so those who append take turns: the lock is on
-    // a byte that no file reaches, and keeps nobody else out. Where there are no locks, it goes without.
+    // Not every file system finds the end and writes there in one step, so appending processes take turns. The lock is
+    // on a byte that no file reaches, so it excludes nobody else. A file system without locks is used without them.
     OVERLAPPED range = {};
     range.OffsetHigh = 0x7FFFFFFE;
     const bool isLocked = LockFileEx(Handle(file), LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &range) != 0;
