@@ -19,7 +19,9 @@ struct FAILURE {
     friend bool operator==(const FAILURE&, const FAILURE&) = default;
     /// A failure is its message number where its class is the same number, as with all but a few: those are compared
     /// as a whole, like the (1, 0) of FailFALSE(). 0 is no failure.
-    friend bool operator==(const FAILURE& failure, int msg) { return failure.msg == msg && failure.errorClass == msg; }
+    friend bool operator==(const FAILURE& failure, int number) {
+        return failure.msg == number && failure.errorClass == number;
+    }
 
     friend std::ostream& operator<<(std::ostream& out, const FAILURE& failure) {
         if (failure == FAILURE()) {
