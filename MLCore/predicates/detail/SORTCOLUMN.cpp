@@ -76,16 +76,6 @@ std::uint64_t SORTCOLUMN::LeadOf(std::size_t place) const {
     return mIsDescending ? ~key.order : key.order;
 }
 
-int SORTCOLUMN::Compare(std::size_t a, std::size_t b) const {
-    const SORTKEY& x = mKeys[a];
-    const SORTKEY& y = mKeys[b];
-    if (x.hasValue != y.hasValue) {
-        return x.hasValue == mHasNullsFirst ? 1 : -1;
-    }
-    const int order = Order(x, y);
-    return mIsDescending ? -order : order;
-}
-
 void SORTCOLUMN::ReadNumber(SORTKEY& key, CVALUEOBJECT& value) {
     key.order = OrderOfNumber(NumberOf(value.GetValue()));
 }
@@ -175,7 +165,8 @@ void SORTCOLUMN::PrepareTexts(SORTRULE::Texts texts) {
     } else if (std::ranges::all_of(mKeys, isPlain)) {
         mTextOrder = TextOrderOf(mOption);
     }
-    if (mTextOrder != TextOrderOf(OPTION::CaseSensitive)) {
+    mIsByBytes = mTextOrder == TextOrderOf(OPTION::CaseSensitive);
+    if (!mIsByBytes) {
         return;
     }
     // Texts that compare by their bytes have the order of the first ones.
@@ -189,18 +180,12 @@ void SORTCOLUMN::PrepareTexts(SORTRULE::Texts texts) {
     }
 }
 
-int SORTCOLUMN::Order(const SORTKEY& a, const SORTKEY& b) const {
-    if (a.order != b.order) {
-        return a.order < b.order ? -1 : 1;
-    }
-    if (!a.value || !b.value) {
-        return 0;
-    }
-    const CVALUE& other = b.value->GetValue();
+int SORTCOLUMN::CompareValues(const CVALUEOBJECT& a, const CVALUEOBJECT& b) const {
+    const CVALUE& other = b.GetValue();
     if (mTextOrder != nullptr) {
-        return mTextOrder(a.value->GetValue(), other);
+        return mTextOrder(a.GetValue(), other);
     }
-    return a.value->Cmp(other, COMPARISON::Greater, mOption) - a.value->Cmp(other, COMPARISON::Lesser, mOption);
+    return a.Cmp(other, COMPARISON::Greater, mOption) - a.Cmp(other, COMPARISON::Lesser, mOption);
 }
 
 }  // namespace MLCore

@@ -7,6 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <string>
 #include <vector>
 
 namespace MLCore {
@@ -42,16 +44,34 @@ private:
     void RequireKind(CVALUE::Type type);
     void GroupNumbers();
     void PrepareTexts(SORTRULE::Texts texts);
-    /// Of two values that are not null, ascending.
-    [[nodiscard]] int Order(const SORTKEY& a, const SORTKEY& b) const;
+    /// Of two values of one `order`, ascending.
+    [[nodiscard]] int CompareValues(const CVALUEOBJECT& a, const CVALUEOBJECT& b) const;
 
     std::vector<SORTKEY> mKeys;
     const std::string& mName;
     ValueKind mKind = ValueKind::Unordered;  // until there is a value
     TextOrder mTextOrder = nullptr;          // null where the value objects are asked
     CVALUEOBJECT::ComparisonOption mOption;
+    bool mIsByBytes = false;  // texts compare so, sooner than by mTextOrder
     bool mIsDescending;
     bool mHasNullsFirst;
 };
+
+inline int SORTCOLUMN::Compare(std::size_t a, std::size_t b) const {
+    const SORTKEY& x = mKeys[a];
+    const SORTKEY& y = mKeys[b];
+    if (x.hasValue != y.hasValue) {
+        return x.hasValue == mHasNullsFirst ? 1 : -1;
+    }
+    if (x.order != y.order) {
+        return (x.order < y.order) == mIsDescending ? 1 : -1;
+    }
+    if (!x.value || !y.value) {
+        return 0;
+    }
+    const int order =
+        mIsByBytes ? std::strcmp(x.value->GetValue(), y.value->GetValue()) : CompareValues(*x.value, *y.value);
+    return mIsDescending ? -order : order;
+}
 
 }  // namespace MLCore
