@@ -106,15 +106,15 @@ public:
     template <NotAValue T>
     CVALUE(T) = delete;
 
-    CVALUE(const CVALUE& other);
+    inline CVALUE(const CVALUE& other);
     CVALUE(CVALUE&& other) noexcept { Swap(other); }
-    CVALUE& operator=(const CVALUE& other);
-    CVALUE& operator=(CVALUE&& other) noexcept;
-    ~CVALUE();
+    inline CVALUE& operator=(const CVALUE& other);
+    inline CVALUE& operator=(CVALUE&& other) noexcept;
+    inline ~CVALUE();
 
     /// Frees or releases the content. The type stays, and the value is then the zero of its type: 0, "", the null date, no
     /// object.
-    void Clear() noexcept;
+    inline void Clear() noexcept;
     /// Makes the value the zero of `type`. Fails with kErrValueType for an unknown type and leaves the value as it was.
     void SetType(Type type) { *this = CVALUE(type, nullptr); }
     /// Replaces the content and keeps the type, as CVALUE(Type, const void*) does. `data` may lie in this value.
@@ -143,7 +143,7 @@ public:
     [[nodiscard]] unsigned long ToDWord() const { return static_cast<unsigned long>(PayloadAs(Type::ULong)); }
     [[nodiscard]] CDATE ToDate() const { return StoredAs<CDATE>(Type::Date); }
     [[nodiscard]] CTIME ToTime() const { return StoredAs<CTIME>(Type::Time); }
-    [[nodiscard]] std::string ToString() const;
+    [[nodiscard]] inline std::string ToString() const;
     [[nodiscard]] float ToFloat() const { return StoredAs<float>(Type::Float); }
     [[nodiscard]] double ToDouble() const { return StoredAs<double>(Type::Double); }
     [[nodiscard]] CDATETIME ToDateTime() const { return StoredAs<CDATETIME>(Type::DateTime); }
@@ -152,7 +152,7 @@ public:
     [[nodiscard]] CSHAREOBJECT* ToObject() const;
     [[nodiscard]] _GUID ToGuid() const;
     /// The text of a String, never null, valid until the value changes.
-    operator const char*() const;
+    inline operator const char*() const;
     /// The span from midnight to a Time.
     [[nodiscard]] CTIMESPAN ToTimeSpan() const { return CTIMESPAN(ToTime().GetTotalSeconds()); }
     /// The variant of the same content: the constructor from a variant makes this value of it again, with three exceptions.
@@ -215,11 +215,11 @@ public:
 private:
     friend struct std::hash<CVALUE>;
 
-    [[nodiscard]] bool OwnsPayload() const noexcept;
-    [[nodiscard]] std::int64_t Payload() const noexcept;
+    [[nodiscard]] inline bool OwnsPayload() const noexcept;
+    [[nodiscard]] inline std::int64_t Payload() const noexcept;
     void SetPayload(std::int64_t payload) noexcept { std::memcpy(mPayload, &payload, sizeof(payload)); }
     /// The payload of an allocated type.
-    [[nodiscard]] void* Block() const noexcept;
+    [[nodiscard]] inline void* Block() const noexcept;
     void SetBlock(void* block) noexcept { std::memcpy(mPayload, &block, sizeof(block)); }
     [[nodiscard]] static void* NewBlock(std::size_t size);
     /// Sets the payload to a new block with a copy of `value`.
@@ -232,35 +232,35 @@ private:
     void AllocateText(std::string_view text);
     static constexpr std::size_t kTextHeader = sizeof(std::size_t);  // before each text stands its length
     /// Of a String.
-    [[nodiscard]] std::string_view TextView() const noexcept;
+    [[nodiscard]] inline std::string_view TextView() const noexcept;
     /// Null holds no object.
     void HoldObject(const void* object) noexcept;
     void CopyPayload(const CVALUE& other);
     void Assign(const CVALUE& other);
     void ReleasePayload() noexcept;
-    void Swap(CVALUE& other) noexcept;
+    inline void Swap(CVALUE& other) noexcept;
 
     /// The stored bytes; zeros where an allocated type holds none. Not for objects.
-    [[nodiscard]] const void* Stored() const noexcept;
+    [[nodiscard]] inline const void* Stored() const noexcept;
     [[nodiscard]] const char* Text() const noexcept { return static_cast<const char*>(Stored()); }
     template <class T>
     [[nodiscard]] T Load() const noexcept;
 
     [[noreturn]] void FailType(Type wanted) const;
-    void RequireType(Type type) const;
+    inline void RequireType(Type type) const;
     template <class T>
     [[nodiscard]] T StoredAs(Type type) const;
     /// Of an inline type.
-    [[nodiscard]] std::int64_t PayloadAs(Type type) const;
+    [[nodiscard]] inline std::int64_t PayloadAs(Type type) const;
 
     [[nodiscard]] bool Is(Type type, long long number) const noexcept { return mType == type && Payload() == number; }
-    [[nodiscard]] bool IsULong(unsigned long number) const noexcept;
+    [[nodiscard]] inline bool IsULong(unsigned long number) const noexcept;
     template <class T>
     [[nodiscard]] bool Holds(Type type, const T& content) const noexcept {
         return mType == type && Load<T>() == content;
     }
-    [[nodiscard]] bool IsText(const char* text) const noexcept;
-    [[nodiscard]] bool IsObject(const CSHAREOBJECT* object) const noexcept;
+    [[nodiscard]] inline bool IsText(const char* text) const noexcept;
+    [[nodiscard]] inline bool IsObject(const CSHAREOBJECT* object) const noexcept;
     [[nodiscard]] bool IsGuid(const _GUID& guid) const noexcept;
     [[nodiscard]] bool IsVariant(const _variant_t& variant) const;
     /// Of two values of one allocated type whose payloads differ.
@@ -274,7 +274,7 @@ static_assert(sizeof(CVALUE) == 12 && alignof(CVALUE) == 4);
 
 // Copied, read and compared wherever a predicate is evaluated, so all that follows is inline.
 
-inline CVALUE::CVALUE(const CVALUE& other) : mType(other.mType) {
+CVALUE::CVALUE(const CVALUE& other) : mType(other.mType) {
     if (OwnsPayload()) {
         CopyPayload(other);
     } else {
@@ -282,7 +282,7 @@ inline CVALUE::CVALUE(const CVALUE& other) : mType(other.mType) {
     }
 }
 
-inline CVALUE& CVALUE::operator=(const CVALUE& other) {
+CVALUE& CVALUE::operator=(const CVALUE& other) {
     if (OwnsPayload() || other.OwnsPayload()) {
         Assign(other);
     } else {
@@ -292,19 +292,19 @@ inline CVALUE& CVALUE::operator=(const CVALUE& other) {
     return *this;
 }
 
-inline CVALUE& CVALUE::operator=(CVALUE&& other) noexcept {
+CVALUE& CVALUE::operator=(CVALUE&& other) noexcept {
     CVALUE taken(std::move(other));
     Swap(taken);
     return *this;
 }
 
-inline CVALUE::~CVALUE() {
+CVALUE::~CVALUE() {
     if (OwnsPayload() && Payload() != 0) {
         ReleasePayload();
     }
 }
 
-inline void CVALUE::Clear() noexcept {
+void CVALUE::Clear() noexcept {
     CVALUE old;
     std::swap(mPayload, old.mPayload);
     old.mType = mType;
@@ -314,34 +314,34 @@ constexpr int CVALUE::IsAllocatedType(Type type) noexcept {
     return type < Type::Short || (type > Type::ULong && type != Type::Time && type != Type::Bool) ? 1 : 0;
 }
 
-inline std::string CVALUE::ToString() const {
+std::string CVALUE::ToString() const {
     RequireType(Type::String);
     return std::string(TextView());
 }
 
-inline CVALUE::operator const char*() const {
+CVALUE::operator const char*() const {
     RequireType(Type::String);
     return Text();
 }
 
-inline bool CVALUE::OwnsPayload() const noexcept {
+bool CVALUE::OwnsPayload() const noexcept {
     constexpr unsigned kInline = 0b1000'0101'1110;  // the types by their codes; the test is on every path
     return (kInline >> static_cast<unsigned>(mType) & 1U) == 0;
 }
 
-inline std::int64_t CVALUE::Payload() const noexcept {
+std::int64_t CVALUE::Payload() const noexcept {
     std::int64_t payload;
     std::memcpy(&payload, mPayload, sizeof(payload));
     return payload;
 }
 
-inline void* CVALUE::Block() const noexcept {
+void* CVALUE::Block() const noexcept {
     void* block;
     std::memcpy(&block, mPayload, sizeof(block));
     return block;
 }
 
-inline std::string_view CVALUE::TextView() const noexcept {
+std::string_view CVALUE::TextView() const noexcept {
     const auto* const text = static_cast<const char*>(Block());
     std::size_t length = 0;
     if (text != nullptr) {
@@ -350,14 +350,14 @@ inline std::string_view CVALUE::TextView() const noexcept {
     return {text, length};
 }
 
-inline void CVALUE::Swap(CVALUE& other) noexcept {
+void CVALUE::Swap(CVALUE& other) noexcept {
     const std::int64_t payload = Payload();
     SetPayload(other.Payload());
     other.SetPayload(payload);
     std::swap(mType, other.mType);
 }
 
-inline const void* CVALUE::Stored() const noexcept {
+const void* CVALUE::Stored() const noexcept {
     alignas(8) static constexpr unsigned char kZeros[16] = {};
     const void* const stored = GetValue();
     return stored == nullptr ? kZeros : stored;
@@ -370,7 +370,7 @@ T CVALUE::Load() const noexcept {
     return stored;
 }
 
-inline void CVALUE::RequireType(Type type) const {
+void CVALUE::RequireType(Type type) const {
     if (mType != type) [[unlikely]] {
         FailType(type);
     }
@@ -382,22 +382,20 @@ T CVALUE::StoredAs(Type type) const {
     return Load<T>();
 }
 
-inline std::int64_t CVALUE::PayloadAs(Type type) const {
+std::int64_t CVALUE::PayloadAs(Type type) const {
     RequireType(type);
     return Payload();
 }
 
-inline bool CVALUE::IsULong(unsigned long number) const noexcept {
+bool CVALUE::IsULong(unsigned long number) const noexcept {
     return mType == Type::ULong && static_cast<unsigned long>(Payload()) == number;
 }
 
-inline bool CVALUE::IsText(const char* text) const noexcept {
+bool CVALUE::IsText(const char* text) const noexcept {
     return mType == Type::String && std::strcmp(Text(), text == nullptr ? "" : text) == 0;
 }
 
-inline bool CVALUE::IsObject(const CSHAREOBJECT* object) const noexcept {
-    return mType == Type::Object && Block() == object;
-}
+bool CVALUE::IsObject(const CSHAREOBJECT* object) const noexcept { return mType == Type::Object && Block() == object; }
 
 }  // namespace MLCore
 
