@@ -71,6 +71,7 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 #include <MLCore/predicates/CVALUEPREDICATE.h>
 #include <MLCore/predicates/CVARIABLEEXPRESSION.h>
+#include <MLCore/predicates/Dispatch.h>
 #include <MLCore/predicates/SORTRULE.h>
 #include <MLCore/predicates/SortArray.h>
 #include <MLCore/predicates/SortDescriptors.h>

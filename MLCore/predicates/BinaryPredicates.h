@@ -1,18 +1,20 @@
-/// The comparisons of two operands, a class each. Every one is made by
+/// \file
+/// The comparisons of two operands: a class for each.
 ///
-///     X::Create(left, right, option)
-///
-/// where a null operand fails with -100, and option 0, the default, compares texts as they are.
+///     const auto isLarge =
+///         CGREATERPREDICATE::Create(CKEYEXPRESSION::Create("amount"), CVALUEEXPRESSION::Create(1000L));
 #pragma once
 
 #include <MLCore/predicates/CCOMPARISONBINARYPREDICATE.h>
 
 namespace MLCore {
 
-/// What these classes have besides their names.
+/// The functions that these classes share: all that they have except their names.
 template <class Class, CVALUEOBJECT::ComparisonType comparison>
 class BINARYPREDICATE : public CCOMPARISONBINARYPREDICATE {
 public:
+    /// The comparison of `left` with `right`. Fails with kErrNull (-100) for a null operand. The option says how
+    /// texts compare: option 0, the default, takes them as they are.
     [[nodiscard]] static CSHAREOBJECTPTR<CPREDICATE> Create(
         const CSHAREOBJECTPTR<CEXPRESSION>& left, const CSHAREOBJECTPTR<CEXPRESSION>& right,
         CVALUEOBJECT::ComparisonOption option = CVALUEOBJECT::ComparisonOption::CaseSensitive) {
@@ -29,105 +31,105 @@ protected:
 /// Left < right.
 class MLCORE_API CLESSERPREDICATE : public BINARYPREDICATE<CLESSERPREDICATE, CVALUEOBJECT::ComparisonType::Lesser> {
     MLCORE_CLASS(CLESSERPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CLESSERPREDICATE, CVALUEOBJECT::ComparisonType::Lesser>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CLESSERPREDICATE() override;
+    ~CLESSERPREDICATE() override = default;
 };
 
 /// Left <= right.
 class MLCORE_API CLESSEREQPREDICATE
     : public BINARYPREDICATE<CLESSEREQPREDICATE, CVALUEOBJECT::ComparisonType::LesserEqual> {
     MLCORE_CLASS(CLESSEREQPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CLESSEREQPREDICATE, CVALUEOBJECT::ComparisonType::LesserEqual>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CLESSEREQPREDICATE() override;
+    ~CLESSEREQPREDICATE() override = default;
 };
 
 /// Left > right.
 class MLCORE_API CGREATERPREDICATE : public BINARYPREDICATE<CGREATERPREDICATE, CVALUEOBJECT::ComparisonType::Greater> {
     MLCORE_CLASS(CGREATERPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CGREATERPREDICATE, CVALUEOBJECT::ComparisonType::Greater>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CGREATERPREDICATE() override;
+    ~CGREATERPREDICATE() override = default;
 };
 
 /// Left >= right.
 class MLCORE_API CGREATEREQPREDICATE
     : public BINARYPREDICATE<CGREATEREQPREDICATE, CVALUEOBJECT::ComparisonType::GreaterEqual> {
     MLCORE_CLASS(CGREATEREQPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CGREATEREQPREDICATE, CVALUEOBJECT::ComparisonType::GreaterEqual>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CGREATEREQPREDICATE() override;
+    ~CGREATEREQPREDICATE() override = default;
 };
 
 /// Left = right.
 class MLCORE_API CEQUALPREDICATE : public BINARYPREDICATE<CEQUALPREDICATE, CVALUEOBJECT::ComparisonType::Equal> {
     MLCORE_CLASS(CEQUALPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CEQUALPREDICATE, CVALUEOBJECT::ComparisonType::Equal>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CEQUALPREDICATE() override;
+    ~CEQUALPREDICATE() override = default;
 };
 
 /// Left != right.
 class MLCORE_API CNOTEQUALPREDICATE
     : public BINARYPREDICATE<CNOTEQUALPREDICATE, CVALUEOBJECT::ComparisonType::NotEqual> {
     MLCORE_CLASS(CNOTEQUALPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CNOTEQUALPREDICATE, CVALUEOBJECT::ComparisonType::NotEqual>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CNOTEQUALPREDICATE() override;
+    ~CNOTEQUALPREDICATE() override = default;
 };
 
-/// The left text matches the right one as a pattern (LikePattern.h).
+/// The left text matches the right text, a pattern (LikePattern.h).
 class MLCORE_API CLIKEPREDICATE : public BINARYPREDICATE<CLIKEPREDICATE, CVALUEOBJECT::ComparisonType::Like> {
     MLCORE_CLASS(CLIKEPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CLIKEPREDICATE, CVALUEOBJECT::ComparisonType::Like>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CLIKEPREDICATE() override;
+    ~CLIKEPREDICATE() override = default;
 };
 
-/// The left text begins with the right one.
+/// The left text begins with the right text.
 class MLCORE_API CBEGINSPREDICATE : public BINARYPREDICATE<CBEGINSPREDICATE, CVALUEOBJECT::ComparisonType::Begins> {
     MLCORE_CLASS(CBEGINSPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CBEGINSPREDICATE, CVALUEOBJECT::ComparisonType::Begins>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CBEGINSPREDICATE() override;
+    ~CBEGINSPREDICATE() override = default;
 };
 
-/// The left text ends with the right one.
+/// The left text ends with the right text.
 class MLCORE_API CENDSPREDICATE : public BINARYPREDICATE<CENDSPREDICATE, CVALUEOBJECT::ComparisonType::Ends> {
     MLCORE_CLASS(CENDSPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CENDSPREDICATE, CVALUEOBJECT::ComparisonType::Ends>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CENDSPREDICATE() override;
+    ~CENDSPREDICATE() override = default;
 };
 
-/// The left text contains the right one, or a text of the collection on the right.
+/// The left text contains the right text, or one of the texts of a collection on the right.
 class MLCORE_API CCONTAINSPREDICATE
     : public BINARYPREDICATE<CCONTAINSPREDICATE, CVALUEOBJECT::ComparisonType::Contains> {
     MLCORE_CLASS(CCONTAINSPREDICATE, CCOMPARISONBINARYPREDICATE)
-    friend class BINARYPREDICATE<CCONTAINSPREDICATE, CVALUEOBJECT::ComparisonType::Contains>;
+    friend BINARYPREDICATE;
 
 protected:
     using BINARYPREDICATE::BINARYPREDICATE;
-    ~CCONTAINSPREDICATE() override;
+    ~CCONTAINSPREDICATE() override = default;
 };
 
 }  // namespace MLCore

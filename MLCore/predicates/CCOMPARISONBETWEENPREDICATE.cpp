@@ -12,9 +12,7 @@ CCOMPARISONBETWEENPREDICATE::CCOMPARISONBETWEENPREDICATE(const CSHAREOBJECTPTR<C
                                                          const CSHAREOBJECTPTR<CEXPRESSION>& lower,
                                                          const CSHAREOBJECTPTR<CEXPRESSION>& upper,
                                                          CVALUEOBJECT::ComparisonOption option)
-    : CCOMPARISONPREDICATE(TYPE::Between, option) {
-    mOperands.Set(tested, lower, upper);
-}
+    : CCOMPARISONPREDICATE(TYPE::Between, option, {tested, lower, upper}) {}
 
 CCOMPARISONBETWEENPREDICATE::~CCOMPARISONBETWEENPREDICATE() = default;
 
@@ -31,13 +29,11 @@ int CCOMPARISONBETWEENPREDICATE::Evaluate(COBJECT* object, CDICTIONARY& variable
 
 int CCOMPARISONBETWEENPREDICATE::Evaluate(COBJECT* object) const { return Compare({object, nullptr}); }
 
-void CCOMPARISONBETWEENPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperands.Accept(*this, visitor); }
-
 int CCOMPARISONBETWEENPREDICATE::Compare(const SUBJECT& subject) const {
     CSHAREOBJECTPTR<COBJECT> holders[3];
     COBJECT* values[3];
     for (std::size_t i = 0; i < 3; ++i) {
-        values[i] = mOperands[i].Evaluate(subject, holders[i]);
+        values[i] = GetOperands()[i].Evaluate(subject, holders[i]);
     }
     return CmpBetween(values[0], values[1], values[2], GetComparisonOption());
 }
@@ -54,9 +50,5 @@ int CCOMPARISONBETWEENPREDICATE::CmpBetween(COBJECT* value, COBJECT* lower, COBJ
                ? tested->Cmp(most->GetValue(), TYPE::LesserEqual, option)
                : 0;
 }
-
-void CCOMPARISONBETWEENPREDICATE::WriteOperands(CKEYWRITER& writer) const { mOperands.Write(writer); }
-
-void CCOMPARISONBETWEENPREDICATE::ReadOperands(CKEYREADER& reader) { mOperands.Read(reader); }
 
 }  // namespace MLCore

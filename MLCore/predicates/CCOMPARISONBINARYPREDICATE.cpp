@@ -17,16 +17,12 @@ TYPE Mirror(TYPE type) noexcept {
 
 }  // namespace
 
-CCOMPARISONBINARYPREDICATE::CCOMPARISONBINARYPREDICATE(CVALUEOBJECT::ComparisonType type)
-    : CCOMPARISONPREDICATE(type) {}
+CCOMPARISONBINARYPREDICATE::CCOMPARISONBINARYPREDICATE(TYPE type) : CCOMPARISONPREDICATE(type) {}
 
-CCOMPARISONBINARYPREDICATE::CCOMPARISONBINARYPREDICATE(CVALUEOBJECT::ComparisonType type,
-                                                       const CSHAREOBJECTPTR<CEXPRESSION>& left,
+CCOMPARISONBINARYPREDICATE::CCOMPARISONBINARYPREDICATE(TYPE type, const CSHAREOBJECTPTR<CEXPRESSION>& left,
                                                        const CSHAREOBJECTPTR<CEXPRESSION>& right,
                                                        CVALUEOBJECT::ComparisonOption option)
-    : CCOMPARISONPREDICATE(type, option) {
-    mOperands.Set(left, right);
-}
+    : CCOMPARISONPREDICATE(type, option, {left, right}) {}
 
 CCOMPARISONBINARYPREDICATE::~CCOMPARISONBINARYPREDICATE() = default;
 
@@ -36,26 +32,21 @@ int CCOMPARISONBINARYPREDICATE::Evaluate(COBJECT* object, CDICTIONARY& variables
 
 int CCOMPARISONBINARYPREDICATE::Evaluate(COBJECT* object) const { return Compare({object, nullptr}); }
 
-void CCOMPARISONBINARYPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperands.Accept(*this, visitor); }
-
 int CCOMPARISONBINARYPREDICATE::Compare(const SUBJECT& subject) const {
+    const OPERANDS& operands = GetOperands();
     CSHAREOBJECTPTR<COBJECT> holders[2];
-    COBJECT* const left = mOperands[0].Evaluate(subject, holders[0]);
-    COBJECT* const right = mOperands[1].Evaluate(subject, holders[1]);
+    COBJECT* const left = operands[0].Evaluate(subject, holders[0]);
+    COBJECT* const right = operands[1].Evaluate(subject, holders[1]);
     const CVALUEOBJECT* first = AsValueObject(left);
     if (first == nullptr || right == nullptr) {
         return 0;
     }
     const TYPE type = GetComparisonType();
-    if (mOperands[0].IsKey() || !mOperands[1].IsKey() || !IsOrder(type)) {
+    if (operands[0].IsKey() || !operands[1].IsKey() || !IsOrder(type)) {
         return first->Cmp(right, type, GetComparisonOption());
     }
     first = AsValueObject(right);
     return first != nullptr ? first->Cmp(left, Mirror(type), GetComparisonOption()) : 0;
 }
-
-void CCOMPARISONBINARYPREDICATE::WriteOperands(CKEYWRITER& writer) const { mOperands.Write(writer); }
-
-void CCOMPARISONBINARYPREDICATE::ReadOperands(CKEYREADER& reader) { mOperands.Read(reader); }
 
 }  // namespace MLCore

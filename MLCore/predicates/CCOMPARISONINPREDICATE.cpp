@@ -11,9 +11,7 @@ CCOMPARISONINPREDICATE::CCOMPARISONINPREDICATE() : CCOMPARISONPREDICATE(TYPE::In
 CCOMPARISONINPREDICATE::CCOMPARISONINPREDICATE(const CSHAREOBJECTPTR<CEXPRESSION>& tested,
                                                const CSHAREOBJECTPTR<CEXPRESSION>& set,
                                                CVALUEOBJECT::ComparisonOption option)
-    : CCOMPARISONPREDICATE(TYPE::In, option) {
-    mOperands.Set(tested, set);
-}
+    : CCOMPARISONPREDICATE(TYPE::In, option, {tested, set}) {}
 
 CCOMPARISONINPREDICATE::~CCOMPARISONINPREDICATE() = default;
 
@@ -29,17 +27,12 @@ int CCOMPARISONINPREDICATE::Evaluate(COBJECT* object, CDICTIONARY& variables) co
 
 int CCOMPARISONINPREDICATE::Evaluate(COBJECT* object) const { return Compare({object, nullptr}); }
 
-void CCOMPARISONINPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperands.Accept(*this, visitor); }
-
 int CCOMPARISONINPREDICATE::Compare(const SUBJECT& subject) const {
+    const OPERANDS& operands = GetOperands();
     CSHAREOBJECTPTR<COBJECT> holders[2];
-    const CVALUEOBJECT* const value = AsValueObject(mOperands[0].Evaluate(subject, holders[0]));
-    return value != nullptr ? value->Cmp(mOperands[1].Evaluate(subject, holders[1]), TYPE::In, GetComparisonOption())
+    const CVALUEOBJECT* const value = AsValueObject(operands[0].Evaluate(subject, holders[0]));
+    return value != nullptr ? value->Cmp(operands[1].Evaluate(subject, holders[1]), TYPE::In, GetComparisonOption())
                             : 0;
 }
-
-void CCOMPARISONINPREDICATE::WriteOperands(CKEYWRITER& writer) const { mOperands.Write(writer); }
-
-void CCOMPARISONINPREDICATE::ReadOperands(CKEYREADER& reader) { mOperands.Read(reader); }
 
 }  // namespace MLCore

@@ -1,15 +1,14 @@
 #include <MLCore/predicates/CCOMPOUNDPREDICATE.h>
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/predicates/detail/NodeDump.h>
+#include <MLCore/predicates/detail/PredicateWords.h>
 #include <MLCore/predicates/detail/TypedArray.h>
 
 #include <cstddef>
-#include <iterator>
 
 namespace MLCore {
 
@@ -17,17 +16,15 @@ MLCORE_REGISTER_CLASS(CCOMPOUNDPREDICATE)
 
 namespace {
 
-constexpr struct {
-    const char* name;
-    const char* element;
-} kTypes[] = {{"COMPOUNDTYPE_AND", "and"}, {"COMPOUNDTYPE_OR", "or"}, {"COMPOUNDTYPE_NOT", "not"}};
+constexpr const char* kWhat = "a compound predicate";
 
 const char* ElementOf(CCOMPOUNDPREDICATE::Type type) {
-    const auto index = static_cast<std::size_t>(type);
-    if (index >= std::size(kTypes)) {
-        FailOSErr(kErrValueType);
+    const COMPOUNDWORDS* const words = WordsOf(type);
+    if (words == nullptr) {
+        FailWith(kErrValueType, "compound type ", static_cast<int>(type),
+                 " is unknown, wanted 0 (AND), 1 (OR) or 2 (NOT)");
     }
-    return kTypes[index].element;
+    return words->element;
 }
 
 }  // namespace
@@ -39,26 +36,27 @@ CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type)
 
 CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type, const CARRAY& predicates)
     : CPREDICATE(PredicateType::Compound), mType(type), mMembers(std::make_shared<MEMBERS>()) {
-    mMembers->array = CopyOf<CPREDICATE>(predicates);
+    mMembers->array = CopyOf<CPREDICATE>(predicates, kWhat);
     ForEachOf<CPREDICATE>(GetPredicates(), [this](const CPREDICATE& member) { mMembers->pointers.push_back(&member); });
+}
+
+CCOMPOUNDPREDICATE::CCOMPOUNDPREDICATE(Type type, std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates)
+    : CCOMPOUNDPREDICATE(type) {
+    for (const CSHAREOBJECTPTR<CPREDICATE>& predicate : predicates) {
+        AddPredicate(predicate);
+    }
 }
 
 CCOMPOUNDPREDICATE::~CCOMPOUNDPREDICATE() = default;
 
 void CCOMPOUNDPREDICATE::AddPredicate(CSHAREOBJECTPTR<CPREDICATE> predicate) {
-    FailNull(predicate);
+    RequireElement(predicate, GetPredicates().GetCount(), kWhat);
     mMembers->pointers.push_back(predicate);
     try {
         mMembers->array->AddObject(predicate);
     } catch (...) {
         mMembers->pointers.pop_back();
         throw;
-    }
-}
-
-void CCOMPOUNDPREDICATE::AddPredicates(std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates) {
-    for (const CSHAREOBJECTPTR<CPREDICATE>& predicate : predicates) {
-        AddPredicate(predicate);
     }
 }
 
@@ -94,14 +92,13 @@ void CCOMPOUNDPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
     visitor.LeavePredicate(*this);
 }
 
-void CCOMPOUNDPREDICATE::FailMemberCount() const {
-    if (mType == Type::NOT && GetPredicates().GetCount() != 1) {
-        FailOSErr(kErrValueType);
-    }
+void CCOMPOUNDPREDICATE::RequireMemberCount() const {
+    const long count = GetPredicates().GetCount();
+    Require(mType != Type::NOT || count == 1, kErrValueType, "a predicate 'not' has ", count, " members, wanted 1");
 }
 
 void CCOMPOUNDPREDICATE::DoWriteState(CKEYWRITER& writer) const {
-    FailMemberCount();
+    RequireMemberCount();
     writer.BeginElement(ElementOf(mType));
     ForEachOf<CPREDICATE>(GetPredicates(), [&](const CPREDICATE& member) { member.DoWriteState(writer); });
     writer.EndElement();
@@ -113,12 +110,12 @@ void CCOMPOUNDPREDICATE::DoInitState(CKEYREADER& reader) {
         AddPredicate(CPREDICATE::Create(reader));
     }
     reader.EndElement();
-    FailMemberCount();
+    RequireMemberCount();
 }
 
 std::ostream& operator<<(std::ostream& out, CCOMPOUNDPREDICATE::Type type) {
-    const auto index = static_cast<std::size_t>(type);
-    return index < std::size(kTypes) ? out << kTypes[index].name : out;
+    const COMPOUNDWORDS* const words = WordsOf(type);
+    return words != nullptr ? out << words->dump : out;
 }
 
 std::ostream& operator<<(std::ostream& out, const CCOMPOUNDPREDICATE* predicate) {

@@ -3,48 +3,54 @@
 #include <MLCore/predicates/CPREDICATE.h>
 #include <MLCore/values/CARRAY.h>
 
+#include <cstddef>
 #include <initializer_list>
 #include <memory>
 #include <vector>
 
 namespace MLCore {
 
-/// Predicates joined by AND, OR or NOT, held in the order given.
+/// Predicates that AND, OR or NOT combines, in the order given.
 class MLCORE_API CCOMPOUNDPREDICATE : public CPREDICATE {
     MLCORE_CLASS(CCOMPOUNDPREDICATE, CPREDICATE)
 
 public:
     enum class Type : std::int32_t { AND, OR, NOT };
+    static constexpr std::size_t kTypeCount = static_cast<std::size_t>(Type::NOT) + 1;
 
     [[nodiscard]] Type GetType() const noexcept { return mType; }
+    /// The members in order. Must not be changed.
     [[nodiscard]] const CARRAY& GetPredicates() const noexcept { return *mMembers->array; }
 
-    /// Stops at the first member that decides. Of no members, AND is true and OR false.
+    /// Evaluates the members in order, up to the first that decides. AND without members is true, OR without members
+    /// false.
     [[nodiscard]] int Evaluate(COBJECT* object, CDICTIONARY& variables) const override;
     [[nodiscard]] int Evaluate(COBJECT* object) const override;
     void Accept(CPREDICATEVISITOR& visitor) const override;
 
-    /// The element "and", "or" or "not" with each member's. An unknown type fails with 138, and so does a NOT of
-    /// another number of members than one.
+    /// The element "and", "or" or "not" with the element of each member. Fails with kErrValueType (138) for an unknown
+    /// type, and for a NOT that does not have exactly one member.
     void DoWriteState(CKEYWRITER& writer) const override;
     void DoInitState(CKEYREADER& reader) override;
 
 protected:
     explicit CCOMPOUNDPREDICATE(Type type);
-    /// Copies the array, not its members. A null member fails with -100, one that is no CPREDICATE with 121.
+    /// Copies the array, but not its members. Fails with kErrNull (-100) for a null member, and with kErrBadCast
+    /// (121) for a member that is not a CPREDICATE.
     CCOMPOUNDPREDICATE(Type type, const CARRAY& predicates);
-    /// Shares the list of members.
+    /// Fails with kErrNull for a null member.
+    CCOMPOUNDPREDICATE(Type type, std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates);
+    /// The copy shares the list of members: what AddPredicate() adds to one is a member of both.
     CCOMPOUNDPREDICATE(const CCOMPOUNDPREDICATE&) = default;
     ~CCOMPOUNDPREDICATE() override;
 
-    /// For constructors and factories. Null fails with -100.
+    /// For constructors and factories only. Null fails with kErrNull and changes nothing.
     void AddPredicate(CSHAREOBJECTPTR<CPREDICATE> predicate);
-    void AddPredicates(std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates);
 
 private:
     template <class Evaluation>
     [[nodiscard]] int Decide(const Evaluation& evaluate) const;
-    void FailMemberCount() const;
+    void RequireMemberCount() const;
 
     struct MEMBERS {
         CSHAREOBJECTPTR<CARRAY> array;
@@ -55,7 +61,7 @@ private:
     std::shared_ptr<MEMBERS> mMembers;  // copies share it
 };
 
-/// Writes "COMPOUNDTYPE_AND" and so on; nothing for an unknown one.
+/// Writes "COMPOUNDTYPE_AND" and so on; nothing for an unknown type.
 MLCORE_API std::ostream& operator<<(std::ostream& out, CCOMPOUNDPREDICATE::Type type);
 /// Writes "CCOMPOUNDPREDICATE(COMPOUNDTYPE_AND)"; "CCOMPOUNDPREDICATE()" for null.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CCOMPOUNDPREDICATE* predicate);

@@ -7,18 +7,19 @@
 
 namespace MLCore {
 
-/// Evaluates predicates with one set of variables. A class may derive from it to watch, or change, what is evaluated.
+/// Evaluates predicates with one set of variables. A class may derive from it to observe or to change what is
+/// evaluated.
 class MLCORE_API CEVAL {
 public:
     /// Without variables.
     CEVAL();
-    /// With these, which are shared, not copied; may be null.
+    /// `variables` are shared, not copied, and may be null.
     explicit CEVAL(CSHAREOBJECTPTR<CDICTIONARY> variables);
     CEVAL(const CEVAL&) = default;
     CEVAL& operator=(const CEVAL&) = default;
     virtual ~CEVAL();
 
-    /// Not 0 when `object` (may be null) meets `predicate`; every object meets a null one.
+    /// Returns a value other than 0 when `object` (may be null) meets `predicate`. Every object meets a null predicate.
     [[nodiscard]] virtual int Evaluate(const CPREDICATE* predicate, COBJECT* object) const;
 
 private:

@@ -1,16 +1,12 @@
 #include <MLCore/predicates/CEXPRESSION.h>
 
 #include <MLCore/core/COBJECTFACTORY.h>
-#include <MLCore/core/FailureChecks.h>
-#include <MLCore/predicates/CFUNCTIONEXPRESSION.h>
-#include <MLCore/predicates/CKEYEXPRESSION.h>
-#include <MLCore/predicates/CLISTEXPRESSION.h>
-#include <MLCore/predicates/COBJECTEXPRESSION.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/CVALUEEXPRESSION.h>
-#include <MLCore/predicates/CVARIABLEEXPRESSION.h>
+#include <MLCore/predicates/Dispatch.h>
 #include <MLCore/predicates/detail/ELEMENTKINDS.h>
-#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/predicates/detail/ExpressionWords.h>
+
+#include <ostream>
 
 namespace MLCore {
 
@@ -23,23 +19,25 @@ CEXPRESSION::~CEXPRESSION() = default;
 void CEXPRESSION::Accept(CPREDICATEVISITOR& visitor) const { visitor.VisitExpression(*this); }
 
 CSHAREOBJECTPTR<CEXPRESSION> CEXPRESSION::Create(CKEYREADER& reader) {
-    static const ELEMENTKINDS gKinds = {{CKEYEXPRESSION::kElement, FactoryNameOf<CKEYEXPRESSION>()},
-                                        {CLISTEXPRESSION::kElement, FactoryNameOf<CLISTEXPRESSION>()},
-                                        {COBJECTEXPRESSION::kElement, FactoryNameOf<COBJECTEXPRESSION>()},
-                                        {CVALUEEXPRESSION::kElement, FactoryNameOf<CVALUEEXPRESSION>()},
-                                        {CVARIABLEEXPRESSION::kElement, FactoryNameOf<CVARIABLEEXPRESSION>()}};
-    if (reader.GetElementName() == CFUNCTIONEXPRESSION::kElement) {
-        // Only its user knows its class, so nobody could create it.
-        reader.BeginElement(CFUNCTIONEXPRESSION::kElement);
-        FailOSErr(kErrValueType);
+    static const ELEMENTKINDS gKinds(
+        "an expression", {{WordsOf(ExpressionType::Key).element, FactoryNameOf<CKEYEXPRESSION>()},
+                          {WordsOf(ExpressionType::List).element, FactoryNameOf<CLISTEXPRESSION>()},
+                          {WordsOf(ExpressionType::Object).element, FactoryNameOf<COBJECTEXPRESSION>()},
+                          {WordsOf(ExpressionType::Value).element, FactoryNameOf<CVALUEEXPRESSION>()},
+                          {WordsOf(ExpressionType::Variable).element, FactoryNameOf<CVARIABLEEXPRESSION>()}});
+    if (reader.GetElementName() == WordsOf(ExpressionType::Function).element) {
+        CFUNCTIONEXPRESSION::FailToRead(reader);
     }
     return gKinds.Create<CEXPRESSION>(reader);
 }
 
 std::ostream& operator<<(std::ostream& out, const CEXPRESSION* expression) {
-    const bool isKnown = DumpAsFirstOf<CKEYEXPRESSION, CVALUEEXPRESSION, CLISTEXPRESSION, CVARIABLEEXPRESSION,
-                                       CFUNCTIONEXPRESSION, COBJECTEXPRESSION>(out, expression);
-    return isKnown ? out : out << "CEXPRESSION()";
+    if (expression == nullptr) {
+        return out << "CEXPRESSION()";
+    }
+    return Dispatch(
+        *expression, [&out](const auto& own) -> std::ostream& { return out << &own; },
+        [&out](const CEXPRESSION&) -> std::ostream& { return out << "CEXPRESSION()"; });
 }
 
 }  // namespace MLCore

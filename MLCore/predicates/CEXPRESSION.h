@@ -5,6 +5,7 @@
 #include <MLCore/keys/CKEYSERIALIZABLE.h>
 #include <MLCore/platform/Export.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 
@@ -13,24 +14,28 @@ namespace MLCore {
 class CDICTIONARY;
 class CPREDICATEVISITOR;
 
-/// An operand of a predicate: what yields an object, given the object under test and a dictionary of variables. Expressions
-/// do not change after their creation and may be shared, between threads too; to move one is to copy it.
+/// An operand of a predicate. It yields an object when it is given the object under test and a dictionary of variables.
+///
+/// Expressions do not change after their creation. Predicates and threads may share them; moving one copies it.
+/// Dispatch() in Dispatch.h chooses an action by the class of an expression.
 class MLCORE_API CEXPRESSION : public COBJECT, public CKEYSERIALIZABLE {
     MLCORE_CLASS(CEXPRESSION, COBJECT)
 
 public:
     enum class ExpressionType : std::int32_t { Key, Value, List, Variable, Function, Object };
+    static constexpr std::size_t kExpressionTypeCount = static_cast<std::size_t>(ExpressionType::Object) + 1;
 
-    /// The value for `object` (may be null) and the variables; may be null.
+    /// Returns the value for `object` (may be null) and the variables. The value may be null.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object, CDICTIONARY& variables) = 0;
-    /// The same where every variable is null.
+    /// The same, with every variable null.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object) = 0;
-    /// Shows itself to the visitor and, when that wants it, its items.
+    /// Shows the expression to the visitor. A list then shows its items, if the visitor asks for them.
     virtual void Accept(CPREDICATEVISITOR& visitor) const;
 
     [[nodiscard]] ExpressionType GetExpressionType() const noexcept { return mExpressionType; }
 
-    /// Reads one expression of any kind but a function. Fails with 138 for what is none.
+    /// Reads one expression of any class except CFUNCTIONEXPRESSION. Fails with kErrValueType (138) when the reader
+    /// stands on another element, on none, or on one that its class cannot read.
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(CKEYREADER& reader);
 
     CEXPRESSION& operator=(const CEXPRESSION&) = delete;
@@ -44,7 +49,8 @@ private:
     ExpressionType mExpressionType;
 };
 
-/// The dump of the expression's own class, as that class tells it; "CEXPRESSION()" for null and for a class of another kind.
+/// Writes the dump of the library's class that the expression is of or derives from; see the `<<` of that class. Writes
+/// "CEXPRESSION()" for null and for a class that derives from CEXPRESSION alone.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CEXPRESSION* expression);
 
 }  // namespace MLCore

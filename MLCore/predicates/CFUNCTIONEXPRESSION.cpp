@@ -1,9 +1,9 @@
 #include <MLCore/predicates/CFUNCTIONEXPRESSION.h>
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
+#include <MLCore/predicates/detail/ExpressionWords.h>
 #include <MLCore/values/CMEMARRAY.h>
 
 #include <ostream>
@@ -20,13 +20,15 @@ CFUNCTIONEXPRESSION::CFUNCTIONEXPRESSION(const std::string& name, CARRAY& parame
 CFUNCTIONEXPRESSION::~CFUNCTIONEXPRESSION() = default;
 
 void CFUNCTIONEXPRESSION::DoWriteState(CKEYWRITER& writer) const {
-    writer.BeginElement(kElement);
-    FailOSErr(kErrValueType);
+    writer.BeginElement(WordsOf(ExpressionType::Function).element);
+    FailWith(kErrValueType, "the function ", Quoted(mName), " cannot be written to a key stream, as no function can");
 }
 
-void CFUNCTIONEXPRESSION::DoInitState(CKEYREADER& reader) {
-    reader.BeginElement(kElement);
-    FailOSErr(kErrValueType);
+void CFUNCTIONEXPRESSION::DoInitState(CKEYREADER& reader) { FailToRead(reader); }
+
+void CFUNCTIONEXPRESSION::FailToRead(CKEYREADER& reader) {
+    reader.BeginElement(WordsOf(ExpressionType::Function).element);
+    FailWith(kErrValueType, "a function cannot be read from a key stream: only the application knows its class");
 }
 
 std::ostream& operator<<(std::ostream& out, const CFUNCTIONEXPRESSION* expression) {

@@ -1,20 +1,12 @@
 #include <MLCore/predicates/CKEYEXPRESSION.h>
 
-#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/predicates/detail/NodeDump.h>
 
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CKEYEXPRESSION)
 
-namespace {
-
-constexpr const char* kAttribute = "key";
-
-}  // namespace
-
-CKEYEXPRESSION::CKEYEXPRESSION() : CEXPRESSION(ExpressionType::Key) {}
-
-CKEYEXPRESSION::CKEYEXPRESSION(const std::string& key) : CEXPRESSION(ExpressionType::Key), mKey(key) {}
+CKEYEXPRESSION::CKEYEXPRESSION(const std::string& key) : TEXTEXPRESSION(ExpressionType::Key, key) {}
 
 CKEYEXPRESSION::~CKEYEXPRESSION() = default;
 
@@ -27,14 +19,8 @@ CSHAREOBJECTPTR<COBJECT> CKEYEXPRESSION::Evaluate(COBJECT* object, CDICTIONARY&)
 }
 
 CSHAREOBJECTPTR<COBJECT> CKEYEXPRESSION::Evaluate(COBJECT* object) {
-    return object != nullptr ? object->GetKeyPathValue(mKey) : nullptr;
+    return object != nullptr ? object->GetKeyPathValue(GetKey()) : nullptr;
 }
-
-void CKEYEXPRESSION::DoWriteState(CKEYWRITER& writer) const {
-    WriteAttributeElement(writer, kElement, kAttribute, mKey);
-}
-
-void CKEYEXPRESSION::DoInitState(CKEYREADER& reader) { mKey = ReadAttributeElement(reader, kElement, kAttribute); }
 
 std::ostream& operator<<(std::ostream& out, const CKEYEXPRESSION* expression) {
     return DumpNode(out, "CKEYEXPRESSION", expression, &CKEYEXPRESSION::GetKey);

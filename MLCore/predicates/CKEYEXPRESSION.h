@@ -1,40 +1,28 @@
 #pragma once
 
-#include <MLCore/predicates/CEXPRESSION.h>
-
-#include <string>
-#include <utility>
+#include <MLCore/predicates/detail/TEXTEXPRESSION.h>
 
 namespace MLCore {
 
 /// The value at a key path of the object under test.
-class MLCORE_API CKEYEXPRESSION : public CEXPRESSION {
+class MLCORE_API CKEYEXPRESSION : public TEXTEXPRESSION {
     MLCORE_CLASS(CKEYEXPRESSION, CEXPRESSION)
 
 public:
+    /// The path is not checked here: Evaluate() fails when it is malformed.
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const std::string& key);
     CKEYEXPRESSION(const CKEYEXPRESSION&) = default;
-    CKEYEXPRESSION(CKEYEXPRESSION&& other) : CKEYEXPRESSION(std::as_const(other)) {}
 
-    [[nodiscard]] const std::string& GetKey() const noexcept { return mKey; }
+    [[nodiscard]] const std::string& GetKey() const noexcept { return GetHeldText(); }
 
-    /// The object's GetKeyPathValue() of the key, with its failures; null for a null object. Variables do not matter.
+    /// Returns the object's GetKeyPathValue(GetKey()), and fails as that does: with kErrUnknownKey (151) for an
+    /// unknown key and a malformed path. Returns null for a null object. The variables are not used.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object, CDICTIONARY& variables) override;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object) override;
 
-    void DoWriteState(CKEYWRITER& writer) const override;
-    void DoInitState(CKEYREADER& reader) override;
-
-    static constexpr const char* kElement = "key";
-
 protected:
-    explicit CKEYEXPRESSION(const std::string& key);
+    explicit CKEYEXPRESSION(const std::string& key = {});
     ~CKEYEXPRESSION() override;
-
-private:
-    CKEYEXPRESSION();
-
-    std::string mKey;
 };
 
 /// Writes "CKEYEXPRESSION(key)"; "CKEYEXPRESSION()" for null.

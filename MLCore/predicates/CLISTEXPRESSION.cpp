@@ -3,15 +3,19 @@
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
+#include <MLCore/predicates/detail/ExpressionWords.h>
 #include <MLCore/predicates/detail/TypedArray.h>
 
 #include <ostream>
+#include <utility>
 
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CLISTEXPRESSION)
 
 namespace {
+
+constexpr const char* kWhat = "a list of expressions";
 
 template <class Evaluation>
 CSHAREOBJECTPTR<COBJECT> EvaluateEach(const CARRAY& expressions, const Evaluation& evaluate) {
@@ -22,26 +26,31 @@ CSHAREOBJECTPTR<COBJECT> EvaluateEach(const CARRAY& expressions, const Evaluatio
 
 }  // namespace
 
-CLISTEXPRESSION::CLISTEXPRESSION() : CLISTEXPRESSION(CMEMARRAY::Create()) {}
+CLISTEXPRESSION::CLISTEXPRESSION() : CEXPRESSION(ExpressionType::List), mExpressions(CMEMARRAY::Create()) {}
 
-CLISTEXPRESSION::CLISTEXPRESSION(CSHAREOBJECTPTR<CARRAY> expressions)
-    : CEXPRESSION(ExpressionType::List), mExpressions((FailNull(expressions), CopyOf<CEXPRESSION>(*expressions))) {}
+CLISTEXPRESSION::CLISTEXPRESSION(const CARRAY& expressions)
+    : CEXPRESSION(ExpressionType::List), mExpressions(CopyOf<CEXPRESSION>(expressions, kWhat)) {}
 
 CLISTEXPRESSION::~CLISTEXPRESSION() = default;
 
 CSHAREOBJECTPTR<CEXPRESSION> CLISTEXPRESSION::Create() { return AdoptObject<CEXPRESSION>(new CLISTEXPRESSION); }
 
 CSHAREOBJECTPTR<CEXPRESSION> CLISTEXPRESSION::Create(const CARRAY& expressions) {
-    return AdoptObject<CEXPRESSION>(new CLISTEXPRESSION(CopyOf<CEXPRESSION>(expressions)));
+    return AdoptObject<CEXPRESSION>(new CLISTEXPRESSION(expressions));
 }
 
 CSHAREOBJECTPTR<CEXPRESSION> CLISTEXPRESSION::Create(CSHAREOBJECTPTR<CEXPRESSION> first,
                                                      CSHAREOBJECTPTR<CEXPRESSION> second) {
-    return Create({first, second});
+    return Create({std::move(first), std::move(second)});
 }
 
 CSHAREOBJECTPTR<CEXPRESSION> CLISTEXPRESSION::Create(std::initializer_list<CSHAREOBJECTPTR<CEXPRESSION>> expressions) {
-    return AdoptObject<CEXPRESSION>(new CLISTEXPRESSION(ArrayOf<CEXPRESSION>(expressions)));
+    const CSHAREOBJECTPTR<CLISTEXPRESSION> list = AdoptObject(new CLISTEXPRESSION);
+    for (const CSHAREOBJECTPTR<CEXPRESSION>& expression : expressions) {
+        RequireElement(expression, list->mExpressions->GetCount(), kWhat);
+        list->mExpressions->AddObject(expression);
+    }
+    return list;
 }
 
 CSHAREOBJECTPTR<COBJECT> CLISTEXPRESSION::Evaluate(COBJECT* object, CDICTIONARY& variables) {
@@ -59,13 +68,13 @@ void CLISTEXPRESSION::Accept(CPREDICATEVISITOR& visitor) const {
 }
 
 void CLISTEXPRESSION::DoWriteState(CKEYWRITER& writer) const {
-    writer.BeginElement(kElement);
+    writer.BeginElement(WordsOf(ExpressionType::List).element);
     ForEachOf<CEXPRESSION>(*mExpressions, [&](const CEXPRESSION& each) { each.DoWriteState(writer); });
     writer.EndElement();
 }
 
 void CLISTEXPRESSION::DoInitState(CKEYREADER& reader) {
-    reader.BeginElement(kElement);
+    reader.BeginElement(WordsOf(ExpressionType::List).element);
     while (reader.HasElement() != 0) {
         mExpressions->AddObject(CEXPRESSION::Create(reader));
     }

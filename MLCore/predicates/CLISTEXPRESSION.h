@@ -4,49 +4,50 @@
 #include <MLCore/values/CARRAY.h>
 
 #include <initializer_list>
-#include <utility>
 
 namespace MLCore {
 
-/// A list of expressions, which yields the array of their values: what IN looks into.
+/// A list of expressions. Its value is an array of their values, which CCOMPARISONINPREDICATE searches.
 class MLCORE_API CLISTEXPRESSION : public CEXPRESSION {
     MLCORE_CLASS(CLISTEXPRESSION, CEXPRESSION)
 
 public:
+    /// An empty list.
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create();
-    /// Copies the array, not its items. A null item fails with -100, one that is no CEXPRESSION with 121.
+    /// Copies the array, but not its items. Fails with kErrNull (-100) for a null item, and with kErrBadCast (121)
+    /// for an item that is not a CEXPRESSION. The other functions fail for a null item too.
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const CARRAY& expressions);
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(CSHAREOBJECTPTR<CEXPRESSION> first,
                                                              CSHAREOBJECTPTR<CEXPRESSION> second);
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(
         std::initializer_list<CSHAREOBJECTPTR<CEXPRESSION>> expressions);
+    /// The copy shares the items.
     CLISTEXPRESSION(const CLISTEXPRESSION&) = default;
-    CLISTEXPRESSION(CLISTEXPRESSION&& other) : CLISTEXPRESSION(std::as_const(other)) {}
 
+    /// The items in order. Must not be changed.
     [[nodiscard]] const CARRAY& GetExpressions() const noexcept { return *mExpressions; }
 
-    /// A new array with the value of each item, in order.
+    /// Returns a new array with the value of each item, in order.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object, CDICTIONARY& variables) override;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object) override;
     void Accept(CPREDICATEVISITOR& visitor) const override;
 
+    /// The element "list" with the element of each item.
     void DoWriteState(CKEYWRITER& writer) const override;
     void DoInitState(CKEYREADER& reader) override;
 
-    static constexpr const char* kElement = "list";
-
 protected:
-    /// As Create(); a null array fails with -100.
-    explicit CLISTEXPRESSION(CSHAREOBJECTPTR<CARRAY> expressions);
+    CLISTEXPRESSION();
+    /// Like Create().
+    explicit CLISTEXPRESSION(const CARRAY& expressions);
     ~CLISTEXPRESSION() override;
 
 private:
-    CLISTEXPRESSION();
-
     CSHAREOBJECTPTR<CARRAY> mExpressions;
 };
 
-/// Writes "CLISTEXPRESSION(a,b,)": each item's dump and a comma behind it, the last one too. "CLISTEXPRESSION()" for null.
+/// Writes "CLISTEXPRESSION(a,b,)": the dump of each item and a comma after it, also after the last. Writes
+/// "CLISTEXPRESSION()" for null.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CLISTEXPRESSION* expression);
 
 }  // namespace MLCore

@@ -8,12 +8,13 @@ MLCORE_REGISTER_CLASS(CNOTPREDICATE)
 
 CNOTPREDICATE::CNOTPREDICATE() : CCOMPOUNDPREDICATE(Type::NOT) {}
 
+CNOTPREDICATE::CNOTPREDICATE(CSHAREOBJECTPTR<CPREDICATE> predicate)
+    : CCOMPOUNDPREDICATE(Type::NOT, {std::move(predicate)}) {}
+
 CNOTPREDICATE::~CNOTPREDICATE() = default;
 
 CSHAREOBJECTPTR<CPREDICATE> CNOTPREDICATE::Create(CSHAREOBJECTPTR<CPREDICATE> predicate) {
-    const CSHAREOBJECTPTR<CNOTPREDICATE> created = AdoptObject(new CNOTPREDICATE);
-    created->AddPredicate(std::move(predicate));
-    return created;
+    return AdoptObject<CPREDICATE>(new CNOTPREDICATE(std::move(predicate)));
 }
 
 }  // namespace MLCore

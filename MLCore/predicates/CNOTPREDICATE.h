@@ -9,11 +9,12 @@ class MLCORE_API CNOTPREDICATE : public CCOMPOUNDPREDICATE {
     MLCORE_CLASS(CNOTPREDICATE, CCOMPOUNDPREDICATE)
 
 public:
-    /// Null fails with -100.
+    /// Null fails with kErrNull (-100).
     [[nodiscard]] static CSHAREOBJECTPTR<CPREDICATE> Create(CSHAREOBJECTPTR<CPREDICATE> predicate);
 
 protected:
     CNOTPREDICATE();
+    explicit CNOTPREDICATE(CSHAREOBJECTPTR<CPREDICATE> predicate);
     ~CNOTPREDICATE() override;
 };
 

@@ -1,20 +1,12 @@
 #include <MLCore/predicates/COBJECTEXPRESSION.h>
 
-#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/predicates/detail/NodeDump.h>
 
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(COBJECTEXPRESSION)
 
-namespace {
-
-constexpr const char* kAttribute = "object";
-
-}  // namespace
-
-COBJECTEXPRESSION::COBJECTEXPRESSION() : CEXPRESSION(ExpressionType::Object) {}
-
-COBJECTEXPRESSION::COBJECTEXPRESSION(const std::string& name) : CEXPRESSION(ExpressionType::Object), mName(name) {}
+COBJECTEXPRESSION::COBJECTEXPRESSION(const std::string& name) : TEXTEXPRESSION(ExpressionType::Object, name) {}
 
 COBJECTEXPRESSION::~COBJECTEXPRESSION() = default;
 
@@ -25,12 +17,6 @@ CSHAREOBJECTPTR<CEXPRESSION> COBJECTEXPRESSION::Create(const std::string& name) 
 CSHAREOBJECTPTR<COBJECT> COBJECTEXPRESSION::Evaluate(COBJECT*, CDICTIONARY&) { return nullptr; }
 
 CSHAREOBJECTPTR<COBJECT> COBJECTEXPRESSION::Evaluate(COBJECT*) { return nullptr; }
-
-void COBJECTEXPRESSION::DoWriteState(CKEYWRITER& writer) const {
-    WriteAttributeElement(writer, kElement, kAttribute, mName);
-}
-
-void COBJECTEXPRESSION::DoInitState(CKEYREADER& reader) { mName = ReadAttributeElement(reader, kElement, kAttribute); }
 
 std::ostream& operator<<(std::ostream& out, const COBJECTEXPRESSION* expression) {
     return DumpNode(out, "COBJECTEXPRESSION", expression, &COBJECTEXPRESSION::GetName);

@@ -1,19 +1,19 @@
 #include <MLCore/predicates/CPREDICATE.h>
 
+#include <MLCore/core/COBJECTFACTORY.h>
+#include <MLCore/core/EnumTable.h>
+#include <MLCore/core/FailureChecks.h>
 #include <MLCore/predicates/BinaryPredicates.h>
-#include <MLCore/predicates/CANDPREDICATE.h>
-#include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
-#include <MLCore/predicates/CCOMPARISONINPREDICATE.h>
-#include <MLCore/predicates/CNOTPREDICATE.h>
-#include <MLCore/predicates/CORPREDICATE.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/CSEARCHTEXTPREDICATE.h>
-#include <MLCore/predicates/CVALUEPREDICATE.h>
+#include <MLCore/predicates/Dispatch.h>
 #include <MLCore/predicates/detail/ELEMENTKINDS.h>
-#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/predicates/detail/NodeDump.h>
+#include <MLCore/predicates/detail/PredicateWords.h>
+#include <MLCore/values/ComparisonWords.h>
 
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 namespace MLCore {
 
@@ -21,7 +21,23 @@ MLCORE_REGISTER_CLASS(CPREDICATE)
 
 namespace {
 
-constexpr const char* kTypeNames[] = {"Value", "Compound", "Comparison", "SearchText"};
+struct TYPENAME {
+    CPREDICATE::PredicateType type;
+    const char* name;
+};
+constexpr TYPENAME kTypeNames[] = {
+    {CPREDICATE::PredicateType::Value, "PredicateType::Value"},
+    {CPREDICATE::PredicateType::Compound, "PredicateType::Compound"},
+    {CPREDICATE::PredicateType::Comparison, "PredicateType::Comparison"},
+    {CPREDICATE::PredicateType::SearchText, "PredicateType::SearchText"},
+};
+static_assert(IsIndexedBy(kTypeNames, &TYPENAME::type, CPREDICATE::kPredicateTypeCount));
+
+/// The element of a comparison or compound type, with the class that reads it.
+template <class Class, class Type>
+std::pair<const std::string, std::string> KindOf(Type type) {
+    return {WordsOf(type)->element, FactoryNameOf<Class>()};
+}
 
 }  // namespace
 
@@ -34,42 +50,53 @@ void CPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
     visitor.LeavePredicate(*this);
 }
 
-void CPREDICATE::DoWriteState(CKEYWRITER&) const { FailOSErr(kErrValueType); }
+void CPREDICATE::DoWriteState(CKEYWRITER&) const {
+    FailWith(kErrValueType, "the class ", GetClassName(), " cannot be written to a key stream");
+}
 
-void CPREDICATE::DoInitState(CKEYREADER&) { FailOSErr(kErrValueType); }
+void CPREDICATE::DoInitState(CKEYREADER&) {
+    FailWith(kErrValueType, "the class ", GetClassName(), " cannot be read from a key stream");
+}
 
 CSHAREOBJECTPTR<CPREDICATE> CPREDICATE::Create(CKEYREADER& reader) {
-    static const ELEMENTKINDS gKinds = {{"and", FactoryNameOf<CANDPREDICATE>()},
-                                        {"or", FactoryNameOf<CORPREDICATE>()},
-                                        {"not", FactoryNameOf<CNOTPREDICATE>()},
-                                        {"true", FactoryNameOf<CVALUEPREDICATE>()},
-                                        {"false", FactoryNameOf<CVALUEPREDICATE>()},
-                                        {"lesser", FactoryNameOf<CLESSERPREDICATE>()},
-                                        {"lesserEq", FactoryNameOf<CLESSEREQPREDICATE>()},
-                                        {"greater", FactoryNameOf<CGREATERPREDICATE>()},
-                                        {"greaterEq", FactoryNameOf<CGREATEREQPREDICATE>()},
-                                        {"equal", FactoryNameOf<CEQUALPREDICATE>()},
-                                        {"notEqual", FactoryNameOf<CNOTEQUALPREDICATE>()},
-                                        {"like", FactoryNameOf<CLIKEPREDICATE>()},
-                                        {"begins", FactoryNameOf<CBEGINSPREDICATE>()},
-                                        {"ends", FactoryNameOf<CENDSPREDICATE>()},
-                                        {"contains", FactoryNameOf<CCONTAINSPREDICATE>()},
-                                        {"in", FactoryNameOf<CCOMPARISONINPREDICATE>()},
-                                        {"between", FactoryNameOf<CCOMPARISONBETWEENPREDICATE>()},
-                                        {"searchText", FactoryNameOf<CSEARCHTEXTPREDICATE>()}};
+    using COMPARISON = CVALUEOBJECT::ComparisonType;
+    using COMPOUND = CCOMPOUNDPREDICATE::Type;
+    static const ELEMENTKINDS gKinds("a predicate", {KindOf<CANDPREDICATE>(COMPOUND::AND),
+                                                     KindOf<CORPREDICATE>(COMPOUND::OR),
+                                                     KindOf<CNOTPREDICATE>(COMPOUND::NOT),
+                                                     {kFalseElement, FactoryNameOf<CVALUEPREDICATE>()},
+                                                     {kTrueElement, FactoryNameOf<CVALUEPREDICATE>()},
+                                                     KindOf<CLESSERPREDICATE>(COMPARISON::Lesser),
+                                                     KindOf<CLESSEREQPREDICATE>(COMPARISON::LesserEqual),
+                                                     KindOf<CGREATERPREDICATE>(COMPARISON::Greater),
+                                                     KindOf<CGREATEREQPREDICATE>(COMPARISON::GreaterEqual),
+                                                     KindOf<CEQUALPREDICATE>(COMPARISON::Equal),
+                                                     KindOf<CNOTEQUALPREDICATE>(COMPARISON::NotEqual),
+                                                     KindOf<CLIKEPREDICATE>(COMPARISON::Like),
+                                                     KindOf<CBEGINSPREDICATE>(COMPARISON::Begins),
+                                                     KindOf<CENDSPREDICATE>(COMPARISON::Ends),
+                                                     KindOf<CCONTAINSPREDICATE>(COMPARISON::Contains),
+                                                     KindOf<CCOMPARISONINPREDICATE>(COMPARISON::In),
+                                                     KindOf<CCOMPARISONBETWEENPREDICATE>(COMPARISON::Between),
+                                                     {kSearchTextElement, FactoryNameOf<CSEARCHTEXTPREDICATE>()}});
     return gKinds.Create<CPREDICATE>(reader);
 }
 
 std::ostream& operator<<(std::ostream& out, CPREDICATE::PredicateType type) {
     const auto index = static_cast<std::size_t>(type);
-    return index < std::size(kTypeNames) ? out << "PredicateType::" << kTypeNames[index] : out;
+    return index < std::size(kTypeNames) ? out << kTypeNames[index].name : out;
 }
 
 std::ostream& operator<<(std::ostream& out, const CPREDICATE* predicate) {
-    return DumpAsFirstOf<CVALUEPREDICATE, CCOMPOUNDPREDICATE, CCOMPARISONPREDICATE, CSEARCHTEXTPREDICATE>(out,
-                                                                                                          predicate)
-               ? out
-               : DumpNode(out, "CPREDICATE", predicate, &CPREDICATE::GetPredicateType);
+    const auto dump = [&out](const CPREDICATE* node) -> std::ostream& {
+        return DumpNode(out, "CPREDICATE", node, &CPREDICATE::GetPredicateType);
+    };
+    if (predicate == nullptr) {
+        return dump(nullptr);
+    }
+    return Dispatch(
+        *predicate, [&out](const auto& own) -> std::ostream& { return out << &own; },
+        [&dump](const CPREDICATE& other) -> std::ostream& { return dump(&other); });
 }
 
 }  // namespace MLCore

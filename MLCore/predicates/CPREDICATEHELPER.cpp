@@ -1,23 +1,13 @@
 #include <MLCore/predicates/CPREDICATEHELPER.h>
 
-#include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
-#include <MLCore/predicates/CCOMPARISONBINARYPREDICATE.h>
-#include <MLCore/predicates/CCOMPARISONINPREDICATE.h>
-#include <MLCore/predicates/CCOMPOUNDPREDICATE.h>
-#include <MLCore/predicates/CFUNCTIONEXPRESSION.h>
-#include <MLCore/predicates/CKEYEXPRESSION.h>
-#include <MLCore/predicates/CLISTEXPRESSION.h>
-#include <MLCore/predicates/COBJECTEXPRESSION.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/CSEARCHTEXTPREDICATE.h>
-#include <MLCore/predicates/CVALUEEXPRESSION.h>
-#include <MLCore/predicates/CVALUEPREDICATE.h>
-#include <MLCore/predicates/CVARIABLEEXPRESSION.h>
+#include <MLCore/predicates/Dispatch.h>
+#include <MLCore/predicates/detail/PredicateWords.h>
 #include <MLCore/predicates/detail/TypedArray.h>
+#include <MLCore/values/ComparisonWords.h>
 #include <MLCore/values/ValueText.h>
 
 #include <cstddef>
-#include <iterator>
 #include <sstream>
 #include <unordered_set>
 
@@ -25,30 +15,19 @@ namespace MLCore {
 
 namespace {
 
-/// By comparison type.
-constexpr const char* kOperators[] = {
-    " < ", " <= ", " > ", " >= ", " = ", " != ", " LIKE ", " BEGINS ", " ENDS ", " IN ", " CONTAINS "};
-
-/// By compound type.
-constexpr struct {
-    const char* begin;
-    const char* beforeMember;
-    const char* afterMember;
-    const char* between;
-} kCompounds[] = {{"(", "(", ")", " AND "}, {"(", "(", ")", " OR "}, {"NOT(", "", "", ""}};
-
-// A stream that finds no memory is to say so; unasked, it leaves the rest of the text out.
+// Without it, a stream that finds no memory would silently lose the rest of the text.
 constexpr std::ios_base::iostate kFailing = std::ios_base::badbit;
 
 std::string OperatorText(CVALUEOBJECT::ComparisonType type) {
-    const auto index = static_cast<std::size_t>(type);
-    return index < std::size(kOperators) ? kOperators[index] : ' ' + std::to_string(static_cast<int>(type)) + ' ';
+    const COMPARISONWORDS* const words = WordsOf(type);
+    const bool isOperator = words != nullptr && words->queryOperator != nullptr;
+    return isOperator ? words->queryOperator : ' ' + std::to_string(static_cast<int>(type)) + ' ';
 }
 
 }  // namespace
 
-/// Operators stand between their operands, so each node writes itself and shows the visitor its children where they belong,
-/// rather than have Accept() go on.
+/// Operators stand between their operands, so each node writes itself and shows the visitor its children at their
+/// places, instead of leaving that to Accept().
 class CPREDICATEHELPER::VISITOR : public CPREDICATEVISITOR {
 public:
     explicit VISITOR(Quoting quoting) : mIsQuoted(quoting == Quoting::Quoted) { mOutline.exceptions(kFailing); }
@@ -57,47 +36,32 @@ public:
     [[nodiscard]] std::string GetOutline() const { return mOutline.str(); }
     [[nodiscard]] const std::vector<CKEY>& GetKeys() const noexcept { return mKeys; }
 
-    int VisitExpression(const CEXPRESSION& expression) override {
-        return WriteNode<CVALUEEXPRESSION, CKEYEXPRESSION, CLISTEXPRESSION, CFUNCTIONEXPRESSION, CVARIABLEEXPRESSION,
-                         COBJECTEXPRESSION>(expression);
-    }
-    int VisitPredicate(const CPREDICATE& predicate) override {
-        return WriteNode<CVALUEPREDICATE, CCOMPOUNDPREDICATE, CCOMPARISONBINARYPREDICATE, CCOMPARISONINPREDICATE,
-                         CCOMPARISONBETWEENPREDICATE, CSEARCHTEXTPREDICATE>(predicate);
-    }
+    int VisitExpression(const CEXPRESSION& expression) override { return WriteNode(expression); }
+    int VisitPredicate(const CPREDICATE& predicate) override { return WriteNode(predicate); }
 
 private:
-    /// By the first of the classes that the node is of, or else as its dump. Always 0: the children are written already.
-    template <class... Classes, class Node>
+    /// Always 0: the children are written already.
+    template <class Node>
     int WriteNode(const Node& node) {
         AddOutlineLine(mDepth, &node);
         ++mDepth;
-        if (!(WriteAs<Classes>(node) || ...)) {
-            WriteDump(&node);
-        }
+        Dispatch(node, [this](const auto& own) { this->Write(own); });
         --mDepth;
         return 0;
     }
     template <class Node>
-    void WriteDump(const Node* node) {
+    void WriteDump(const Node& node) {
         std::ostringstream dump;
         dump.exceptions(kFailing);
-        dump << node;
+        dump << &node;
         mQuery += dump.str();
-    }
-    template <class Class, class Node>
-    bool WriteAs(const Node& node) {
-        const auto* const own = dynamic_cast<const Class*>(&node);
-        if (own != nullptr) {
-            Write(*own);
-        }
-        return own != nullptr;
     }
     template <class Text>
     void AddOutlineLine(int level, const Text& text) {
         mOutline << std::string(static_cast<std::size_t>(level), '\t') << text << '\n';
     }
 
+    void Write(const CEXPRESSION& other) { WriteDump(other); }
     void Write(const CVALUEEXPRESSION& value) { AppendValueText(mQuery, value.GetValue(), mIsQuoted); }
     void Write(const CKEYEXPRESSION& key) {
         mQuery += key.GetKey();
@@ -115,6 +79,7 @@ private:
     void Write(const CVARIABLEEXPRESSION& variable) { mQuery += variable.GetName(); }
     void Write(const COBJECTEXPRESSION& object) { mQuery += object.GetName(); }
 
+    void Write(const CPREDICATE& other) { WriteDump(other); }
     void Write(const CVALUEPREDICATE& value) { mQuery += value.GetValue() != 0 ? "1=1" : "1=0"; }
     void Write(const CCOMPOUNDPREDICATE& compound);
     void Write(const CCOMPARISONBINARYPREDICATE& comparison) {
@@ -151,27 +116,26 @@ private:
     std::string mQuery;
     std::ostringstream mOutline;
     std::vector<CKEY> mKeys;
-    std::unordered_set<std::string> mKnownKeys;  // those in mKeys: many comparisons shall not search it one by one
+    std::unordered_set<std::string> mKnownKeys;  // those in mKeys, so that many comparisons cost linear time
 };
 
 void CPREDICATEHELPER::VISITOR::Write(const CCOMPOUNDPREDICATE& compound) {
-    const auto index = static_cast<std::size_t>(compound.GetType());
-    if (index >= std::size(kCompounds)) {
-        WriteDump(&compound);
+    const COMPOUNDWORDS* const words = WordsOf(compound.GetType());
+    if (words == nullptr) {
+        WriteDump(compound);
         return;
     }
-    const auto& text = kCompounds[index];
     const int level = mDepth - 1;  // the compound's own
     const char* between = "";
     AddOutlineLine(level, '(');
-    mQuery += text.begin;
+    mQuery += words->queryBegin;
     ForEachOf<CPREDICATE>(compound.GetPredicates(), [&](const CPREDICATE& member) {
-        mQuery.append(between).append(text.beforeMember);
+        mQuery.append(between).append(words->queryBeforeMember);
         member.Accept(*this);
-        mQuery += text.afterMember;
-        between = text.between;
+        mQuery += words->queryAfterMember;
+        between = words->queryBetween;
     });
-    mQuery += ')';
+    mQuery += words->queryEnd;
     AddOutlineLine(level, ')');
 }
 

@@ -11,7 +11,7 @@ namespace MLCore {
 
 class CPREDICATE;
 
-/// What a database or a log has to know of a predicate: a condition for a query, an outline of the tree, and the keys used.
+/// Writes a predicate as the condition of a query and as an outline, and lists the keys that it uses.
 ///
 ///     const auto isHe = CEQUALPREDICATE::Create(CKEYEXPRESSION::Create("name"), CVALUEEXPRESSION::Create("O'Brien"));
 ///     const CPREDICATEHELPER helper(isHe);
@@ -20,12 +20,13 @@ class CPREDICATE;
 ///                          //     CKEYEXPRESSION(name)
 ///                          //     CVALUEEXPRESSION(O'Brien)
 ///
-/// The predicate is walked once, by the constructor, and not needed afterwards. The cost is linear in what is written.
+/// The constructor walks the predicate once, which is not used afterwards. The cost is linear in the length of the
+/// texts.
 ///
 /// | Predicate        | Query text (without the double quotes)                                   |
 /// |------------------|--------------------------------------------------------------------------|
 /// | true, false      | 1=1, 1=0                                                                 |
-/// | AND, OR          | ((a) AND (b)), ((a) OR (b) OR (c)); of none ()                           |
+/// | AND, OR          | ((a) AND (b)), ((a) OR (b) OR (c)); without members ()                   |
 /// | NOT              | NOT(a)                                                                   |
 /// | comparison       | a < b; also <= > >= = != LIKE BEGINS ENDS CONTAINS, or the unknown type's number |
 /// | IN               | a IN [1 , 2 ,  ]                                                         |
@@ -35,20 +36,21 @@ class CPREDICATE;
 /// | Expression       | Query text                                                               |
 /// |------------------|--------------------------------------------------------------------------|
 /// | value            | as AppendValueText() writes it                                           |
-/// | key              | its path as it stands                                                    |
-/// | list             | each item and " , " behind it, the last one too                          |
-/// | function         | its name and "(TODO)": calls are not rendered                            |
-/// | variable, object | its name as it stands                                                    |
+/// | key              | its path, unchanged                                                      |
+/// | list             | each item and " , " after it, also after the last                        |
+/// | function         | its name and "(TODO)": calls are not written                             |
+/// | variable, object | its name, unchanged                                                      |
 ///
-/// Predicates and expressions of other kinds, as an application writes them, stand with their dump, which no database takes
-/// for a condition; one whose Accept() shows another in its place is written as that one.
+/// An application's own predicates and expressions are written as their dumps, which no database accepts as a
+/// condition. If the Accept() of one shows another in its place, that one is written.
 ///
-/// *Only texts are quoted.* Keys and names must come from the program, never from its user: they could hold a condition.
+/// *Only texts are quoted.* Keys and names must come from the program, never from its user: they could hold a
+/// condition.
 class MLCORE_API CPREDICATEHELPER {
 public:
     enum class Quoting {
-        Quoted,  ///< texts in "'", each "'" inside written twice
-        Raw,     ///< texts as they are, for reading; not for queries
+        Quoted,  ///< Texts stand in "'", and each "'" inside is written twice.
+        Raw,     ///< Texts are unchanged: for readers, not for queries.
     };
 
     /// A key path.
@@ -64,7 +66,7 @@ public:
         std::string mKey;
     };
 
-    /// Of null, both texts are empty and there are no keys. `quoting` is that of the query text only.
+    /// For null, both texts are empty and there are no keys. `quoting` applies to the query text only.
     explicit CPREDICATEHELPER(const CPREDICATE* predicate, Quoting quoting = Quoting::Quoted);
     CPREDICATEHELPER(const CPREDICATEHELPER& other);
     CPREDICATEHELPER& operator=(const CPREDICATEHELPER& other);
@@ -72,10 +74,10 @@ public:
 
     /// The condition.
     [[nodiscard]] std::string GetStrSQL() const;
-    /// A line for each predicate and expression: a tab for each level, its dump and "\n". "(" and ")" on lines of their own
-    /// enclose the members of AND, OR and NOT. Texts are not quoted.
+    /// The outline: for each predicate and expression a line with a tab for each level, its dump and "\n". "(" and
+    /// ")" on separate lines enclose the members of AND, OR and NOT. Texts are not quoted.
     [[nodiscard]] std::string GetStr() const;
-    /// The path of each key expression once, in the order in which the query text has them.
+    /// The path of each key expression once, in the order of the query text.
     [[nodiscard]] std::vector<CKEY> GetDistinctKeyExpressionKeys() const;
 
 private:

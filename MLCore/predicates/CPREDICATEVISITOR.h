@@ -7,13 +7,15 @@ namespace MLCore {
 class CEXPRESSION;
 class CPREDICATE;
 
-/// Walks a tree of predicates and expressions: `predicate->Accept(visitor)` calls these for each node, parents first, children
-/// in order. The accessors of the classes tell what a node holds.
+/// Walks a tree of predicates and expressions: `predicate->Accept(visitor)` calls these functions for each node,
+/// parents before children, children in order. Dispatch() in Dispatch.h distinguishes the classes of the nodes.
 ///
 ///     class KEYS : public CPREDICATEVISITOR {
 ///     public:
 ///         int VisitExpression(const CEXPRESSION& expression) override {
-///             if (const auto* key = dynamic_cast<const CKEYEXPRESSION*>(&expression)) keys.push_back(key->GetKey());
+///             Dispatch(
+///                 expression, [this](const CKEYEXPRESSION& key) { keys.push_back(key.GetKey()); },
+///                 [](const CEXPRESSION&) {});
 ///             return 1;
 ///         }
 ///         int VisitPredicate(const CPREDICATE&) override { return 1; }
@@ -23,11 +25,11 @@ class MLCORE_API CPREDICATEVISITOR {
 public:
     virtual ~CPREDICATEVISITOR();
 
-    /// Not 0: go on into the items of a list. Parameters of functions are not visited.
+    /// A result other than 0 asks for the items of a list. The parameters of functions are not shown.
     virtual int VisitExpression(const CEXPRESSION& expression) = 0;
-    /// Not 0: go on into the members or operands.
+    /// A result other than 0 asks for the members or operands.
     virtual int VisitPredicate(const CPREDICATE& predicate) = 0;
-    /// After the members and operands, also when they were left out.
+    /// Is called after the members and operands, and also where they were not asked for. Does nothing.
     virtual void LeavePredicate(const CPREDICATE& predicate);
 
 protected:

@@ -1,13 +1,14 @@
 #include <MLCore/predicates/CSEARCHTEXTPREDICATE.h>
 
+#include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
-#include <MLCore/predicates/CPREDICATEVISITOR.h>
-#include <MLCore/predicates/detail/NodeText.h>
+#include <MLCore/predicates/detail/NodeDump.h>
+#include <MLCore/predicates/detail/PredicateWords.h>
 #include <MLCore/text/Blanks.h>
+#include <MLCore/values/CVALUEOBJECT.h>
 
 #include <string_view>
-#include <utility>
 
 namespace MLCore {
 
@@ -15,33 +16,56 @@ MLCORE_REGISTER_CLASS(CSEARCHTEXTPREDICATE)
 
 namespace {
 
-constexpr const char* kElement = "searchText";
 constexpr std::size_t kMostOperands = 2;
 
 bool IsText(const CVALUEOBJECT* object) {
     return object != nullptr && object->GetValue().GetType() == CVALUE::Type::String;
 }
 
+OPERAND OperandOf(const CSHAREOBJECTPTR<CEXPRESSION>& expression, const char* role) {
+    Require(!!expression, kErrNull, "the ", role, " of a search for words is null");
+    return OPERAND(expression);
+}
+
+// Each word of `words` occurs in `where`.
+bool HoldsWords(const CVALUEOBJECT& where, std::string_view words) {
+    for (std::size_t at = 0; (at = words.find_first_not_of(kBlanks)) != std::string_view::npos;) {
+        words.remove_prefix(at);
+        const std::string_view word = words.substr(0, words.find_first_of(kBlanks));
+        words.remove_prefix(word.size());
+        if (where.Cmp(CVALUE(std::string(word)), CVALUEOBJECT::ComparisonType::Contains,
+                      CVALUEOBJECT::ComparisonOption::DiacriticInsensitive) == 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
-CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE() : CSEARCHTEXTPREDICATE(std::vector<OPERAND>(1)) {}
+CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE() : CPREDICATE(PredicateType::SearchText) { mOperands.Add(OPERAND::Null()); }
 
-CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE(std::vector<OPERAND> operands)
-    : CPREDICATE(PredicateType::SearchText), mOperands(std::move(operands)) {
-    if (mOperands.empty() || mOperands.size() > kMostOperands) {
-        FailOSErr(kErrValueType);
-    }
+CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE(const CSHAREOBJECTPTR<CEXPRESSION>& text)
+    : CPREDICATE(PredicateType::SearchText) {
+    mOperands.Add(OperandOf(text, "text"));
+}
+
+CSEARCHTEXTPREDICATE::CSEARCHTEXTPREDICATE(const CSHAREOBJECTPTR<CEXPRESSION>& field,
+                                           const CSHAREOBJECTPTR<CEXPRESSION>& text)
+    : CPREDICATE(PredicateType::SearchText) {
+    mOperands.Add(OperandOf(field, "field"));
+    mOperands.Add(OperandOf(text, "text"));
 }
 
 CSEARCHTEXTPREDICATE::~CSEARCHTEXTPREDICATE() = default;
 
 CSHAREOBJECTPTR<CPREDICATE> CSEARCHTEXTPREDICATE::Create(const CSHAREOBJECTPTR<CEXPRESSION>& text) {
-    return AdoptObject<CPREDICATE>(new CSEARCHTEXTPREDICATE({OPERAND(text)}));
+    return AdoptObject<CPREDICATE>(new CSEARCHTEXTPREDICATE(text));
 }
 
 CSHAREOBJECTPTR<CPREDICATE> CSEARCHTEXTPREDICATE::Create(const CSHAREOBJECTPTR<CEXPRESSION>& field,
                                                          const CSHAREOBJECTPTR<CEXPRESSION>& text) {
-    return AdoptObject<CPREDICATE>(new CSEARCHTEXTPREDICATE({OPERAND(field), OPERAND(text)}));
+    return AdoptObject<CPREDICATE>(new CSEARCHTEXTPREDICATE(field, text));
 }
 
 int CSEARCHTEXTPREDICATE::Evaluate(COBJECT* object, CDICTIONARY& variables) const {
@@ -55,51 +79,31 @@ int CSEARCHTEXTPREDICATE::Search(const SUBJECT& subject) const {
         return 0;
     }
     CSHAREOBJECTPTR<COBJECT> holders[2];
-    COBJECT* const field = mOperands.front().Evaluate(subject, holders[0]);
-    COBJECT* const text = mOperands.back().Evaluate(subject, holders[1]);
+    COBJECT* const field = mOperands[0].Evaluate(subject, holders[0]);
+    COBJECT* const text = TextOperand().Evaluate(subject, holders[1]);
     const CVALUEOBJECT* const where = AsValueObject(field);
-    const CVALUEOBJECT* const what = AsValueObject(text);
-    if (!IsText(where) || !IsText(what)) {
-        return 0;
-    }
-    std::string_view rest = static_cast<const char*>(what->GetValue());
-    for (std::size_t at = 0; (at = rest.find_first_not_of(kBlanks)) != std::string_view::npos;) {
-        rest.remove_prefix(at);
-        const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
-        rest.remove_prefix(word.size());
-        if (where->Cmp(CVALUE(std::string(word)), CVALUEOBJECT::ComparisonType::Contains,
-                       CVALUEOBJECT::ComparisonOption::DiacriticInsensitive) == 0) {
-            return 0;
-        }
-    }
-    return 1;
+    const CVALUEOBJECT* const words = AsValueObject(text);
+    const bool isFound =
+        IsText(where) && IsText(words) && HoldsWords(*where, static_cast<const char*>(words->GetValue()));
+    return isFound ? 1 : 0;
 }
 
-void CSEARCHTEXTPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
-    if (visitor.VisitPredicate(*this) != 0) {
-        for (const OPERAND& operand : mOperands) {
-            operand.GetExpression()->Accept(visitor);
-        }
-    }
-    visitor.LeavePredicate(*this);
-}
+void CSEARCHTEXTPREDICATE::Accept(CPREDICATEVISITOR& visitor) const { mOperands.Accept(*this, visitor); }
 
 void CSEARCHTEXTPREDICATE::DoWriteState(CKEYWRITER& writer) const {
-    writer.BeginElement(kElement);
-    for (const OPERAND& operand : mOperands) {
-        operand.GetExpression()->DoWriteState(writer);
-    }
+    writer.BeginElement(kSearchTextElement);
+    mOperands.Write(writer);
     writer.EndElement();
 }
 
 void CSEARCHTEXTPREDICATE::DoInitState(CKEYREADER& reader) {
-    reader.BeginElement(kElement);
-    std::vector<OPERAND> operands;
+    reader.BeginElement(kSearchTextElement);
+    OPERANDS operands;
     do {
-        operands.emplace_back(CEXPRESSION::Create(reader));
-    } while (reader.HasElement() != 0 && operands.size() < kMostOperands);
+        operands.Add(OPERAND(CEXPRESSION::Create(reader)));
+    } while (reader.HasElement() != 0 && operands.GetCount() < kMostOperands);
     reader.EndElement();
-    mOperands = std::move(operands);
+    mOperands = operands;
 }
 
 std::ostream& operator<<(std::ostream& out, const CSEARCHTEXTPREDICATE* predicate) {

@@ -1,5 +1,6 @@
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
 
+#include <MLCore/predicates/detail/ExpressionWords.h>
 #include <MLCore/predicates/detail/ValueElement.h>
 #include <MLCore/values/CVALUEOBJECT.h>
 #include <MLCore/values/ValueText.h>
@@ -9,8 +10,6 @@
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CVALUEEXPRESSION)
-
-CVALUEEXPRESSION::CVALUEEXPRESSION() : CEXPRESSION(ExpressionType::Value) {}
 
 CVALUEEXPRESSION::CVALUEEXPRESSION(const CVALUE& value) : CEXPRESSION(ExpressionType::Value), mValue(value) {}
 
@@ -26,9 +25,13 @@ CSHAREOBJECTPTR<COBJECT> CVALUEEXPRESSION::Evaluate(COBJECT* object, CDICTIONARY
 
 CSHAREOBJECTPTR<COBJECT> CVALUEEXPRESSION::Evaluate(COBJECT*) { return CVALUEOBJECT::Create(mValue); }
 
-void CVALUEEXPRESSION::DoWriteState(CKEYWRITER& writer) const { WriteValueElement(writer, kElement, mValue); }
+void CVALUEEXPRESSION::DoWriteState(CKEYWRITER& writer) const {
+    WriteValueElement(writer, WordsOf(ExpressionType::Value).element, mValue);
+}
 
-void CVALUEEXPRESSION::DoInitState(CKEYREADER& reader) { mValue = ReadValueElement(reader, kElement); }
+void CVALUEEXPRESSION::DoInitState(CKEYREADER& reader) {
+    mValue = ReadValueElement(reader, WordsOf(ExpressionType::Value).element);
+}
 
 std::ostream& operator<<(std::ostream& out, const CVALUEEXPRESSION* expression) {
     std::string text;

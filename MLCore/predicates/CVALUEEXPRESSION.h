@@ -3,8 +3,6 @@
 #include <MLCore/predicates/CEXPRESSION.h>
 #include <MLCore/values/CVALUE.h>
 
-#include <utility>
-
 namespace MLCore {
 
 /// A constant.
@@ -14,33 +12,30 @@ class MLCORE_API CVALUEEXPRESSION : public CEXPRESSION {
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const CVALUE& value);
     CVALUEEXPRESSION(const CVALUEEXPRESSION&) = default;
-    CVALUEEXPRESSION(CVALUEEXPRESSION&& other) : CVALUEEXPRESSION(std::as_const(other)) {}
 
     [[nodiscard]] const CVALUE& GetValue() const noexcept { return mValue; }
     [[nodiscard]] CVALUE::Type GetType() const noexcept { return mValue.GetType(); }
     [[nodiscard]] int IsNull() const noexcept { return mValue.IsNull(); }
 
-    /// A new value object with the constant.
+    /// Returns a new value object that holds the constant. Neither the object nor the variables are used.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object, CDICTIONARY& variables) override;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object) override;
 
-    /// Fails with 138 for a Guid, an Object, a date or time that is none, and a text that the writer cannot write.
+    /// Fails with kErrValueType (138) for a Guid, an Object, an invalid date or time, and a text that the writer
+    /// cannot write.
     void DoWriteState(CKEYWRITER& writer) const override;
     void DoInitState(CKEYREADER& reader) override;
 
-    static constexpr const char* kElement = "value";
-
 protected:
-    explicit CVALUEEXPRESSION(const CVALUE& value);
+    explicit CVALUEEXPRESSION(const CVALUE& value = {});
     ~CVALUEEXPRESSION() override;
 
 private:
-    CVALUEEXPRESSION();
-
     CVALUE mValue;
 };
 
-/// Writes "CVALUEEXPRESSION(5)" with the value's text (AppendValueText), unquoted; "CVALUEEXPRESSION()" for null.
+/// Writes "CVALUEEXPRESSION(5)": the value's text as AppendValueText() writes it, unquoted. Writes
+/// "CVALUEEXPRESSION()" for null.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CVALUEEXPRESSION* expression);
 
 }  // namespace MLCore

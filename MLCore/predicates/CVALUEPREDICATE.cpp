@@ -2,18 +2,13 @@
 
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
+#include <MLCore/predicates/detail/PredicateWords.h>
 
 #include <ostream>
 
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CVALUEPREDICATE)
-
-namespace {
-
-constexpr const char* kElements[] = {"false", "true"};
-
-}  // namespace
 
 CVALUEPREDICATE::CVALUEPREDICATE(int value) noexcept : CPREDICATE(PredicateType::Value), mValue(value) {}
 
@@ -28,14 +23,15 @@ int CVALUEPREDICATE::Evaluate(COBJECT*, CDICTIONARY&) const { return mValue; }
 int CVALUEPREDICATE::Evaluate(COBJECT*) const { return mValue; }
 
 void CVALUEPREDICATE::DoWriteState(CKEYWRITER& writer) const {
-    writer.BeginElement(kElements[mValue != 0]);
+    writer.BeginElement(mValue != 0 ? kTrueElement : kFalseElement);
     writer.EndElement();
 }
 
 void CVALUEPREDICATE::DoInitState(CKEYREADER& reader) {
-    mValue = reader.GetElementName() == kElements[1] ? 1 : 0;
-    reader.BeginElement(kElements[mValue]);
+    const bool isTrue = reader.GetElementName() == kTrueElement;
+    reader.BeginElement(isTrue ? kTrueElement : kFalseElement);
     reader.EndElement();
+    mValue = isTrue ? 1 : 0;
 }
 
 std::ostream& operator<<(std::ostream& out, const CVALUEPREDICATE* predicate) {

@@ -4,16 +4,17 @@
 
 namespace MLCore {
 
-/// A condition that every object meets, or none.
+/// A constant condition: every object meets it, or no object does.
 class MLCORE_API CVALUEPREDICATE : public CPREDICATE {
     MLCORE_CLASS(CVALUEPREDICATE, CPREDICATE)
 
 public:
+    /// Every object meets it when `value` is not 0.
     [[nodiscard]] static CSHAREOBJECTPTR<CPREDICATE> Create(int value);
     [[nodiscard]] static CSHAREOBJECTPTR<CPREDICATE> True() { return Create(1); }
     [[nodiscard]] static CSHAREOBJECTPTR<CPREDICATE> False() { return Create(0); }
 
-    /// As it was given.
+    /// The value given to Create(), which Evaluate() returns.
     [[nodiscard]] int GetValue() const noexcept { return mValue; }
 
     [[nodiscard]] int Evaluate(COBJECT* object, CDICTIONARY& variables) const override;
@@ -24,12 +25,10 @@ public:
     void DoInitState(CKEYREADER& reader) override;
 
 protected:
-    explicit CVALUEPREDICATE(int value) noexcept;
+    explicit CVALUEPREDICATE(int value = 0) noexcept;
     ~CVALUEPREDICATE() override;
 
 private:
-    CVALUEPREDICATE() noexcept : CVALUEPREDICATE(0) {}
-
     int mValue;
 };
 

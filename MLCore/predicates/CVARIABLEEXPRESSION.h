@@ -1,40 +1,26 @@
 #pragma once
 
-#include <MLCore/predicates/CEXPRESSION.h>
-
-#include <string>
-#include <utility>
+#include <MLCore/predicates/detail/TEXTEXPRESSION.h>
 
 namespace MLCore {
 
-/// The value of a variable: what the dictionary of variables holds under its name.
-class MLCORE_API CVARIABLEEXPRESSION : public CEXPRESSION {
+/// The value of a variable: the object that the dictionary of variables holds under its name.
+class MLCORE_API CVARIABLEEXPRESSION : public TEXTEXPRESSION {
     MLCORE_CLASS(CVARIABLEEXPRESSION, CEXPRESSION)
 
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CEXPRESSION> Create(const std::string& name);
     CVARIABLEEXPRESSION(const CVARIABLEEXPRESSION&) = default;
-    CVARIABLEEXPRESSION(CVARIABLEEXPRESSION&& other) : CVARIABLEEXPRESSION(std::as_const(other)) {}
 
-    [[nodiscard]] const std::string& GetName() const noexcept { return mName; }
+    [[nodiscard]] const std::string& GetName() const noexcept { return GetHeldText(); }
 
-    /// Null for a variable that is missing, and without variables. The object does not matter.
+    /// Returns null for a missing variable, and without variables. The object is not used.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object, CDICTIONARY& variables) override;
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> Evaluate(COBJECT* object) override;
 
-    void DoWriteState(CKEYWRITER& writer) const override;
-    void DoInitState(CKEYREADER& reader) override;
-
-    static constexpr const char* kElement = "variable";
-
 protected:
-    explicit CVARIABLEEXPRESSION(const std::string& name);
+    explicit CVARIABLEEXPRESSION(const std::string& name = {});
     ~CVARIABLEEXPRESSION() override;
-
-private:
-    CVARIABLEEXPRESSION();
-
-    std::string mName;
 };
 
 /// Writes "CVARIABLEEXPRESSION(name)"; "CVARIABLEEXPRESSION()" for null.

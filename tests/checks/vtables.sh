@@ -26,7 +26,7 @@ expected() {
         CVALUEOBJECT) echo "$object CmpString" ;;
         CEXPRESSION | CPREDICATE) echo "$object Evaluate Evaluate Accept DoWriteState DoInitState" ;;
         CCOMPARISONPREDICATE)
-            echo "$(expected CPREDICATE) InitFromKeyReader WriteToKeyWriter WriteOperands ReadOperands"
+            echo "$(expected CPREDICATE) InitFromKeyReader WriteToKeyWriter"
             ;;
         CSET)
             echo "$object AddObjects Contains Intersects GetObjects Intersect Union Substract GetCount AddObject" \

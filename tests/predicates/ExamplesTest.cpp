@@ -3,6 +3,15 @@
 #include <gtest/gtest.h>
 #include <predicates/Trees.h>
 
+namespace predicates_test {
+
+#include "header_examples/CFUNCTIONEXPRESSION.inc"
+MLCORE_REGISTER_CLASS(CTODAY)
+
+#include "header_examples/Dispatch.inc"
+
+}  // namespace predicates_test
+
 namespace {
 
 using namespace predicates_test;
@@ -18,6 +27,23 @@ TEST(PredicatesExamplesTest, Predicate) {
 #include "header_examples/CPREDICATE.inc"
     ASSERT_EQ(large->GetCount(), 1);
     EXPECT_EQ(large->First(), orders->First());
+}
+
+TEST(PredicatesExamplesTest, BinaryPredicate) {
+#include "header_examples/BinaryPredicates.inc"
+    EXPECT_EQ(Orders()->Filter(isLarge)->GetCount(), 1);
+}
+
+TEST(PredicatesExamplesTest, Function) {
+    const EXPRESSION today = AdoptObject<CEXPRESSION>(new CTODAY);
+    EXPECT_EQ(Dump(today), "CFUNCTIONEXPRESSION(today())");
+    EXPECT_EQ(ValueOf(today->Evaluate(nullptr)).GetType(), CVALUE::Type::Date);
+}
+
+TEST(PredicatesExamplesTest, Dispatch) {
+    EXPECT_EQ(Describe(*Key("a.b")), "the property a.b");
+    EXPECT_EQ(Describe(*Operand("$v")), "the variable v");
+    EXPECT_EQ(Describe(*Value(5L)), "CVALUEEXPRESSION");
 }
 
 TEST(PredicatesExamplesTest, Helper) {

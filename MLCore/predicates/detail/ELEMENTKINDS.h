@@ -1,11 +1,8 @@
 #pragma once
 
 #include <MLCore/core/COBJECT.h>
-#include <MLCore/core/COBJECTFACTORY.h>
-#include <MLCore/core/ErrorCodes.h>
-#include <MLCore/core/FailureChecks.h>
+#include <MLCore/core/CSHAREOBJECTPTR.h>
 #include <MLCore/keys/CKEYREADER.h>
-#include <MLCore/keys/CKEYSERIALIZABLE.h>
 
 #include <initializer_list>
 #include <map>
@@ -14,30 +11,35 @@
 
 namespace MLCore {
 
-/// Which class reads which element of a key stream: names to names of the object factory.
+/// Which class reads which element of a key stream: element names to names of the object factory.
 class ELEMENTKINDS {
 public:
-    ELEMENTKINDS(std::initializer_list<std::pair<const std::string, std::string>> kinds) : mClassNames(kinds) {}
+    /// `what` is what the elements are, with its article, for the texts of failures: "a predicate".
+    ELEMENTKINDS(const char* what, std::initializer_list<std::pair<const std::string, std::string>> kinds)
+        : mWhat(what), mClassNames(kinds) {}
 
-    /// A new object of the class for the element that the reader stands on, which then reads it. Fails with 138 for an
-    /// unknown element, and for a class that is no Base.
+    /// Creates an object of the class for the element that the reader stands on, and lets it read the element. Fails
+    /// with kErrValueType (138) for an unknown element, and when the factory creates an object that is not a Base.
     template <class Base>
-    [[nodiscard]] CSHAREOBJECTPTR<Base> Create(CKEYREADER& reader) const {
-        const auto found = mClassNames.find(reader.GetElementName());
-        if (found == mClassNames.end()) {
-            FailOSErr(kErrValueType);
-        }
-        const CSHAREOBJECTPTR<COBJECT> created = COBJECTFACTORY::GetInstance()->CreateObject(found->second.c_str());
-        const CSHAREOBJECTPTR<Base> object(dynamic_cast<Base*>(created.Get()));
-        if (!object) {
-            FailOSErr(kErrValueType);
-        }
-        object->DoInitState(reader);
-        return object;
-    }
+    [[nodiscard]] CSHAREOBJECTPTR<Base> Create(CKEYREADER& reader) const;
 
 private:
+    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateFor(const std::string& element) const;
+    [[noreturn]] void FailClass(const COBJECT* created) const;
+
+    const char* mWhat;
     std::map<std::string, std::string> mClassNames;
 };
+
+template <class Base>
+CSHAREOBJECTPTR<Base> ELEMENTKINDS::Create(CKEYREADER& reader) const {
+    const CSHAREOBJECTPTR<COBJECT> created = CreateFor(reader.GetElementName());
+    const CSHAREOBJECTPTR<Base> object(dynamic_cast<Base*>(created.Get()));
+    if (!object) {
+        FailClass(created);
+    }
+    object->DoInitState(reader);
+    return object;
+}
 
 }  // namespace MLCore

@@ -1,7 +1,6 @@
 #include <MLCore/predicates/detail/OPERAND.h>
 
 #include <MLCore/core/ExactClass.h>
-#include <MLCore/core/FailureChecks.h>
 #include <MLCore/predicates/CKEYEXPRESSION.h>
 #include <MLCore/predicates/CLISTEXPRESSION.h>
 #include <MLCore/predicates/CVALUEEXPRESSION.h>
@@ -13,7 +12,7 @@ namespace MLCore {
 
 namespace {
 
-// A class derived from these may evaluate otherwise, and need not say that it is another one.
+// A class derived from these may evaluate differently, so only the exact classes count.
 
 bool IsConstant(const CEXPRESSION& expression) { return IsExactly<CVALUEEXPRESSION>(expression); }
 
@@ -26,21 +25,18 @@ bool IsConstantList(const CEXPRESSION& expression) {
     return isConstant;
 }
 
-const OPERAND& NullOperand() {
-    static const OPERAND gNull(CVALUEEXPRESSION::Create(CVALUE::Null()));
-    return gNull;
-}
-
 }  // namespace
 
-OPERAND::OPERAND() : OPERAND(NullOperand()) {}
-
 OPERAND::OPERAND(CSHAREOBJECTPTR<CEXPRESSION> expression) : mExpression(std::move(expression)) {
-    FailNull(mExpression);
     if (IsConstant(*mExpression) || IsConstantList(*mExpression)) {
         mConstant = mExpression->Evaluate(nullptr);
     }
     mIsKey = mExpression->ClassInfo().IsKind(CKEYEXPRESSION::ClassInfoStatic()) != 0;
+}
+
+const OPERAND& OPERAND::Null() {
+    static const OPERAND gNull(CVALUEEXPRESSION::Create(CVALUE::Null()));
+    return gNull;
 }
 
 }  // namespace MLCore

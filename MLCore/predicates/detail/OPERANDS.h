@@ -1,6 +1,5 @@
 #pragma once
 
-#include <MLCore/predicates/CPREDICATEVISITOR.h>
 #include <MLCore/predicates/detail/OPERAND.h>
 
 #include <array>
@@ -8,42 +7,28 @@
 
 namespace MLCore {
 
-class CKEYREADER;
-class CKEYWRITER;
+class CPREDICATE;
 
-/// The operands of a comparison, in the order in which they are shown, written and read.
-template <std::size_t Count>
+/// The operands of a predicate, in the order in which they are shown, written and read.
 class OPERANDS {
 public:
+    static constexpr std::size_t kMost = 3;
+
+    [[nodiscard]] std::size_t GetCount() const noexcept { return mCount; }
+    /// `index` must be below GetCount().
     [[nodiscard]] const OPERAND& operator[](std::size_t index) const noexcept { return mOperands[index]; }
 
-    /// Fails with -100 when one is null.
-    template <class... Expressions>
-    void Set(const Expressions&... expressions) {
-        static_assert(sizeof...(expressions) == Count);
-        mOperands = {OPERAND(expressions)...};
-    }
-    void Accept(const CPREDICATE& owner, CPREDICATEVISITOR& visitor) const {
-        if (visitor.VisitPredicate(owner) != 0) {
-            for (const OPERAND& operand : mOperands) {
-                operand.GetExpression()->Accept(visitor);
-            }
-        }
-        visitor.LeavePredicate(owner);
-    }
-    void Write(CKEYWRITER& writer) const {
-        for (const OPERAND& operand : mOperands) {
-            operand.GetExpression()->DoWriteState(writer);
-        }
-    }
-    void Read(CKEYREADER& reader) {
-        for (OPERAND& operand : mOperands) {
-            operand = OPERAND(CEXPRESSION::Create(reader));
-        }
-    }
+    /// There must be fewer than kMost.
+    void Add(OPERAND operand);
+    /// Shows `owner`, which holds them, and then the operands if the visitor asks for them.
+    void Accept(const CPREDICATE& owner, CPREDICATEVISITOR& visitor) const;
+    void Write(CKEYWRITER& writer) const;
+    /// Reads as many operands as there are.
+    void Read(CKEYREADER& reader);
 
 private:
-    std::array<OPERAND, Count> mOperands;
+    std::array<OPERAND, kMost> mOperands;
+    std::size_t mCount = 0;
 };
 
 }  // namespace MLCore

@@ -1,40 +1,44 @@
+/// \file
 /// Arrays whose elements are all of one class.
 #pragma once
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/values/CMEMARRAY.h>
 
-#include <initializer_list>
 #include <utility>
 #include <vector>
 
 namespace MLCore {
 
-/// A new array of the same elements. A null one fails with -100, one that is no Class with 121.
+/// Fails with kErrNull (-100) for a null element. `what` names the array in the text of the failure: "a list of
+/// expressions".
+void RequireElement(const COBJECT* element, long index, const char* what);
+/// Fails with kErrBadCast (121).
+[[noreturn]] void FailElementClass(const COBJECT& element, long index, const char* what, const CCLASSTYPEINFO& wanted);
+
+/// Returns a new array of the same elements. Fails with kErrNull for a null element, and with kErrBadCast for an
+/// element that is not a Class.
 template <class Class>
-[[nodiscard]] CSHAREOBJECTPTR<CARRAY> CopyOf(const CARRAY& array) {
+[[nodiscard]] CSHAREOBJECTPTR<CARRAY> CopyOf(const CARRAY& array, const char* what);
+
+/// Calls `action` with each element, a Class, of an array in which every element was checked.
+template <class Class, class Action>
+void ForEachOf(const CARRAY& array, const Action& action);
+
+template <class Class>
+CSHAREOBJECTPTR<CARRAY> CopyOf(const CARRAY& array, const char* what) {
     std::vector<CSHAREOBJECTPTR<COBJECT>> elements;
     for (CSHAREOBJECTPTR<COBJECT> element : array) {
-        FailNull(element);
+        const auto index = static_cast<long>(elements.size());
+        RequireElement(element, index, what);
         if (dynamic_cast<Class*>(element.Get()) == nullptr) {
-            FailOSErr(kErrBadCast);
+            FailElementClass(*element, index, what, Class::ClassInfoStatic());
         }
         elements.push_back(std::move(element));
     }
     return CMEMARRAY::Create(std::move(elements));
 }
 
-/// A null one fails with -100.
-template <class Class>
-[[nodiscard]] CSHAREOBJECTPTR<CARRAY> ArrayOf(std::initializer_list<CSHAREOBJECTPTR<Class>> elements) {
-    for (const CSHAREOBJECTPTR<Class>& element : elements) {
-        FailNull(element);
-    }
-    return CMEMARRAY::Create(std::vector<CSHAREOBJECTPTR<COBJECT>>(elements.begin(), elements.end()));
-}
-
-/// Calls `action` with each element, a Class, of an array made by these.
 template <class Class, class Action>
 void ForEachOf(const CARRAY& array, const Action& action) {
     for (long index = 0; index < array.GetCount(); ++index) {

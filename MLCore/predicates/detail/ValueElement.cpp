@@ -1,6 +1,5 @@
 #include <MLCore/predicates/detail/ValueElement.h>
 
-#include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYWRITER.h>
@@ -12,8 +11,9 @@
 #include <cstdint>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <string>
-#include <type_traits>
+#include <utility>
 
 namespace MLCore {
 
@@ -25,82 +25,77 @@ constexpr const char* kType = "type";
 constexpr const char* kValue = "value";
 constexpr char kTimeMark = 'T';
 
-void Require(bool condition) {
-    if (!condition) {
-        FailOSErr(kErrValueType);
-    }
-}
+// A text that is not a value of the type is read as nothing.
+using READVALUE = std::optional<CVALUE>;
 
 template <class Number>
-CVALUE ReadNumber(const std::string& text) {
-    long long number = 0;
+std::optional<Number> NumberOf(const std::string& text) {
     using LIMITS = std::numeric_limits<Number>;
-    Require(ParseInteger(text, number) != 0 && number >= LIMITS::min() && number <= LIMITS::max());
-    if constexpr (std::is_same_v<Number, std::int32_t>) {
-        return CVALUE(static_cast<long>(number));
-    } else if constexpr (std::is_same_v<Number, std::uint32_t>) {
-        return CVALUE(static_cast<unsigned long>(number));
-    } else {
-        return CVALUE(static_cast<Number>(number));
-    }
+    long long number = 0;
+    const bool isNumber = ParseInteger(text, number) != 0 && number >= LIMITS::min() && number <= LIMITS::max();
+    return isNumber ? std::optional(static_cast<Number>(number)) : std::nullopt;
 }
 
-CVALUE ReadBool(const std::string& text) { return CVALUE(static_cast<int>(ReadNumber<std::int32_t>(text).ToLong())); }
+// `As` is the type of which a value is made.
+template <class Number, class As = Number>
+READVALUE ReadInteger(const std::string& text) {
+    const std::optional<Number> number = NumberOf<Number>(text);
+    return number ? READVALUE(static_cast<As>(*number)) : std::nullopt;
+}
 
-CVALUE ReadDouble(const std::string& text) {
+READVALUE ReadDouble(const std::string& text) {
     double number = 0;
-    Require(ParseDouble(text, number) != 0);
-    return CVALUE(number);
+    return ParseDouble(text, number) != 0 ? READVALUE(number) : std::nullopt;
 }
 
-CVALUE ReadFloat(const std::string& text) {
+READVALUE ReadFloat(const std::string& text) {
     constexpr double kWrittenMax = 3.4028235e38;  // the shortest text of the largest float, which is a little less
     constexpr double kMax = std::numeric_limits<float>::max();
-    const double number = ReadDouble(text).ToDouble();
-    Require(!std::isfinite(number) || std::abs(number) <= kWrittenMax);
-    const float stored = static_cast<float>(std::isfinite(number) ? std::clamp(number, -kMax, kMax) : number);
-    Require(stored != 0 || number == 0);
-    return CVALUE(stored);
-}
-
-// Dates and times without a zone, as ISO 8601 writes them; what is not written back as it was read is none.
-
-std::string TextOf(const CDATE& date) {
-    Require(date.IsNull() != 0 || date.IsDate() != 0);
-    return date.ToStringXML();
-}
-
-std::string TextOf(const CTIME& time) {
-    Require(time.IsTime() != 0);
-    return time.ToString();
-}
-
-std::string TextOf(const CDATETIME& moment) {
-    if (moment == CDATETIME()) {
-        return {};
+    double number = 0;
+    if (ParseDouble(text, number) == 0 || (std::isfinite(number) && std::abs(number) > kWrittenMax)) {
+        return std::nullopt;
     }
-    return TextOf(moment.GetDate()) + kTimeMark + TextOf(moment.GetTime());
+    const float stored = static_cast<float>(std::isfinite(number) ? std::clamp(number, -kMax, kMax) : number);
+    return stored != 0 || number == 0 ? READVALUE(stored) : std::nullopt;
 }
 
-CDATE DateOf(const std::string& text) {
+READVALUE ReadString(const std::string& text) { return CVALUE(text); }
+
+// Dates and times without a zone, as ISO 8601 writes them. A text that is not written back as it was read is not one.
+
+std::optional<CDATE> DateOf(const std::string& text) {
     CDATE date;
-    Require(text.empty() || (date.FromStringXML(text.c_str()) != 0 && date.ToStringXML() == text));
-    return date;
+    const bool isDate = text.empty() || (date.FromStringXML(text.c_str()) != 0 && date.ToStringXML() == text);
+    return isDate ? std::optional(date) : std::nullopt;
 }
 
-CTIME TimeOf(const std::string& text) {
+std::optional<CTIME> TimeOf(const std::string& text) {
     CTIME time;
-    Require(time.FromString(text.c_str()) != 0 && time.ToString() == text);
-    return time;
+    const bool isTime = time.FromString(text.c_str()) != 0 && time.ToString() == text;
+    return isTime ? std::optional(time) : std::nullopt;
 }
 
-CDATETIME DateTimeOf(const std::string& text) {
+READVALUE ReadDate(const std::string& text) {
+    const std::optional<CDATE> date = DateOf(text);
+    return date ? READVALUE(*date) : std::nullopt;
+}
+
+READVALUE ReadTime(const std::string& text) {
+    const std::optional<CTIME> time = TimeOf(text);
+    return time ? READVALUE(*time) : std::nullopt;
+}
+
+READVALUE ReadDateTime(const std::string& text) {
     if (text.empty()) {
-        return {};
+        return CVALUE(CDATETIME());
     }
     const std::size_t mark = text.find(kTimeMark);
-    Require(mark != std::string::npos);
-    return {DateOf(text.substr(0, mark)), TimeOf(text.substr(mark + 1))};
+    if (mark == std::string::npos) {
+        return std::nullopt;
+    }
+    const std::optional<CDATE> date = DateOf(text.substr(0, mark));
+    const std::optional<CTIME> time = TimeOf(text.substr(mark + 1));
+    return date && time ? READVALUE(CDATETIME(*date, *time)) : std::nullopt;
 }
 
 template <auto accessor>
@@ -108,53 +103,88 @@ std::string WriteInteger(const CVALUE& value) {
     return std::to_string((value.*accessor)());
 }
 
-constexpr struct {
+template <auto append, auto accessor>
+std::string WriteReal(const CVALUE& value) {
+    std::string text;
+    append(text, (value.*accessor)());
+    return text;
+}
+
+std::string TextOf(const CDATE& date) {
+    std::string text = date.ToStringXML();
+    if (date.IsNull() == 0 && date.IsDate() == 0) {
+        FailWith(kErrValueType, "the date ", Quoted(text), " is not valid and cannot be written");
+    }
+    return text;
+}
+
+std::string TextOf(const CTIME& time) {
+    Require(time.IsTime() != 0, kErrValueType, "a time outside 00:00:00 to 23:59:59 cannot be written");
+    return time.ToString();
+}
+
+std::string TextOf(const CDATETIME& moment) {
+    return moment == CDATETIME() ? "" : TextOf(moment.GetDate()) + kTimeMark + TextOf(moment.GetTime());
+}
+
+template <auto accessor>
+std::string WriteText(const CVALUE& value) {
+    return TextOf((value.*accessor)());
+}
+
+struct FORM {
     TYPE type;
     const char* name;
     std::string (*write)(const CVALUE& value);
-    CVALUE (*read)(const std::string& text);
-} kForms[] = {
-    {TYPE::Short, "short", WriteInteger<&CVALUE::ToShort>, ReadNumber<short>},
-    {TYPE::UShort, "uShort", WriteInteger<&CVALUE::ToWord>, ReadNumber<unsigned short>},
-    {TYPE::Long, "long", WriteInteger<&CVALUE::ToLong>, ReadNumber<std::int32_t>},
-    {TYPE::ULong, "uLong", WriteInteger<&CVALUE::ToDWord>, ReadNumber<std::uint32_t>},
-    {TYPE::Date, "date", [](const CVALUE& value) { return TextOf(value.ToDate()); },
-     [](const std::string& text) { return CVALUE(DateOf(text)); }},
-    {TYPE::Time, "time", [](const CVALUE& value) { return TextOf(value.ToTime()); },
-     [](const std::string& text) { return CVALUE(TimeOf(text)); }},
-    {TYPE::String, "string", [](const CVALUE& value) { return value.ToString(); },
-     [](const std::string& text) { return CVALUE(text); }},
-    {TYPE::Float, "float",
-     [](const CVALUE& value) {
-         std::string text;
-         AppendFloat(text, value.ToFloat());
-         return text;
-     },
-     ReadFloat},
-    {TYPE::Double, "double",
-     [](const CVALUE& value) {
-         std::string text;
-         AppendDouble(text, value.ToDouble());
-         return text;
-     },
-     ReadDouble},
-    {TYPE::DateTime, "dateTime", [](const CVALUE& value) { return TextOf(value.ToDateTime()); },
-     [](const std::string& text) { return CVALUE(DateTimeOf(text)); }},
-    {TYPE::Bool, "bool", WriteInteger<&CVALUE::ToBool>, ReadBool},
+    READVALUE (*read)(const std::string& text);
 };
+
+constexpr FORM kForms[] = {
+    {TYPE::Short, "short", WriteInteger<&CVALUE::ToShort>, ReadInteger<short>},
+    {TYPE::UShort, "uShort", WriteInteger<&CVALUE::ToWord>, ReadInteger<unsigned short>},
+    {TYPE::Long, "long", WriteInteger<&CVALUE::ToLong>, ReadInteger<std::int32_t, long>},
+    {TYPE::ULong, "uLong", WriteInteger<&CVALUE::ToDWord>, ReadInteger<std::uint32_t, unsigned long>},
+    {TYPE::Date, "date", WriteText<&CVALUE::ToDate>, ReadDate},
+    {TYPE::Time, "time", WriteText<&CVALUE::ToTime>, ReadTime},
+    {TYPE::String, "string", [](const CVALUE& value) { return value.ToString(); }, ReadString},
+    {TYPE::Float, "float", WriteReal<AppendFloat, &CVALUE::ToFloat>, ReadFloat},
+    {TYPE::Double, "double", WriteReal<AppendDouble, &CVALUE::ToDouble>, ReadDouble},
+    {TYPE::DateTime, "dateTime", WriteText<&CVALUE::ToDateTime>, ReadDateTime},
+    {TYPE::Bool, "bool", WriteInteger<&CVALUE::ToBool>, ReadInteger<std::int32_t, int>},
+};
+
+/// The form that `isWanted` accepts, or null.
+template <class Test>
+const FORM* FindForm(const Test& isWanted) {
+    const FORM* const found = std::find_if(std::begin(kForms), std::end(kForms), isWanted);
+    return found != std::end(kForms) ? found : nullptr;
+}
+
+[[noreturn]] void FailType(const std::string& name) {
+    std::string known;
+    for (const FORM& form : kForms) {
+        known.append(known.empty() ? "" : ", ").append(form.name);
+    }
+    FailWith(kErrValueType, "the type of a value is ", Quoted(name), ", wanted one of ", known);
+}
 
 }  // namespace
 
 void WriteValueElement(CKEYWRITER& writer, const char* element, const CVALUE& value) {
-    const auto form = std::find_if(std::begin(kForms), std::end(kForms),
-                                   [&value](const auto& row) { return row.type == value.GetType(); });
-    Require(form != std::end(kForms) || value.IsNull() != 0);
-    const std::string text = value.IsNull() != 0 ? std::string() : form->write(value);
-    writer.BeginElement(element);
-    if (value.IsNull() == 0) {
-        writer.SetAttribute(kType, form->name);
-        writer.SetAttribute(kValue, text);
+    if (value.IsNull() != 0) {
+        writer.BeginElement(element);
+        writer.EndElement();
+        return;
     }
+    const FORM* const form = FindForm([&value](const FORM& row) { return row.type == value.GetType(); });
+    if (form == nullptr) {
+        FailWith(kErrValueType, "the value is ", CVALUE::DescribeType(value.GetType()),
+                 ", which a key stream cannot hold");
+    }
+    const std::string text = form->write(value);
+    writer.BeginElement(element);
+    writer.SetAttribute(kType, form->name);
+    writer.SetAttribute(kValue, text);
     writer.EndElement();
 }
 
@@ -163,10 +193,16 @@ CVALUE ReadValueElement(CKEYREADER& reader, const char* element) {
     reader.BeginElement(element);
     if (reader.HasAttribute(kType) != 0) {
         const std::string name = reader.GetAttribute(kType);
-        const auto form =
-            std::find_if(std::begin(kForms), std::end(kForms), [&name](const auto& row) { return row.name == name; });
-        Require(form != std::end(kForms));
-        value = form->read(reader.GetAttribute(kValue));
+        const FORM* const form = FindForm([&name](const FORM& row) { return row.name == name; });
+        if (form == nullptr) {
+            FailType(name);
+        }
+        const std::string& text = reader.GetAttribute(kValue);
+        READVALUE read = form->read(text);
+        if (!read) {
+            FailWith(kErrValueType, Quoted(text), " is not a value of the type ", form->name);
+        }
+        value = std::move(*read);
     }
     reader.EndElement();
     return value;

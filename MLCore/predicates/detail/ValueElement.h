@@ -1,3 +1,4 @@
+/// \file
 /// Values in key streams.
 #pragma once
 
@@ -8,10 +9,11 @@ namespace MLCore {
 class CKEYREADER;
 class CKEYWRITER;
 
-/// An element with the attributes "type" and "value"; without them for an Unknown value. Fails with 138 for what has no form
-/// that is read back, before anything is written, and for a text that the writer cannot write.
+/// Writes an element with the attributes "type" and "value", without them for an Unknown value. Fails with
+/// kErrValueType (138) before anything is written for a value that could not be read back: a Guid, an Object, an
+/// invalid date or time. Fails with the same code for a text that the writer cannot write.
 void WriteValueElement(CKEYWRITER& writer, const char* element, const CVALUE& value);
-/// Fails with 138 for an unknown type, and for a text that is no value of it.
+/// Fails with kErrValueType for an unknown type, and for a text that is not a value of the type.
 [[nodiscard]] CVALUE ReadValueElement(CKEYREADER& reader, const char* element);
 
 }  // namespace MLCore
