@@ -101,7 +101,13 @@ TEST(ExpressionTest, CallersOwnWhatTheyGet) {
     const auto moved = AdoptObject(new CVALUEEXPRESSION(std::move(dynamic_cast<CVALUEEXPRESSION&>(*constant))));
     EXPECT_EQ(Dump(moved) + Dump(constant), "CVALUEEXPRESSION(a)CVALUEEXPRESSION(a)");
     EXPECT_EQ(moved->GetUseCount(), 1);
+    const EXPRESSION path = Key("a.b");
+    const auto movedPath = AdoptObject(new CKEYEXPRESSION(std::move(dynamic_cast<CKEYEXPRESSION&>(*path))));
+    EXPECT_EQ(Dump(movedPath) + Dump(path), "CKEYEXPRESSION(a.b)CKEYEXPRESSION(a.b)");
+    const auto movedList = AdoptObject(new CLISTEXPRESSION(std::move(dynamic_cast<CLISTEXPRESSION&>(*list))));
+    EXPECT_EQ(Dump(movedList), Dump(list));
     EXPECT_FALSE(std::is_copy_assignable_v<CVALUEEXPRESSION>);
+    EXPECT_FALSE(std::is_copy_assignable_v<CKEYEXPRESSION>);
 
     const auto stranger = CMEMARRAY::Create(constant, CTHING::Create());
     EXPECT_EQ(FailureOf([&] { return CLISTEXPRESSION::Create(constant, nullptr); }), -100);

@@ -1,7 +1,5 @@
 #include <MLCore/core/COBJECTFACTORY.h>
-#include <MLCore/keys/CXMLKEYREADER.h>
-#include <MLCore/keys/CXMLKEYWRITER.h>
-#include <MLCore/streams/CBUFFERSTREAM.h>
+#include <predicates/KeyText.h>
 #include <predicates/Trees.h>
 
 #include <limits>
@@ -10,22 +8,6 @@
 namespace {
 
 using namespace predicates_test;
-
-std::string Written(const CKEYSERIALIZABLE& tree) {
-    CBUFFERSTREAM buffer;
-    buffer.Open();
-    CXMLKEYWRITER writer(buffer);
-    tree.DoWriteState(writer);
-    return std::string(static_cast<const char*>(buffer.GetBuffer()), buffer.GetSize());
-}
-
-template <class Class>
-CSHAREOBJECTPTR<Class> Read(std::string_view text) {
-    CBUFFERSTREAM buffer(static_cast<unsigned long>(text.size()), text.data());
-    buffer.Open();
-    CXMLKEYREADER reader(buffer);
-    return Class::Create(reader);
-}
 
 TEST(PredicateStreamTest, PredicatesComeBack) {
     const auto record = Record({{"n", Object(5L)}, {"s", Object("Ren\xE9 & <Fils>")}, {"none", nullptr}});
