@@ -84,8 +84,8 @@ void CCOMPARISONPREDICATE::InitFromKeyReader(CKEYREADER& reader) {
         const std::string& word = reader.GetAttribute(kOption);
         const auto* const found = std::find(std::begin(kOptionWords), std::end(kOptionWords), word);
         if (found == std::end(kOptionWords)) {
-            FailWith(kErrValueType, "the attribute '", kOption, "' of a comparison is ", Quoted(word), ", wanted ",
-                     kOptionWords[0], ", ", kOptionWords[1], " or ", kOptionWords[2]);
+            reader.FailHere("the attribute '", kOption, "' of a comparison is ", Quoted(word), ", wanted ",
+                            kOptionWords[0], ", ", kOptionWords[1], " or ", kOptionWords[2]);
         }
         mOption = static_cast<OPTION>(found - std::begin(kOptionWords));
     }

@@ -17,6 +17,7 @@ MLCORE_REGISTER_CLASS(CCOMPOUNDPREDICATE)
 namespace {
 
 constexpr const char* kWhat = "a compound predicate";
+constexpr const char* kWrongCount = "a predicate 'not' has one member; found members: ";
 
 const char* ElementOf(CCOMPOUNDPREDICATE::Type type) {
     const COMPOUNDWORDS* const words = WordsOf(type);
@@ -92,13 +93,10 @@ void CCOMPOUNDPREDICATE::Accept(CPREDICATEVISITOR& visitor) const {
     visitor.LeavePredicate(*this);
 }
 
-void CCOMPOUNDPREDICATE::RequireMemberCount() const {
-    const long count = GetPredicates().GetCount();
-    Require(mType != Type::NOT || count == 1, kErrValueType, "a predicate 'not' has ", count, " members, wanted 1");
-}
+bool CCOMPOUNDPREDICATE::HasRightCount() const { return mType != Type::NOT || GetPredicates().GetCount() == 1; }
 
 void CCOMPOUNDPREDICATE::DoWriteState(CKEYWRITER& writer) const {
-    RequireMemberCount();
+    Require(HasRightCount(), kErrValueType, kWrongCount, GetPredicates().GetCount());
     writer.BeginElement(ElementOf(mType));
     ForEachOf<CPREDICATE>(GetPredicates(), [&](const CPREDICATE& member) { member.DoWriteState(writer); });
     writer.EndElement();
@@ -109,8 +107,10 @@ void CCOMPOUNDPREDICATE::DoInitState(CKEYREADER& reader) {
     while (reader.HasElement() != 0) {
         AddPredicate(CPREDICATE::Create(reader));
     }
+    if (!HasRightCount()) {
+        reader.FailHere(kWrongCount, GetPredicates().GetCount());
+    }
     reader.EndElement();
-    RequireMemberCount();
 }
 
 std::ostream& operator<<(std::ostream& out, CCOMPOUNDPREDICATE::Type type) {

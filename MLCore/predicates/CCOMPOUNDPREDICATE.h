@@ -50,7 +50,7 @@ protected:
 private:
     template <class Evaluation>
     [[nodiscard]] int Decide(const Evaluation& evaluate) const;
-    void RequireMemberCount() const;
+    [[nodiscard]] bool HasRightCount() const;
 
     struct MEMBERS {
         CSHAREOBJECTPTR<CARRAY> array;

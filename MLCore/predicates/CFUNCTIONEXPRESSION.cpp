@@ -28,7 +28,7 @@ void CFUNCTIONEXPRESSION::DoInitState(CKEYREADER& reader) { FailToRead(reader); 
 
 void CFUNCTIONEXPRESSION::FailToRead(CKEYREADER& reader) {
     reader.BeginElement(WordsOf(ExpressionType::Function).element);
-    FailWith(kErrValueType, "a function cannot be read from a key stream: only the application knows its class");
+    reader.FailHere("a function cannot be read from a key stream: only the application knows its class");
 }
 
 std::ostream& operator<<(std::ostream& out, const CFUNCTIONEXPRESSION* expression) {

@@ -3,6 +3,7 @@
 #include <MLCore/core/COBJECTFACTORY.h>
 #include <MLCore/core/EnumTable.h>
 #include <MLCore/core/FailureChecks.h>
+#include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/predicates/BinaryPredicates.h>
 #include <MLCore/predicates/CPREDICATEVISITOR.h>
 #include <MLCore/predicates/Dispatch.h>
@@ -54,8 +55,8 @@ void CPREDICATE::DoWriteState(CKEYWRITER&) const {
     FailWith(kErrValueType, "the class ", GetClassName(), " cannot be written to a key stream");
 }
 
-void CPREDICATE::DoInitState(CKEYREADER&) {
-    FailWith(kErrValueType, "the class ", GetClassName(), " cannot be read from a key stream");
+void CPREDICATE::DoInitState(CKEYREADER& reader) {
+    reader.FailHere("the class ", GetClassName(), " cannot be read from a key stream");
 }
 
 CSHAREOBJECTPTR<CPREDICATE> CPREDICATE::Create(CKEYREADER& reader) {

@@ -75,11 +75,14 @@ ROW Making(std::function<PREDICATE()> make, int code, const char* text) { return
 
 TEST(PredicateFailureTextTest, NamesWhatIsReadAndWhatIsWanted) {
     Expect({
-        Reading("<nor/>", "the element 'nor' is not a predicate, wanted one of and, begins, between, contains, "),
+        Reading(
+            "<nor/>",
+            "line 1, column 1: the element 'nor' is not a predicate, wanted one of and, begins, between, contains, "),
         Reading("<equal><true/></equal>",
-                "the element 'true' is not an expression, wanted one of key, list, object, value, variable"),
+                "line 1, column 8, in <equal>: the element 'true' is not an expression, wanted one of key, list, "
+                "object, value, variable"),
         Reading("<equal><function/></equal>", "a function cannot be read"),
-        Reading("<not><true/><false/></not>", "a predicate 'not' has 2 members, wanted 1"),
+        Reading("<not><true/><false/></not>", "a predicate 'not' has one member; found members: 2"),
         Reading("<like compType='exact'/>",
                 "the attribute 'compType' of a comparison is 'exact', wanted caseSensitive, caseInsensitive or "
                 "diacriticInsentive"),
@@ -100,7 +103,7 @@ TEST(PredicateFailureTextTest, NamesWhatCannotBeWritten) {
         Writing(AdoptObject<CPREDICATE>(new CISNEW), "the class CISNEW cannot be written to a key stream"),
         Writing(AdoptObject<CPREDICATE>(new CRATHER(12)), "comparison type 12 is unknown, wanted 0 to 11"),
         Writing(AdoptObject<CPREDICATE>(new CHALFOF(3)), "compound type 3 is unknown"),
-        Writing(AdoptObject<CPREDICATE>(new CHALFOF(2)), "a predicate 'not' has 0 members, wanted 1"),
+        Writing(AdoptObject<CPREDICATE>(new CHALFOF(2)), "a predicate 'not' has one member; found members: 0"),
         WritingValue(CVALUE(CVALUE::Type::Guid, nullptr), "the value is a Guid"),
         WritingValue(CDATE(30, 2, 2024), "the date '2024-02-30' is not valid"),
         WritingValue(CTIME(24, 0, 0), "a time outside 00:00:00 to 23:59:59 cannot be written"),

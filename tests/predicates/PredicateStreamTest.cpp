@@ -123,10 +123,14 @@ TEST(PredicateStreamTest, RefusesWhatItDoesNotKnow) {
         for (std::size_t at; (at = text.find('@')) != std::string::npos;) {
             text.replace(at, 1, kKey);
         }
-        EXPECT_EQ(FailureOf([&] { return Read<CPREDICATE>(text); }), 138) << text;
+        const auto failure = FailureOf([&] { return Read<CPREDICATE>(text); });
+        EXPECT_EQ(failure, 138) << text;
+        EXPECT_NE(failure.text, "") << text;
     }
     for (const std::string& text : Split(kRefusedValues, '|')) {
-        EXPECT_EQ(FailureOf([&] { return ReadValue(text); }), 138) << text;
+        const auto failure = FailureOf([&] { return ReadValue(text); });
+        EXPECT_EQ(failure, 138) << text;
+        EXPECT_NE(failure.text, "") << text;
     }
     EXPECT_EQ(FailureOf([] { return Read<CEXPRESSION>("<function/>"); }), 138);
     for (const char* option : {"caseSensitive", "caseInsensitive", "diacriticInsentive"}) {

@@ -24,8 +24,8 @@ public:
     [[nodiscard]] CSHAREOBJECTPTR<Base> Create(CKEYREADER& reader) const;
 
 private:
-    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateFor(const std::string& element) const;
-    [[noreturn]] void FailClass(const COBJECT* created) const;
+    [[nodiscard]] CSHAREOBJECTPTR<COBJECT> CreateFor(CKEYREADER& reader) const;
+    [[noreturn]] void FailClass(const CKEYREADER& reader, const COBJECT* created) const;
 
     const char* mWhat;
     std::map<std::string, std::string> mClassNames;
@@ -33,10 +33,10 @@ private:
 
 template <class Base>
 CSHAREOBJECTPTR<Base> ELEMENTKINDS::Create(CKEYREADER& reader) const {
-    const CSHAREOBJECTPTR<COBJECT> created = CreateFor(reader.GetElementName());
+    const CSHAREOBJECTPTR<COBJECT> created = CreateFor(reader);
     const CSHAREOBJECTPTR<Base> object(dynamic_cast<Base*>(created.Get()));
     if (!object) {
-        FailClass(created);
+        FailClass(reader, created);
     }
     object->DoInitState(reader);
     return object;

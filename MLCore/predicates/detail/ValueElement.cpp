@@ -160,12 +160,12 @@ const FORM* FindForm(const Test& isWanted) {
     return found != std::end(kForms) ? found : nullptr;
 }
 
-[[noreturn]] void FailType(const std::string& name) {
+[[noreturn]] void FailType(const CKEYREADER& reader, const std::string& name) {
     std::string known;
     for (const FORM& form : kForms) {
         known.append(known.empty() ? "" : ", ").append(form.name);
     }
-    FailWith(kErrValueType, "the type of a value is ", Quoted(name), ", wanted one of ", known);
+    reader.FailHere("the type of a value is ", Quoted(name), ", wanted one of ", known);
 }
 
 }  // namespace
@@ -195,12 +195,12 @@ CVALUE ReadValueElement(CKEYREADER& reader, const char* element) {
         const std::string name = reader.GetAttribute(kType);
         const FORM* const form = FindForm([&name](const FORM& row) { return row.name == name; });
         if (form == nullptr) {
-            FailType(name);
+            FailType(reader, name);
         }
         const std::string& text = reader.GetAttribute(kValue);
         READVALUE read = form->read(text);
         if (!read) {
-            FailWith(kErrValueType, Quoted(text), " is not a value of the type ", form->name);
+            reader.FailHere(Quoted(text), " is not a value of the type ", form->name);
         }
         value = std::move(*read);
     }
