@@ -1,4 +1,5 @@
-/// \file Numbers that interfaces pass as a `long`, which has 64 bits on some systems, and that are stored in 32 bits on
+/// \file
+/// Numbers that interfaces pass as a `long`, which has 64 bits on some systems, and that are stored in 32 bits on
 /// all systems. A number that does not fit fails; it is never cut.
 #pragma once
 
