@@ -33,6 +33,7 @@
 #include <MLCore/datetime/CTIME.h>
 #include <MLCore/datetime/CTIMESPAN.h>
 #include <MLCore/datetime/Chrono.h>
+#include <MLCore/datetime/Easter.h>
 #include <MLCore/datetime/Periods.h>
 #include <MLCore/keys/CKEYREADER.h>
 #include <MLCore/keys/CKEYSERIALIZABLE.h>

@@ -6,10 +6,11 @@
 
 namespace MLCore {
 
-/// The calendar of Portuguese banks: the same holidays as CCALENDARPORTOSTRATEGY, on purpose; a class of its own so that
-/// the two may part one day.
+/// The calendar of Portuguese banks. Its holidays are those of CCALENDARPORTOSTRATEGY, on purpose; it is a separate
+/// class because the two may differ one day.
 class MLCORE_API CCALENDARBANQUEPORTOSTRATEGY : public CCALENDARSTRATEGY {
 public:
+    /// A new calendar with the default settings.
     [[nodiscard]] static CSHAREOBJECTPTR<CCALENDARBANQUEPORTOSTRATEGY> Create();
 
     CCALENDARBANQUEPORTOSTRATEGY() = default;

@@ -6,9 +6,10 @@
 
 namespace MLCore {
 
-/// The calendar of French banks: the French holidays, Good Friday and 26 December.
+/// The calendar of French banks: the holidays of CCALENDARFRENCHSTRATEGY, Good Friday and 26 December.
 class MLCORE_API CCALENDARBANQUESTRATEGY : public CCALENDARSTRATEGY {
 public:
+    /// A new calendar with the default settings.
     [[nodiscard]] static CSHAREOBJECTPTR<CCALENDARBANQUESTRATEGY> Create();
 
     CCALENDARBANQUESTRATEGY() = default;

@@ -10,15 +10,23 @@ namespace MLCore {
 class CCALENDARMANAGER;
 MLCORE_DECLARE_INSTANCE(CSINGLETON<CCALENDARMANAGER, autorelease>)
 
-/// Holds the current calendar of the process, which dates ask when they are given none: a CCALENDARFRENCHSTRATEGY at
-/// first. Reached through GetInstance(); freed when the library is unloaded.
+/// Holds the current calendar of the process, which dates ask when they are given none. At first it is a
+/// CCALENDARFRENCHSTRATEGY. GetInstance() creates the manager at its first call, from any thread; it lives until the
+/// library is unloaded.
 ///
-/// Replacing the calendar while other threads ask for it needs the caller's own coordination.
+///     CCALENDARMANAGER* manager = CCALENDARMANAGER::GetInstance();
+///     CSHAREOBJECTPTR<CCALENDARSTRATEGY> before = manager->GetCalendar();
+///     manager->SetCalendar(*CCALENDARPORTOSTRATEGY::Create());
+///     int isFerie = CDATE(10, 6, 2024).IsFerie();   // 1: asks the Portuguese calendar
+///     manager->SetCalendar(*before);
+///
+/// Replacing the calendar is not safe while other threads ask for it: the caller must keep them apart.
 class MLCORE_API CCALENDARMANAGER : public CSINGLETON<CCALENDARMANAGER, autorelease> {
 public:
-    /// The current calendar, borrowed: take a holder to keep it beyond the next SetCalendar().
+    /// The current calendar, never null, borrowed: take a holder to keep it beyond the next SetCalendar().
     [[nodiscard]] CCALENDARSTRATEGY* GetCalendar() const;
-    /// Makes `calendar` the current one and adds a reference to it. Not to be called by a strategy while it answers.
+    /// Makes `calendar` the current one and adds a reference to it. Releases the one before. A strategy must not call
+    /// this while it answers a question.
     void SetCalendar(CCALENDARSTRATEGY& calendar);
 
     /// `strategy`, or the current calendar when it is null.

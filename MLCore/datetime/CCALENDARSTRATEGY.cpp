@@ -1,5 +1,6 @@
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
 
+#include <MLCore/datetime/Easter.h>
 #include <MLCore/datetime/detail/BusinessDays.h>
 
 #include <cstddef>
@@ -9,9 +10,11 @@ namespace MLCore {
 namespace {
 
 // Where the flag of a weekday stands; weekdays before 1904 are negative.
-std::size_t IndexOf(CDATE::eDay day) noexcept { return static_cast<std::size_t>(day < 0 ? day + 7 : day); }
+std::size_t IndexOf(CDATE::eDay day) noexcept {
+    return static_cast<std::size_t>(day < 0 ? day + CDATE::kDayCount : static_cast<int>(day));
+}
 
-bool IsWeekday(CDATE::eDay day) noexcept { return day > -7 && day < 7; }
+bool IsWeekday(CDATE::eDay day) noexcept { return day > -CDATE::kDayCount && day < CDATE::kDayCount; }
 
 }  // namespace
 
@@ -36,19 +39,8 @@ void CCALENDARSTRATEGY::SetFirstDayOfWeek(CDATE::eDay day) { mFirstDayOfWeek = d
 int CCALENDARSTRATEGY::IsTravaille(const CDATE& date) const { return businessdays::IsOuvre(*this, date) ? 1 : 0; }
 
 CDATE CCALENDARSTRATEGY::GetPaquesDate(short year) noexcept {
-    const int a = year % 19;
-    const int c = year / 100;
-    const int u = year % 100;
-    const int s = c / 4;
-    const int e = c - 4 * s;
-    const int g = (c - (c + 8) / 25 + 1) / 3;
-    const int h = (19 * a + c - s - g + 15) % 30;
-    const int i = u / 4;
-    const int k = u - 4 * i;
-    const int l = (32 + 2 * e + 2 * i - h - k) % 7;
-    const int m = (a + 11 * h + 22 * l) / 451;
-    const int n = h + l - 7 * m + 114;
-    return {static_cast<std::int16_t>(n % 31 + 1), static_cast<std::int16_t>(n / 31), year};
+    const EASTERSUNDAY easter = EasterOf(year);
+    return {static_cast<std::int16_t>(easter.day), static_cast<std::int16_t>(easter.month), year};
 }
 
 }  // namespace MLCore

@@ -9,22 +9,27 @@
 
 namespace MLCore {
 
-/// A business calendar: which weekdays are open for business (ouvré), which dates are public holidays (férié), which days
-/// are worked (travaillé), where a week starts and which week is the first of a year. Dates ask it wherever they take a
-/// strategy.
+/// A business calendar: which weekdays are open for business (ouvré), which dates are public holidays (férié), which
+/// days are worked (travaillé), on which day a week starts and which week is the first of a year. Dates ask it wherever
+/// they take a strategy.
 ///
-/// A calendar of one's own derives from this class, or from one of the library's, and overrides IsFerie, and IsTravaille
-/// where worked days follow another rule:
+/// To make your own calendar, derive from this class or from one of the library's, and override IsFerie(). Override
+/// IsTravaille() too where worked days follow another rule:
 ///
 ///     class CHOUSECALENDAR : public CCALENDARFRENCHSTRATEGY {
+///     public:
 ///         int IsFerie(const CDATE& date) const override {
 ///             return date == CDATE(2, 1, 2025) ? 1 : CCALENDARFRENCHSTRATEGY::IsFerie(date);
 ///         }
 ///     };
 ///     CSHAREOBJECTPTR<CCALENDARSTRATEGY> calendar = AdoptObject<CCALENDARSTRATEGY>(new CHOUSECALENDAR);
+///     CDATE next = NextDateOuvre(CDATE(1, 1, 2025), calendar);   // 3/1/2025
 ///
 /// By default Monday to Friday are open, weeks start on Monday, and week 1 has at least four days in the new year.
-/// Strategies are shared objects without a lock: settings may be changed at any time and count from the next question.
+///
+/// A strategy is a shared object without a lock. Its settings may be changed at any time and count from the next
+/// question; a thread that asks while another one changes them gets the old or the new ones. Nothing here fails. What
+/// an override throws passes through the date that asked.
 class MLCORE_API CCALENDARSTRATEGY : public CSHAREOBJECT {
 public:
     /// Which week is week 1 of a year.
@@ -33,34 +38,37 @@ public:
         FirstWeekOfFourDays,       ///< the first one with at least four days in the new year (ISO 8601)
         FirstFullWeek,             ///< the first one that starts in the new year
     };
+    /// The number of these rules.
+    static constexpr int kFirstWeekCount = FirstFullWeek + 1;
 
     CCALENDARSTRATEGY() = default;
     CCALENDARSTRATEGY(const CCALENDARSTRATEGY&) = default;
 
-    /// 1 when the weekday is open for business. Takes the signed weekdays of CDATE::GetDayOfWeek() too (-6..-1); other
-    /// numbers give 0.
+    /// 1 when the weekday is open for business. Takes the negative weekdays of CDATE::GetDayOfWeek() too (-6..-1); any
+    /// other number gives 0. Walks from day to day ask this once for each day.
     [[nodiscard]] virtual int IsOuvre(CDATE::eDay day) const;
     /// Opens (not 0) or closes (0) a weekday; a number outside -6..6 is ignored.
     virtual void SetOuvre(CDATE::eDay day, int isOuvre);
     [[nodiscard]] virtual eKindOfFirstWeekOfYear GetFirstWeek();
+    /// Stores the rule as it is; CDATE::GetWeekNumber() takes an unknown one as FirstWeekContainsNewYear.
     virtual void SetFirstWeek(eKindOfFirstWeekOfYear kind);
     [[nodiscard]] virtual CDATE::eDay GetFirstDayOfWeek();
+    /// Stores the weekday as it is; weeks start on it modulo 7.
     virtual void SetFirstDayOfWeek(CDATE::eDay day);
-    /// 1 on a public holiday.
+    /// 1 on a public holiday. Called for dates of any fields, also for those that are not valid.
     [[nodiscard]] virtual int IsFerie(const CDATE& date) const = 0;
-    /// 1 on a worked day: here an open weekday that is no holiday.
+    /// 1 on a worked day; by default, on an open weekday that is not a holiday.
     [[nodiscard]] virtual int IsTravaille(const CDATE& date) const;
 
-    /// Easter Sunday of the year in the Gregorian calendar, by the anonymous computus that Meeus, Jones and Butcher
-    /// published (J. Meeus, "Astronomical Algorithms", chapter 8). Years below 0 give what its formula gives, and no calendar
-    /// here has movable holidays in them.
+    /// Easter Sunday of the year as a date: see EasterOf() in Easter.h. For years below 0 it is what the formula gives;
+    /// no calendar here has movable holidays in them.
     [[nodiscard]] static CDATE GetPaquesDate(short year) noexcept;
 
 protected:
     ~CCALENDARSTRATEGY() override;
 
 private:
-    std::array<std::int32_t, 7> mOuvre = {1, 1, 1, 1, 1, 0, 0};
+    std::array<std::int32_t, CDATE::kDayCount> mOuvre = {1, 1, 1, 1, 1, 0, 0};
     CDATE::eDay mFirstDayOfWeek = CDATE::Monday;
     eKindOfFirstWeekOfYear mFirstWeek = FirstWeekOfFourDays;
 };

@@ -2,50 +2,40 @@
 
 #include <MLCore/datetime/CCALENDARMANAGER.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
-#include <MLCore/datetime/CDATETIME.h>
-#include <MLCore/datetime/CTIME.h>
 #include <MLCore/datetime/detail/BusinessDays.h>
-#include <MLCore/datetime/detail/CDATEFORMAT.h>
 #include <MLCore/platform/CivilTime.h>
 #include <MLCore/platform/LocalZone.h>
 #include <MLCore/platform/OleDate.h>
 #include <MLCore/platform/WinTypes.h>
-#include <MLCore/text/DecimalText.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
-#include <ostream>
 #include <utility>
 
 namespace MLCore {
 
 namespace {
 
-constexpr std::size_t kLongestText = 255;
-
-int FullYear(int twoDigits) noexcept { return 1900 + (twoDigits < 51 ? twoDigits + 100 : twoDigits); }
-
-// Drops '/' and '-', but keeps the character behind each as it is: of two in a row only the first goes. No more than
-// the longest form looks at is kept.
-std::string WithoutSeparators(std::string_view text) {
-    std::string kept;
-    for (std::size_t at = 0; at < text.size() && kept.size() < 8; ++at) {
-        const bool isSeparator = text[at] == '/' || text[at] == '-';
-        if (isSeparator && ++at == text.size()) {
-            break;
-        }
-        kept += text[at];
-    }
-    return kept;
-}
+using businessdays::DayKind;
 
 platform::CIVILTIME Midnight(const CDATE& date) noexcept {
     return {date.GetYear(), date.GetMonth(), date.GetDay(), 0, 0, 0};
 }
 
+// The date of a time that the system gives; null where the year does not fit.
+CDATE DateOf(const platform::CIVILTIME& time) noexcept {
+    if (!std::in_range<std::int16_t>(time.year)) {
+        return {};
+    }
+    return {static_cast<std::int16_t>(time.day), static_cast<std::int16_t>(time.month),
+            static_cast<std::int16_t>(time.year)};
+}
+
 // The day of a week, from 0, whose year is the year of the week: by CCALENDARSTRATEGY::eKindOfFirstWeekOfYear.
 constexpr int kDecidingDays[] = {6, 3, 0};
+static_assert(std::size(kDecidingDays) == CCALENDARSTRATEGY::kFirstWeekCount);
 
 // Inline members that the library offers as symbols too.
 [[gnu::used]] CDATE& (CDATE::*const kMoves[])(long) noexcept = {&CDATE::AddDays, &CDATE::AddMonths, &CDATE::AddYears};
@@ -80,11 +70,9 @@ CDATE::CDATE(long longDate) noexcept {
 CDATE::CDATE(double oleDate) noexcept {
     platform::CIVILTIME civil;
     if (oleDate != 0.0 && platform::CivilFromOleDate(oleDate, civil)) {
-        FromFields(civil.day, civil.month, civil.year);
+        *this = DateOf(civil);
     }
 }
-
-CDATE::CDATE(const char* text) noexcept { FromString(text); }
 
 const CDATE& CDATE::NullDate() noexcept {
     static const CDATE date;
@@ -111,12 +99,7 @@ const CDATE& CDATE::MaxDateShort() noexcept {
     return date;
 }
 
-CDATE CDATE::Today() noexcept {
-    const platform::CIVILTIME now = platform::LocalNow();
-    CDATE date;
-    date.FromFields(now.day, now.month, now.year);
-    return date;
-}
+CDATE CDATE::Today() noexcept { return DateOf(platform::LocalNow()); }
 
 int CDATE::IsEndOfMonth() const noexcept { return (*this + 1).GetMonth() != mMonth ? 1 : 0; }
 
@@ -134,8 +117,7 @@ std::int16_t CDATE::GetWeekNumber(std::int16_t* year, CCALENDARSTRATEGY* strateg
     }
     CCALENDARSTRATEGY& calendar = CCALENDARMANAGER::Resolve(strategy);
     const int firstWeek = calendar.GetFirstWeek();
-    const bool isKnownRule =
-        firstWeek >= CCALENDARSTRATEGY::FirstWeekContainsNewYear && firstWeek <= CCALENDARSTRATEGY::FirstFullWeek;
+    const bool isKnownRule = firstWeek >= 0 && firstWeek < CCALENDARSTRATEGY::kFirstWeekCount;
     // An unknown rule means the plain one, and the current calendar's weeks rather than those of the calendar given.
     const int firstDay = (isKnownRule ? calendar : CCALENDARMANAGER::Resolve(nullptr)).GetFirstDayOfWeek();
     const std::int32_t weekStart = businessdays::WeekStart(ComputeDaysFrom1904(), firstDay);
@@ -155,8 +137,7 @@ std::int16_t CDATE::GetWeekNumber(std::int16_t* year, CCALENDARSTRATEGY* strateg
 }
 
 int CDATE::IsOuvre(CCALENDARSTRATEGY* strategy) const {
-    const CCALENDARSTRATEGY& calendar = CCALENDARMANAGER::Resolve(strategy);
-    return businessdays::IsOuvre(calendar, *this) ? 1 : 0;
+    return businessdays::IsOuvre(CCALENDARMANAGER::Resolve(strategy), *this) ? 1 : 0;
 }
 
 int CDATE::IsTravaille(CCALENDARSTRATEGY* strategy) const {
@@ -200,11 +181,11 @@ std::int32_t CDATE::ComputeSemestres(const CDATE& other) const noexcept {
 std::int32_t CDATE::ComputeYears(const CDATE& other) const noexcept { return std::abs(other.mYear - mYear); }
 
 std::int32_t CDATE::ComputeDaysOuvre(const CDATE& other, CCALENDARSTRATEGY* strategy) const {
-    return businessdays::Count(CCALENDARMANAGER::Resolve(strategy), businessdays::IsOuvre, *this, other);
+    return businessdays::Count(CCALENDARMANAGER::Resolve(strategy), DayKind::Ouvre, *this, other);
 }
 
 std::int32_t CDATE::ComputeDaysTravaille(const CDATE& other, CCALENDARSTRATEGY* strategy) const {
-    return businessdays::Count(CCALENDARMANAGER::Resolve(strategy), businessdays::IsTravaille, *this, other);
+    return businessdays::Count(CCALENDARMANAGER::Resolve(strategy), DayKind::Travaille, *this, other);
 }
 
 std::int32_t CDATE::Echelonnement(const CDATE& other, eTypeEchelonnement type, CCALENDARSTRATEGY* strategy) const {
@@ -256,17 +237,12 @@ CDATE CDATE::MonthsFromNoMonth(int day, int month, int year, long months) noexce
 }
 
 CDATE& CDATE::AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy) {
-    const CCALENDARSTRATEGY& calendar = CCALENDARMANAGER::Resolve(strategy);
-    if (businessdays::OpenWeekdays(calendar) == 0) {
-        *this = days < 0 ? MinDate() : MaxDate();
-    } else {
-        *this = businessdays::Step(calendar, businessdays::IsOuvre, *this, days);
-    }
+    *this = businessdays::Step(CCALENDARMANAGER::Resolve(strategy), DayKind::Ouvre, *this, days);
     return *this;
 }
 
 CDATE& CDATE::AddDaysTravaille(long days, CCALENDARSTRATEGY* strategy) {
-    *this = businessdays::Step(CCALENDARMANAGER::Resolve(strategy), businessdays::IsTravaille, *this, days);
+    *this = businessdays::Step(CCALENDARMANAGER::Resolve(strategy), DayKind::Travaille, *this, days);
     return *this;
 }
 
@@ -280,40 +256,6 @@ CDATE CDATE::operator--(int) noexcept {
     const CDATE before = *this;
     --*this;
     return before;
-}
-
-std::string CDATE::ToString() const { return ToString(LongFormat); }
-
-std::string CDATE::ToStringLong() const { return ToString(LongFormat); }
-
-std::string CDATE::ToStringShort() const { return ToString(ShortFormat); }
-
-std::string CDATE::ToStringXML() const { return ToString(XmlFormat); }
-
-std::string CDATE::ToString(const CDATEFORMAT& format) const {
-    struct PART {
-        int value;
-        int digits;
-    };
-    if (IsNull() != 0) {
-        return {};
-    }
-    const PART day = {std::clamp<int>(mDay, 1, 31), 2};
-    const PART month = {std::clamp<int>(mMonth, 1, 12), 2};
-    const PART year = format.yearDigits == 4 ? PART{mYear, 4} : PART{mYear % 100, 2};
-    // In the order of CDATEFORMAT::ORDER.
-    const PART layouts[][3] = {{month, day, year}, {day, month, year}, {year, month, day}};
-    std::string text;
-    if (format.order < 0 || format.order > CDATEFORMAT::YearMonthDay) {
-        return text;
-    }
-    for (const PART& part : layouts[format.order]) {
-        if (!text.empty() && format.separator != '\0') {
-            text += format.separator;
-        }
-        AppendPadded(text, part.value, part.digits);
-    }
-    return text;
 }
 
 std::uint16_t CDATE::ToSDate() const noexcept {
@@ -330,114 +272,8 @@ double CDATE::ToWDate() const noexcept {
 }
 
 _SYSTEMTIME CDATE::ToSystemTime() const noexcept {
-    return platform::SystemTimeFromCivil(Midnight(*this), (serialday::Weekday(ComputeDaysFrom1904()) + 1) % 7);
+    return platform::SystemTimeFromCivil(Midnight(*this), (serialday::Weekday(ComputeDaysFrom1904()) + 1) % kDayCount);
 }
-
-int CDATE::FromFields(int day, int month, int year) noexcept {
-    if (year < 0 || !std::in_range<std::int16_t>(year) || day < 1 || day > DaysInMonth(month, year)) {
-        return 0;
-    }
-    mDay = static_cast<std::int16_t>(day);
-    mMonth = static_cast<std::int16_t>(month);
-    mYear = static_cast<std::int16_t>(year);
-    return 1;
-}
-
-int CDATE::FromText(std::string_view text, const CDATEFORMAT& format) noexcept {
-    text = text.substr(0, kLongestText);
-    std::string_view parts[3];
-    if (format.separator != '\0') {
-        const std::size_t first = text.find(format.separator);
-        const std::size_t second = first != text.npos ? text.find(format.separator, first + 1) : text.npos;
-        if (second == text.npos) {
-            return 0;
-        }
-        parts[0] = text.substr(0, first);
-        parts[1] = text.substr(first + 1, second - first - 1);
-        parts[2] = text.substr(second + 1);
-    } else {
-        const auto yearDigits = static_cast<std::size_t>(format.yearDigits);
-        if (text.size() != yearDigits + 4) {
-            return 0;
-        }
-        const std::size_t firstLength = format.order == CDATEFORMAT::YearMonthDay ? yearDigits : 2;
-        parts[0] = text.substr(0, firstLength);
-        parts[1] = text.substr(firstLength, 2);
-        parts[2] = text.substr(firstLength + 2);
-    }
-    int numbers[3];
-    for (int i = 0; i < 3; ++i) {
-        if (IsDigits(parts[i]) == 0) {
-            return 0;
-        }
-        numbers[i] = LeadingInteger(parts[i]);
-    }
-    // Where day, month and year stand, in the order of CDATEFORMAT::ORDER.
-    constexpr int kPlaces[][3] = {{1, 0, 2}, {0, 1, 2}, {2, 1, 0}};
-    const auto& [day, month, year] = kPlaces[format.order];
-    return FromFields(numbers[day], numbers[month], format.yearDigits == 2 ? FullYear(numbers[year]) : numbers[year]);
-}
-
-int CDATE::FromXmlText(std::string_view text, const CDATEFORMAT& format) noexcept {
-    text = text.substr(0, kLongestText);
-    const std::size_t separator = text.find('T');
-    CDATE date;
-    if (date.FromText(text.substr(0, separator), format) == 0) {
-        return 0;
-    }
-    if (separator != text.npos) {
-        CTIME time;
-        if (time.FromXmlText(text.substr(separator + 1)) == 0) {
-            return 0;
-        }
-        CDATETIME moment(date, time);
-        moment.ToLocalZone();
-        date = moment.GetDate();
-        // The zone may lead out of the years there are.
-        if (date.IsDate() == 0) {
-            return 0;
-        }
-    }
-    *this = date;
-    return 1;
-}
-
-int CDATE::FromXmlText(std::string_view text) noexcept {
-    return FromXmlText(text, XmlFormat) != 0 || FromXmlText(text, XmlCompactFormat) != 0 ? 1 : 0;
-}
-
-int CDATE::FromLongText(std::string_view text) noexcept {
-    return text.size() >= 8 ? FromFields(LeadingInteger(text.substr(0, 2)), LeadingInteger(text.substr(2, 2)),
-                                         LeadingInteger(text.substr(4, 4)))
-                            : 0;
-}
-
-int CDATE::FromShortText(std::string_view text) noexcept {
-    return text.size() >= 6 ? FromFields(LeadingInteger(text.substr(0, 2)), LeadingInteger(text.substr(2, 2)),
-                                         FullYear(LeadingInteger(text.substr(4, 2))))
-                            : 0;
-}
-
-int CDATE::FromDigitForms(std::string_view text) noexcept {
-    return FromLongText(text) != 0 || FromShortText(text) != 0 ? 1 : 0;
-}
-
-int CDATE::FromString(const char* text) noexcept {
-    if (text == nullptr) {
-        return 0;
-    }
-    const std::string_view view(text);
-    return FromXmlText(view, XmlFormat) != 0 || FromDigitForms(view) != 0 ||
-                   FromDigitForms(WithoutSeparators(view)) != 0
-               ? 1
-               : 0;
-}
-
-int CDATE::FromStringLong(const char* text) noexcept { return text != nullptr ? FromLongText(text) : 0; }
-
-int CDATE::FromStringShort(const char* text) noexcept { return text != nullptr ? FromShortText(text) : 0; }
-
-int CDATE::FromStringXML(const char* text) noexcept { return text != nullptr ? FromXmlText(text) : 0; }
 
 CDATE AddDaysOuvre(CDATE date, long days, CCALENDARSTRATEGY* strategy) { return date.AddDaysOuvre(days, strategy); }
 
@@ -446,33 +282,19 @@ CDATE AddDaysTravaille(CDATE date, long days, CCALENDARSTRATEGY* strategy) {
 }
 
 CDATE NextDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy) {
-    const CCALENDARSTRATEGY& calendar = CCALENDARMANAGER::Resolve(strategy);
-    return businessdays::OpenWeekdays(calendar) != 0 ? businessdays::Next(calendar, businessdays::IsOuvre, date)
-                                                     : CDATE::MaxDate();
+    return businessdays::Next(CCALENDARMANAGER::Resolve(strategy), DayKind::Ouvre, date);
 }
 
 CDATE PreviousDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy) {
-    const CCALENDARSTRATEGY& calendar = CCALENDARMANAGER::Resolve(strategy);
-    return businessdays::OpenWeekdays(calendar) != 0 ? businessdays::Previous(calendar, businessdays::IsOuvre, date)
-                                                     : CDATE::MinDate();
+    return businessdays::Previous(CCALENDARMANAGER::Resolve(strategy), DayKind::Ouvre, date);
 }
 
 CDATE NextDateTravaille(const CDATE& date, CCALENDARSTRATEGY* strategy) {
-    return businessdays::Next(CCALENDARMANAGER::Resolve(strategy), businessdays::IsTravaille, date);
+    return businessdays::Next(CCALENDARMANAGER::Resolve(strategy), DayKind::Travaille, date);
 }
 
 CDATE PreviousDateTravaille(const CDATE& date, CCALENDARSTRATEGY* strategy) {
-    return businessdays::Previous(CCALENDARMANAGER::Resolve(strategy), businessdays::IsTravaille, date);
+    return businessdays::Previous(CCALENDARMANAGER::Resolve(strategy), DayKind::Travaille, date);
 }
-
-int IsStrDate(const char* text) noexcept { return CDATE().FromString(text); }
-
-int IsStrLDate(const char* text) noexcept { return CDATE().FromStringLong(text); }
-
-int IsStrSDate(const char* text) noexcept { return CDATE().FromStringShort(text); }
-
-int IsStrXMLDate(const char* text) noexcept { return CDATE().FromStringXML(text); }
-
-std::ostream& operator<<(std::ostream& out, const CDATE& date) { return out << "CDATE(" << date.ToString() << ')'; }
 
 }  // namespace MLCore

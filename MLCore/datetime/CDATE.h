@@ -11,32 +11,34 @@
 #include <functional>
 #include <iosfwd>
 #include <string>
-#include <string_view>
 
 namespace MLCore {
 
 class CCALENDARSTRATEGY;
-struct CDATEFORMAT;
 
 /// A calendar date: day, month and year of the proleptic Gregorian calendar, or null. A value type of 6 bytes, copied
-/// freely. No operation fails; only texts and the first question to the current calendar take memory, and what an
-/// application's own strategy throws passes through.
+/// freely.
 ///
-///     CDATE date(31, 1, 2024);
-///     date.AddMonths(1);               // 29/2/2024: the day is clamped to the month
-///     date.GetDayOfWeek();             // CDATE::Thursday
-///     NextDateOuvre(date);             // the next business day of the current calendar
-///     if (!date.FromString(text)) ...  // parsers answer 1 or 0 and leave the date alone when they fail
+///     CDATE date(31, 1, 2024);                      // day, month, year
+///     date.AddMonths(1);                            // 29/2/2024: the day is lowered to the length of the month
+///     CDATE::eDay day = date.GetDayOfWeek();        // Thursday
+///     CDATE next = NextDateOuvre(date);             // 1/3/2024: the next business day of the current calendar
+///     int isRead = date.FromString("30/02/2024");   // 0, and the date is unchanged: parsers return 1 or 0
 ///
-/// A date holds what it is given: 31/2/2024 can be stored, compared and counted with, and IsDate() tells that it is no
-/// date. The null date 0/0/0 sorts before all valid dates. Years run from 0; arithmetic goes beyond as long as the year
-/// fits 16 bits, and gives the null date where it does not.
+/// A date holds what it is given: 31/2/2024 can be stored, compared and counted with; IsDate() says that it is not a
+/// valid date. The null date 0/0/0 sorts before all valid dates. Years run from 0; arithmetic goes beyond as long as
+/// the year fits 16 bits, and gives the null date where it does not.
+///
+/// No operation fails. Memory is taken only for texts and by the first question to the current calendar; a lack of it
+/// and what an application's own strategy throws pass through.
 ///
 /// Wherever a CCALENDARSTRATEGY* is taken, it is borrowed for the call, and null means the current calendar
 /// (CCALENDARMANAGER).
 class MLCORE_API CDATE {
 public:
     enum eDay : int { Monday, Tuesday, Wednesday, Thursday, Friday, Saturday, Sunday };
+    /// The number of weekdays.
+    static constexpr int kDayCount = Sunday + 1;
 
     /// The kinds of successive periods into which a time can be divided (échelonnement).
     enum eTypeEchelonnement : int {
@@ -48,22 +50,24 @@ public:
         EchelonSemestre,   ///< half a year
         EchelonYear,
     };
+    /// The number of these kinds.
+    static constexpr int kEchelonCount = EchelonYear + 1;
 
     /// The null date.
     constexpr CDATE() noexcept = default;
-    constexpr CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept
-        : mDay(day), mMonth(month), mYear(year) {}
+    /// Stores the fields as they are. The day comes first.
+    constexpr CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept;
     /// Takes wDay, wMonth and wYear.
     explicit CDATE(const _SYSTEMTIME& time) noexcept;
     /// From a short date, see ToSDate(). 0 gives the null date.
     explicit CDATE(std::uint16_t shortDate) noexcept;
-    /// From a long date, see ToLDate() (not the number 20240305: that is a text for FromStringXML()). A `long` that does not
-    /// fit 32 bits gives the null date.
+    /// From a long date, see ToLDate(). The number 20240305 is not one: write it as a text for FromStringXML(). A
+    /// `long` that does not fit 32 bits gives the null date.
     explicit CDATE(int longDate) noexcept;
     explicit CDATE(long longDate) noexcept;
-    /// The day of an OLE Automation date; null for 0.0 and for what is no such date.
+    /// The day of an OLE Automation date; the null date for 0.0 and for a number that is not such a date.
     explicit CDATE(double oleDate) noexcept;
-    /// Runs FromString(); null when it fails.
+    /// Calls FromString(); the null date when that fails.
     explicit CDATE(const char* text) noexcept;
 
     [[nodiscard]] static const CDATE& NullDate() noexcept;
@@ -74,7 +78,7 @@ public:
     [[nodiscard]] static const CDATE& Max() noexcept { return MaxDate(); }
     [[nodiscard]] static const CDATE& MinDateShort() noexcept;  ///< 1 January 1928
     [[nodiscard]] static const CDATE& MaxDateShort() noexcept;  ///< 31 December 2027
-    /// The local date now.
+    /// Today's date in the local zone.
     [[nodiscard]] static CDATE Today() noexcept;
 
     [[nodiscard]] constexpr std::int16_t GetDay() const noexcept { return mDay; }
@@ -83,54 +87,40 @@ public:
     constexpr void SetDay(std::int16_t day) noexcept { mDay = day; }
     constexpr void SetMonth(std::int16_t month) noexcept { mMonth = month; }
     constexpr void SetYear(std::int16_t year) noexcept { mYear = year; }
+    /// As the constructor does.
     constexpr void Set(std::int16_t day, std::int16_t month, std::int16_t year) noexcept { *this = {day, month, year}; }
     /// Makes it the null date.
     constexpr void Clear() noexcept { *this = {}; }
 
     [[nodiscard]] constexpr int IsNull() const noexcept { return (mDay | mMonth | mYear) == 0 ? 1 : 0; }
     constexpr bool operator!() const noexcept { return IsNull() != 0; }
-    /// 1 when the fields form a real date of the year 0 or later.
-    [[nodiscard]] constexpr int IsDate() const noexcept {
-        // The common year first: nearly all dates are in it.
-        return mYear >= 0 && mDay >= 1 && IsMonth(mMonth) &&
-                       (mDay <= serialday::kDaysInMonth[mMonth - 1] || mDay <= DaysInMonth(mMonth, mYear))
-                   ? 1
-                   : 0;
-    }
+    /// 1 when the fields form a valid date of the year 0 or later.
+    [[nodiscard]] constexpr int IsDate() const noexcept;
     /// 1 in a leap year.
     [[nodiscard]] constexpr int IsYearBissextile() const noexcept { return IsYearBissextile(mYear); }
     /// 1 when the next day lies in another month.
     [[nodiscard]] int IsEndOfMonth() const noexcept;
-    /// Lowers a day that overshoots its month; leaves everything else alone.
-    MLCORE_TEMPLATE_API constexpr void Validate() noexcept {
-        const int days = DaysInMonth(mMonth, mYear);
-        mDay = std::min<std::int16_t>(mDay, days != 0 ? static_cast<std::int16_t>(days) : 31);
-    }
+    /// Lowers a day that is beyond the end of its month; changes nothing else.
+    MLCORE_TEMPLATE_API constexpr void Validate() noexcept;
 
     /// The day of the week, counted from Monday 4 January 1904 with a signed remainder: before that day, dates other
     /// than Mondays give the weekday minus 7 (-6..-1). 1 January 1904 gives -3. That is intended.
-    [[nodiscard]] constexpr eDay GetDayOfWeek() const noexcept {
-        return static_cast<eDay>((ComputeDaysFrom1904() - 3) % 7);
-    }
-    /// The day of the year, 1 on 1 January; 0 for what is no date.
+    [[nodiscard]] constexpr eDay GetDayOfWeek() const noexcept;
+    /// The day of the year, 1 on 1 January; 0 when the date is not valid.
     [[nodiscard]] std::int16_t GetDayNumber() const noexcept;
-    /// The number of the week under the strategy's first day of the week and rule for week 1; `year` (may be null)
-    /// receives the year that the week belongs to (or, where that does not fit 16 bits, the date's own). For what is no date
-    /// 0, with the year field.
+    /// The number of the week under the strategy's first day of the week and rule for week 1. `year` (may be null)
+    /// receives the year that the week belongs to; where that year does not fit 16 bits, the date's own. A date that is
+    /// not valid gives 0 and its year field.
     [[nodiscard]] std::int16_t GetWeekNumber(std::int16_t* year = nullptr, CCALENDARSTRATEGY* strategy = nullptr) const;
-    [[nodiscard]] constexpr std::int16_t GetBimestreNumber() const noexcept {
-        return static_cast<std::int16_t>((mMonth - 1) / 2 + 1);
-    }
-    [[nodiscard]] constexpr std::int16_t GetTrimestreNumber() const noexcept {
-        return static_cast<std::int16_t>((mMonth - 1) / 3 + 1);
-    }
-    [[nodiscard]] constexpr std::int16_t GetSemestreNumber() const noexcept {
-        return static_cast<std::int16_t>((mMonth - 1) / 6 + 1);
-    }
+    /// The number of the bimestre (1..6), trimestre (1..4) and semestre (1..2) in the year, computed from the month
+    /// alone.
+    [[nodiscard]] constexpr std::int16_t GetBimestreNumber() const noexcept;
+    [[nodiscard]] constexpr std::int16_t GetTrimestreNumber() const noexcept;
+    [[nodiscard]] constexpr std::int16_t GetSemestreNumber() const noexcept;
 
-    /// 1 on a day of the week that is open for business (ouvré) and no public holiday.
+    /// 1 on a day of the week that is open for business (ouvré) and not a public holiday.
     [[nodiscard]] int IsOuvre(CCALENDARSTRATEGY* strategy = nullptr) const;
-    /// 1 on a worked day (travaillé): what counts is the strategy's own rule.
+    /// 1 on a worked day (travaillé), by the strategy's own rule.
     [[nodiscard]] int IsTravaille(CCALENDARSTRATEGY* strategy = nullptr) const;
     /// 1 on a public holiday (férié).
     [[nodiscard]] int IsFerie(CCALENDARSTRATEGY* strategy = nullptr) const;
@@ -140,18 +130,10 @@ public:
         return serialday::FromFields(mDay, mMonth, mYear);
     }
     /// The exact inverse; the null date when the year does not fit 16 bits.
-    constexpr void From1904(long serial) noexcept {
-        // A mask instead of a branch, so that compilers can convert many at once.
-        const auto day = static_cast<std::int32_t>(serial);
-        const int mask = -static_cast<int>(day == serial && day >= serialday::kFirst && day <= serialday::kLast);
-        const serialday::FIELDS fields = serialday::ToFields(day);
-        mDay = static_cast<std::int16_t>(fields.day & mask);
-        mMonth = static_cast<std::int16_t>(fields.month & mask);
-        mYear = static_cast<std::int16_t>(fields.year & mask);
-    }
+    constexpr void From1904(long serial) noexcept;
 
-    /// Counts against another date: never negative, whichever comes first. Days, weeks and business days are -1 when one
-    /// of the two is no date; the others look at the fields only.
+    /// Counts against another date: never negative, whichever of the two comes first. Days, weeks and business days are
+    /// -1 when one of the two is not valid; the others take the fields as they are.
     [[nodiscard]] std::int32_t ComputeDays(const CDATE& other) const noexcept;
     /// The number of week ends passed from the earlier to the later date.
     [[nodiscard]] std::int32_t ComputeWeeks(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
@@ -161,52 +143,25 @@ public:
     [[nodiscard]] std::int32_t ComputeSemestres(const CDATE& other) const noexcept;
     [[nodiscard]] std::int32_t ComputeYears(const CDATE& other) const noexcept;
     /// The business days from the earlier date, counted, to the later, not counted. Fast over any distance with the
-    /// library's own calendars; linear in the days with a strategy of the application's.
+    /// library's own calendars; linear in the days with an application's own strategy.
     [[nodiscard]] std::int32_t ComputeDaysOuvre(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
+    /// The same for worked days.
     [[nodiscard]] std::int32_t ComputeDaysTravaille(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
-    /// The count of the kind asked for; -1 when one of the two is no date or the kind is unknown.
+    /// The count of the kind asked for; -1 when one of the two is not valid or the kind is unknown.
     [[nodiscard]] std::int32_t Echelonnement(const CDATE& other, eTypeEchelonnement type,
                                              CCALENDARSTRATEGY* strategy = nullptr) const;
 
-    /// Arithmetic does not spare the null date, it counts on from its fields: null + 1 day is 1/1/0. Ask IsNull() first.
-    MLCORE_TEMPLATE_API constexpr CDATE& AddDays(long days) noexcept {
-        // Within the days that every month has, the serial day is not needed.
-        const unsigned long day = static_cast<unsigned long>(mDay) + static_cast<unsigned long>(days);
-        if (day - 1 < 28 && IsMonth(mMonth)) {
-            mDay = static_cast<std::int16_t>(day);
-        } else {
-            // No date is further from another than this, so the sum below cannot overflow.
-            constexpr long kMostDays = 366 * serialday::kMostYears;
-            From1904(ComputeDaysFrom1904() + std::clamp(days, -kMostDays, kMostDays));
-        }
-        return *this;
-    }
+    /// Moves by days; negative numbers move back. Arithmetic makes no exception for the null date and counts on from
+    /// its fields: null + 1 day is 1/1/0. Call IsNull() first where a date may be null.
+    MLCORE_TEMPLATE_API constexpr CDATE& AddDays(long days) noexcept;
     /// Keeps the day where the month has it and lowers it where not: 31 January + 1 month is the end of February.
-    MLCORE_TEMPLATE_API constexpr CDATE& AddMonths(long months) noexcept {
-        if (!IsMonth(mMonth)) {
-            return *this = MonthsFromNoMonth(mDay, mMonth, mYear, months);
-        }
-        // Months from January of the first year there is; below it the sum wraps and is too large as well.
-        const unsigned long reached =
-            static_cast<unsigned long>((mYear + 32768) * 12 + mMonth - 1) + static_cast<unsigned long>(months);
-        if (reached >= 65536UL * 12) {
-            Clear();
-            return *this;
-        }
-        const auto month = static_cast<std::uint32_t>(reached);
-        mYear = static_cast<std::int16_t>(static_cast<int>(month / 12) - 32768);
-        mMonth = static_cast<std::int16_t>(month % 12 + 1);
-        if (mDay > 28) {
-            Validate();
-        }
-        return *this;
-    }
-    MLCORE_TEMPLATE_API constexpr CDATE& AddYears(long years) noexcept {
-        return AddMonths(12 * std::clamp(years, -serialday::kMostYears, serialday::kMostYears));
-    }
-    /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate; a date at or
-    /// beyond the bound that it would move towards stays. Where no day of the week is open for business it becomes
+    MLCORE_TEMPLATE_API constexpr CDATE& AddMonths(long months) noexcept;
+    /// AddMonths() of 12 months a year: 29 February 2024 + 1 year is 28 February 2025.
+    MLCORE_TEMPLATE_API constexpr CDATE& AddYears(long years) noexcept;
+    /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate; a date at
+    /// or beyond the bound that it would move towards stays. Where no day of the week is open for business it becomes
     /// MinDate for negative `days`, MaxDate otherwise, 0 included. When the strategy throws, the date stays as it was.
+    /// Takes time as ComputeDaysOuvre() does.
     CDATE& AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy = nullptr);
     /// The same by worked days; only the bounds stop it.
     CDATE& AddDaysTravaille(long days, CCALENDARSTRATEGY* strategy = nullptr);
@@ -220,7 +175,7 @@ public:
     friend CDATE operator+(CDATE date, long days) noexcept { return date += days; }
     friend CDATE operator-(CDATE date, long days) noexcept { return date -= days; }
     friend CDATE operator+(long days, CDATE date) noexcept { return date += days; }
-    /// The days between, signed.
+    /// The number of days between, negative when the left one is the earlier.
     friend constexpr std::int32_t operator-(const CDATE& left, const CDATE& right) noexcept {
         return left.ComputeDaysFrom1904() - right.ComputeDaysFrom1904();
     }
@@ -234,8 +189,8 @@ public:
         return left.ComparisonKey() <=> right.ComparisonKey();
     }
 
-    /// "05032024", the same as ToStringLong(); "" for the null date, as for all texts. A day or month out of range is
-    /// written as the nearest in range.
+    /// "05032024", the same as ToStringLong(). The null date gives "" in all texts. A day or month out of range is
+    /// written as the nearest one in range.
     [[nodiscard]] std::string ToString() const;
     [[nodiscard]] std::string ToStringLong() const;
     [[nodiscard]] std::string ToStringShort() const;  ///< "050324"
@@ -245,57 +200,40 @@ public:
     [[nodiscard]] std::uint16_t ToSDate() const noexcept;
     /// 32 bits: day, month << 8, year << 16.
     [[nodiscard]] constexpr std::int32_t ToLDate() const noexcept { return ComparisonKey(); }
-    /// The OLE Automation date (days from 30 December 1899). 0.0 for the null date and for what the system refuses: it
-    /// takes years from 100 to 9999, and two digits for years near our time (0 is 2000, 99 is 1999).
+    /// The OLE Automation date (days from 30 December 1899); 0.0 for the null date and for what the system refuses. It
+    /// takes years from 100 to 9999, and a year below 100 as two digits of a year near our time (0 is 2000, 99 is
+    /// 1999).
     [[nodiscard]] double ToWDate() const noexcept;
-    /// With wDayOfWeek (Sunday 0) and the time of day 0. <MLCore/platform/WinTypes.h> completes the type.
+    /// The fields, wDayOfWeek (0 = Sunday) and the time 0. <MLCore/platform/WinTypes.h> completes the type.
     [[nodiscard]] _SYSTEMTIME ToSystemTime() const noexcept;
 
-    /// Reads a date in one of many forms: YYYY-MM-DD, perhaps with "T" and a time as FromStringXML() does; DDMMYYYY;
-    /// DDMMYY; and the last two with "/" or "-" between. Returns 1, or 0 and leaves the date alone (null too).
+    /// Reads a date in one of many forms: YYYY-MM-DD, optionally with "T" and a time as in FromStringXML(); DDMMYYYY;
+    /// DDMMYY; and the last two with "/" or "-" between. Returns 1, or 0 and leaves the date unchanged; null gives 0.
     ///
-    /// It is lenient, in this order, and some texts give dates that nobody meant: "05-03-24" is 24 March of the year 5,
-    /// because the first form checks no lengths; "2010-13-01" fails in it and then meets a later form. That is kept for
-    /// the data there is. Where the form is known, take its own reader.
+    /// It is lenient, tries the forms in this order, and reads some texts as dates that nobody meant: "05-03-24" is 24
+    /// March of the year 5, because the first form checks no lengths; "2010-13-01" fails in it and then matches a later
+    /// form. This is kept for existing data. Where the form is known, use its own reader. All readers return as this
+    /// one does.
     int FromString(const char* text) noexcept;
-    /// Reads DDMMYYYY from the first 8 characters, as numbers in C read them ("1a" is 1); more is ignored.
+    /// Reads DDMMYYYY from the first 8 characters, as numbers in C read them ("1a" is 1); the rest is ignored.
     int FromStringLong(const char* text) noexcept;
-    /// Reads DDMMYY from the first 6 characters; years 00..50 are 20xx, 51..99 19xx.
+    /// Reads DDMMYY from the first 6 characters; the rest is ignored. Years 00..50 are 20xx, 51..99 are 19xx.
     int FromStringShort(const char* text) noexcept;
     /// Reads YYYY-MM-DD, whose lengths are not checked ("2024-3-5" is read), or YYYYMMDD. With "T" and a time
-    /// (CTIME::FromStringXML) behind it, the moment is taken for UTC and the date is the local one.
+    /// (CTIME::FromStringXML) after it, the moment is taken as UTC and the date is the local one.
     int FromStringXML(const char* text) noexcept;
 
-    /// The days of the month; 0 for a month outside 1..12.
-    [[nodiscard]] static constexpr int DaysInMonth(int month, int year) noexcept {
-        if (!IsMonth(month)) {
-            return 0;
-        }
-        return month == 2 && IsYearBissextile(year) != 0 ? 29 : serialday::kDaysInMonth[month - 1];
-    }
+    /// The number of days of the month; 0 for a month outside 1..12.
+    [[nodiscard]] static constexpr int DaysInMonth(int month, int year) noexcept;
 
 private:
-    friend class CTIME;
-    friend class CDATETIME;
-
     static constexpr bool IsMonth(int month) noexcept { return static_cast<unsigned>(month) - 1U < 12U; }
-    static constexpr int IsYearBissextile(long year) noexcept {
-        // Of the years that 4 divides and 25 too, the centuries, only those that 16 divides.
-        return (year & (year % 25 != 0 ? 3 : 15)) == 0 ? 1 : 0;
-    }
-    // AddMonths() for a month out of 1..12. Takes the fields: for a whole date callers would keep theirs in memory.
+    static constexpr int IsYearBissextile(long year) noexcept;
+    // AddMonths() for a month outside 1..12. Takes the fields: for a whole date callers would keep theirs in memory.
     [[nodiscard]] static CDATE MonthsFromNoMonth(int day, int month, int year, long months) noexcept;
     [[nodiscard]] constexpr std::int32_t ComparisonKey() const noexcept {
         return mDay | (mMonth * 256) | (mYear * 65536);
     }
-    [[nodiscard]] std::string ToString(const CDATEFORMAT& format) const;
-    int FromFields(int day, int month, int year) noexcept;
-    int FromText(std::string_view text, const CDATEFORMAT& format) noexcept;
-    int FromXmlText(std::string_view text, const CDATEFORMAT& format) noexcept;
-    int FromLongText(std::string_view text) noexcept;
-    int FromShortText(std::string_view text) noexcept;
-    int FromDigitForms(std::string_view text) noexcept;
-    int FromXmlText(std::string_view text) noexcept;
 
     std::int16_t mDay = 0;
     std::int16_t mMonth = 0;
@@ -304,28 +242,120 @@ private:
 
 static_assert(sizeof(CDATE) == 6 && alignof(CDATE) == 2);
 
+constexpr CDATE::CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept
+    : mDay(day), mMonth(month), mYear(year) {}
+
+constexpr int CDATE::IsDate() const noexcept {
+    // The common year first: nearly all dates are in it.
+    return mYear >= 0 && mDay >= 1 && IsMonth(mMonth) &&
+                   (mDay <= serialday::kDaysInMonth[mMonth - 1] || mDay <= DaysInMonth(mMonth, mYear))
+               ? 1
+               : 0;
+}
+
+constexpr void CDATE::Validate() noexcept {
+    const int days = DaysInMonth(mMonth, mYear);
+    mDay = std::min<std::int16_t>(mDay, days != 0 ? static_cast<std::int16_t>(days) : 31);
+}
+
+constexpr CDATE::eDay CDATE::GetDayOfWeek() const noexcept {
+    return static_cast<eDay>((ComputeDaysFrom1904() - 3) % kDayCount);
+}
+
+constexpr std::int16_t CDATE::GetBimestreNumber() const noexcept {
+    return static_cast<std::int16_t>((mMonth - 1) / 2 + 1);
+}
+
+constexpr std::int16_t CDATE::GetTrimestreNumber() const noexcept {
+    return static_cast<std::int16_t>((mMonth - 1) / 3 + 1);
+}
+
+constexpr std::int16_t CDATE::GetSemestreNumber() const noexcept {
+    return static_cast<std::int16_t>((mMonth - 1) / 6 + 1);
+}
+
+constexpr void CDATE::From1904(long serial) noexcept {
+    // A mask instead of a branch, so that compilers can convert many at once.
+    const auto day = static_cast<std::int32_t>(serial);
+    const int mask = -static_cast<int>(day == serial && day >= serialday::kFirst && day <= serialday::kLast);
+    const serialday::FIELDS fields = serialday::ToFields(day);
+    mDay = static_cast<std::int16_t>(fields.day & mask);
+    mMonth = static_cast<std::int16_t>(fields.month & mask);
+    mYear = static_cast<std::int16_t>(fields.year & mask);
+}
+
+constexpr CDATE& CDATE::AddDays(long days) noexcept {
+    // Within the days that every month has, the serial day is not needed.
+    const unsigned long day = static_cast<unsigned long>(mDay) + static_cast<unsigned long>(days);
+    if (day - 1 < 28 && IsMonth(mMonth)) {
+        mDay = static_cast<std::int16_t>(day);
+    } else {
+        // No date is further from another than this, so the sum below cannot overflow.
+        constexpr long kMostDays = 366 * serialday::kMostYears;
+        From1904(ComputeDaysFrom1904() + std::clamp(days, -kMostDays, kMostDays));
+    }
+    return *this;
+}
+
+constexpr CDATE& CDATE::AddMonths(long months) noexcept {
+    if (!IsMonth(mMonth)) {
+        return *this = MonthsFromNoMonth(mDay, mMonth, mYear, months);
+    }
+    // Months from January of the first year that 16 bits hold; below it the sum wraps and is too large as well.
+    const unsigned long reached =
+        static_cast<unsigned long>((mYear + 32768) * 12 + mMonth - 1) + static_cast<unsigned long>(months);
+    if (reached >= 65536UL * 12) {
+        Clear();
+        return *this;
+    }
+    const auto month = static_cast<std::uint32_t>(reached);
+    mYear = static_cast<std::int16_t>(static_cast<int>(month / 12) - 32768);
+    mMonth = static_cast<std::int16_t>(month % 12 + 1);
+    if (mDay > 28) {
+        Validate();
+    }
+    return *this;
+}
+
+constexpr CDATE& CDATE::AddYears(long years) noexcept {
+    return AddMonths(12 * std::clamp(years, -serialday::kMostYears, serialday::kMostYears));
+}
+
+constexpr int CDATE::DaysInMonth(int month, int year) noexcept {
+    if (!IsMonth(month)) {
+        return 0;
+    }
+    return month == 2 && IsYearBissextile(year) != 0 ? 29 : serialday::kDaysInMonth[month - 1];
+}
+
+constexpr int CDATE::IsYearBissextile(long year) noexcept {
+    // Of the years that 4 divides and 25 too, the centuries, only those that 16 divides.
+    return (year & (year % 25 != 0 ? 3 : 15)) == 0 ? 1 : 0;
+}
+
+/// Each returns a moved copy of the date.
 [[nodiscard]] inline CDATE AddDays(CDATE date, long days) noexcept { return date.AddDays(days); }
 [[nodiscard]] inline CDATE AddMonths(CDATE date, long months) noexcept { return date.AddMonths(months); }
 [[nodiscard]] inline CDATE AddYears(CDATE date, long years) noexcept { return date.AddYears(years); }
 [[nodiscard]] MLCORE_API CDATE AddDaysOuvre(CDATE date, long days, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATE AddDaysTravaille(CDATE date, long days, CCALENDARSTRATEGY* strategy = nullptr);
 
-/// The nearest business day after, or before, the date, which never counts itself. Where there is none up to the bound,
-/// and where no day of the week is open for business, it is MaxDate, or MinDate.
+/// The nearest business day after, or before, the date, and never the date itself. MaxDate, or MinDate, where there is
+/// none up to it, and where no day of the week is open for business.
 [[nodiscard]] MLCORE_API CDATE NextDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATE PreviousDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
-/// The same for worked days.
+/// The same for worked days; only the bounds stop the search.
 [[nodiscard]] MLCORE_API CDATE NextDateTravaille(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATE PreviousDateTravaille(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
 
-/// 1 when FromString() reads the text.
+/// 1 when FromString() reads the text; 0 for null.
 [[nodiscard]] MLCORE_API int IsStrDate(const char* text) noexcept;
-/// 1 when FromStringLong(), FromStringShort(), FromStringXML() reads it.
+/// The same for FromStringLong(), FromStringShort() and FromStringXML().
 [[nodiscard]] MLCORE_API int IsStrLDate(const char* text) noexcept;
 [[nodiscard]] MLCORE_API int IsStrSDate(const char* text) noexcept;
 [[nodiscard]] MLCORE_API int IsStrXMLDate(const char* text) noexcept;
 
-/// Writes "CDATE(05032024)", for the null date "CDATE()".
+/// Writes "CDATE(05032024)"; for the null date "CDATE()".
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CDATE& date);
 
 }  // namespace MLCore

@@ -1,9 +1,13 @@
 #include <MLCore/datetime/CDATETIME.h>
 
+#include <MLCore/datetime/detail/DateText.h>
 #include <MLCore/datetime/detail/SerialDay.h>
+#include <MLCore/datetime/detail/TextReader.h>
+#include <MLCore/datetime/detail/TimeText.h>
 #include <MLCore/platform/CivilTime.h>
 #include <MLCore/platform/LocalZone.h>
 
+#include <cstddef>
 #include <ostream>
 #include <string_view>
 
@@ -16,6 +20,40 @@ constexpr long long k1904FromUnixEpoch = -serialday::kUnixEpoch * kSecondsPerDay
 
 long long OffsetAt(long long secondsFrom1904) noexcept {
     return platform::LocalOffsetFromUtc(secondsFrom1904 + k1904FromUnixEpoch);
+}
+
+// As CDATETIME::FromString().
+bool ReadPlain(std::string_view text, CDATETIME& moment) noexcept {
+    CDATE date;
+    CTIME time;
+    if (!text.empty() && (text.size() != 17 || text[8] != ' ' || !datetext::ReadLong(text.substr(0, 8), date) ||
+                          !timetext::ReadPlain(text.substr(9), time))) {
+        return false;
+    }
+    moment = {date, time};
+    return true;
+}
+
+// As CDATETIME::FromStringXML().
+bool ReadXml(std::string_view text, CDATETIME& moment) noexcept {
+    if (text.empty()) {
+        moment = {};
+        return true;
+    }
+    const std::size_t separator = text.find('T');
+    CDATE date;
+    CTIME time;
+    if (separator == text.npos || !datetext::ReadXml(text.substr(0, separator), date) ||
+        !timetext::ReadXmlTime(text.substr(separator + 1), time)) {
+        return false;
+    }
+    CDATETIME local(date, time);
+    local.ToLocalZone();
+    if (local.IsDateTime() == 0) {
+        return false;
+    }
+    moment = local;
+    return true;
 }
 
 }  // namespace
@@ -105,41 +143,9 @@ std::string CDATETIME::ToStringXML() const {
     return utc.IsNull() != 0 ? std::string() : utc.mDate.ToStringXML() + 'T' + utc.mTime.ToString();
 }
 
-int CDATETIME::FromString(const char* text) noexcept {
-    if (text == nullptr) {
-        return 0;
-    }
-    const std::string_view view(text);
-    CDATETIME moment;
-    const bool isEmpty = view.empty();
-    if (!isEmpty && (view.size() != 17 || view[8] != ' ' || moment.mDate.FromLongText(view.substr(0, 8)) == 0 ||
-                     moment.mTime.FromString(text + 9) == 0)) {
-        return 0;
-    }
-    *this = moment;
-    return 1;
-}
+int CDATETIME::FromString(const char* text) noexcept { return ReadText<ReadPlain>(text, *this); }
 
-int CDATETIME::FromStringXML(const char* text) noexcept {
-    if (text == nullptr) {
-        return 0;
-    }
-    const std::string_view view(text);
-    CDATETIME moment;
-    if (!view.empty()) {
-        const std::size_t separator = view.find('T');
-        if (separator == view.npos || moment.mDate.FromXmlText(view.substr(0, separator)) == 0 ||
-            moment.mTime.FromXmlTimeText(view.substr(separator + 1)) == 0) {
-            return 0;
-        }
-        moment.ToLocalZone();
-        if (moment.IsDateTime() == 0) {
-            return 0;
-        }
-    }
-    *this = moment;
-    return 1;
-}
+int CDATETIME::FromStringXML(const char* text) noexcept { return ReadText<ReadXml>(text, *this); }
 
 std::ostream& operator<<(std::ostream& out, const CDATETIME& moment) {
     return out << "CDATETIME(" << moment.ToString() << ')';

@@ -13,24 +13,24 @@
 
 namespace MLCore {
 
-/// A date and a time of day: a moment, in whichever zone its user means. A value type of 10 bytes. Nothing
-/// fails; only texts take memory.
+/// A date and a time of day: a moment in the zone that its user means. A value type of 10 bytes. Nothing fails; only
+/// texts take memory.
 ///
 ///     CDATETIME moment(CDATE(5, 3, 2024), CTIME(23, 30, 0));
 ///     moment.ToLocalZone();                  // from UTC to the process's local zone
 ///     moment += CTIMESPAN(90 * 60);          // across midnight, month and year
 ///     CTIMESPAN since = CDATETIME::Now() - moment;
 ///
-/// It is null when its date is. Arithmetic and zone conversion leave a null date-time alone, and give the null date-time
-/// where the year does not fit 16 bits. Parts out of range are stored and compared as they are; spans, seconds, minutes and
-/// hours added normalise both, days, months and years the date only.
+/// It is null when its date is. Arithmetic and zone conversion leave a null date-time unchanged, and give the null
+/// date-time where the year does not fit 16 bits. Parts out of range are stored and compared as they are. Adding spans,
+/// seconds, minutes and hours brings date and time into range; adding days, months and years, the date only.
 class MLCORE_API CDATETIME {
 public:
     /// The null date-time.
     constexpr CDATETIME() noexcept = default;
     constexpr CDATETIME(const CDATE& date, const CTIME& time) noexcept : mDate(date), mTime(time) {}
 
-    /// The local date and time now.
+    /// The present date and time in the local zone.
     [[nodiscard]] static CDATETIME Now() noexcept;
 
     [[nodiscard]] constexpr const CDATE& GetDate() const noexcept { return mDate; }
@@ -47,14 +47,14 @@ public:
     friend CDATETIME operator+(CDATETIME moment, const CTIMESPAN& span) noexcept { return moment += span; }
     friend CDATETIME operator-(CDATETIME moment, const CTIMESPAN& span) noexcept { return moment -= span; }
     friend CDATETIME operator+(const CTIMESPAN& span, CDATETIME moment) noexcept { return moment += span; }
-    /// The span between, signed; zones are not looked at.
+    /// The span from right to left, negative when the left one is the earlier; zones play no part.
     friend CTIMESPAN operator-(const CDATETIME& left, const CDATETIME& right) noexcept {
         return CTIMESPAN(left.SecondsFrom1904() - right.SecondsFrom1904());
     }
     CDATETIME& AddSeconds(long seconds) noexcept { return *this += CTIMESPAN(seconds); }
     CDATETIME& AddMinutes(long minutes) noexcept;
     CDATETIME& AddHours(long hours) noexcept;
-    /// As CDATE does, with the time kept.
+    /// As CDATE does; the time stays the same.
     CDATETIME& AddDays(long days) noexcept;
     CDATETIME& AddMonths(long months) noexcept;
     CDATETIME& AddYears(long years) noexcept;
@@ -63,21 +63,22 @@ public:
     friend constexpr bool operator==(const CDATETIME&, const CDATETIME&) noexcept = default;
     friend constexpr std::weak_ordering operator<=>(const CDATETIME&, const CDATETIME&) noexcept = default;
 
-    /// Turns UTC into the process's local time, and back. A local time that occurs twice is taken for the earlier moment;
-    /// one that is skipped counts on from the time before the gap. Dates outside the system's range use the offset of
-    /// the nearest year in it.
+    /// ToLocalZone() converts from UTC to the process's local time, ToGMZone() back. A local time that occurs twice is
+    /// taken as the earlier moment; one that is skipped counts on from the time before the gap. Dates outside the
+    /// system's range use the offset of the nearest year in it.
     void ToLocalZone() noexcept;
     void ToGMZone() noexcept;
 
     /// "05032024 07:05:09", without a zone; "" for null.
     [[nodiscard]] std::string ToString() const;
-    /// Taken for local time and written in UTC: "2024-03-05T07:05:09"; "" for null.
+    /// The value is taken as local time and written in UTC: "2024-03-05T07:05:09"; "" for null, and where UTC leads to
+    /// a year that does not fit 16 bits.
     [[nodiscard]] std::string ToStringXML() const;
-    /// Reads what ToString() writes of the years 0 to 9999, the date as CDATE::FromStringLong() does. "" gives null.
-    /// Returns 1, or 0 and leaves the value alone (null too).
+    /// Reads what ToString() writes for the years 0 to 9999, the date as CDATE::FromStringLong() does. "" gives the
+    /// null date-time. Returns 1, or 0 and leaves the value unchanged; a null pointer gives 0.
     int FromString(const char* text) noexcept;
-    /// Reads a date and, behind "T", a time as CTIME::FromStringXML() reads it, taken for UTC, into local time. "" gives
-    /// null. Returns 1, or 0 and leaves the value alone (null too).
+    /// Reads a date and, after "T", a time as CTIME::FromStringXML() reads it. Takes them as UTC and stores local time.
+    /// "" gives the null date-time. Returns 1, or 0 and leaves the value unchanged; a null pointer gives 0.
     int FromStringXML(const char* text) noexcept;
 
 private:

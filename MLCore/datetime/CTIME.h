@@ -10,11 +10,10 @@
 #include <functional>
 #include <iosfwd>
 #include <string>
-#include <string_view>
 
 namespace MLCore {
 
-/// Hours, minutes and seconds of a CTIME as a plain record.
+/// The parts of a CTIME as a plain record.
 struct MLTIME {
     std::int16_t seconds;
     std::int16_t minutes;
@@ -24,45 +23,44 @@ struct MLTIME {
 // Two-byte alignment, so that a date-time is 10 bytes in memory as it is in streams.
 #pragma pack(push, 2)
 
-/// A time of day in whole seconds since midnight, without a zone. A value type of 4 bytes. Nothing fails; only texts take
-/// memory.
+/// A time of day in whole seconds since midnight, without a zone. A value type of 4 bytes. Nothing fails; only texts
+/// take memory.
 ///
-///     CTIME time(23, 30, 0);
-///     time += 3600;              // 00:30:00: arithmetic wraps around midnight
-///     time.ToString();           // "00:30:00"
-///     if (!time.FromString(text)) ...   // parsers answer 1 or 0 and leave the time alone when they fail
+///     CTIME time(23, 30, 0);                  // hours, minutes, seconds
+///     time += 3600;                           // 00:30:00: arithmetic wraps around midnight
+///     std::string text = time.ToString();     // "00:30:00"
+///     int isRead = time.FromString("24:00");  // 0, and the time is unchanged: parsers return 1 or 0
 ///
-/// Arithmetic always ends within a day. Only the constructor and the setters take parts as they are, in range or not;
-/// IsTime() tells.
+/// The result of arithmetic always lies within a day. Only the constructor and the setters take parts as they are, in
+/// range or not; IsTime() says whether the time is within a day.
 class MLCORE_API CTIME {
 public:
+    /// 00:00:00.
     constexpr CTIME() noexcept = default;
+    /// Stores hours * 3600 + minutes * 60 + seconds, unchecked.
     constexpr CTIME(std::int16_t hours, std::int16_t minutes, std::int16_t seconds) noexcept {
         Set(hours, minutes, seconds);
     }
     /// Takes wHour, wMinute and wSecond.
     explicit CTIME(const _SYSTEMTIME& time) noexcept;
-    /// The time of day of an OLE Automation date, to the nearest second; 00:00:00 for 0.0 and for what is no such date.
+    /// The time of day of an OLE Automation date, to the nearest second; 00:00:00 for 0.0 and for a number that is not
+    /// such a date.
     explicit CTIME(double oleDate) noexcept;
-    /// Runs FromString(); 00:00:00 when it fails.
+    /// Calls FromString(); 00:00:00 when that fails.
     explicit CTIME(const char* text) noexcept;
 
     [[nodiscard]] static const CTIME& Min() noexcept;   ///< 00:00:00
     [[nodiscard]] static const CTIME& Max() noexcept;   ///< 23:59:59
     [[nodiscard]] static const CTIME& Null() noexcept;  ///< 00:00:00
     [[nodiscard]] static const CTIME& NullTime() noexcept { return Null(); }
-    /// The local time now.
+    /// The present time in the local zone.
     [[nodiscard]] static CTIME Now() noexcept;
 
-    [[nodiscard]] constexpr std::int16_t GetHours() const noexcept {
-        return static_cast<std::int16_t>(mSeconds % 86400 / 3600);
-    }
-    [[nodiscard]] constexpr std::int16_t GetMinutes() const noexcept {
-        return static_cast<std::int16_t>(mSeconds % 3600 / 60);
-    }
-    [[nodiscard]] constexpr std::int16_t GetSeconds() const noexcept {
-        return static_cast<std::int16_t>(mSeconds % 60);
-    }
+    /// The parts; negative when the time is, which only the constructor and the setters can cause.
+    [[nodiscard]] constexpr std::int16_t GetHours() const noexcept;
+    [[nodiscard]] constexpr std::int16_t GetMinutes() const noexcept;
+    [[nodiscard]] constexpr std::int16_t GetSeconds() const noexcept;
+    /// Replace one part and keep the two others; unchecked, as the constructor.
     constexpr void SetHours(std::int16_t hours) noexcept { Set(hours, GetMinutes(), GetSeconds()); }
     constexpr void SetMinutes(std::int16_t minutes) noexcept { Set(GetHours(), minutes, GetSeconds()); }
     constexpr void SetSeconds(std::int16_t seconds) noexcept { Set(GetHours(), GetMinutes(), seconds); }
@@ -80,9 +78,10 @@ public:
     /// Sets the time to `seconds` modulo a day. Returns 1 when `seconds` is below 86400 and 0 otherwise; a negative
     /// number wraps and still returns 1, which is intended.
     int FromSeconds(long seconds) noexcept;
-    /// FromSeconds() of the whole seconds in `minutes`, rounded down. NaN and what is infinite, as it is or in seconds,
-    /// returns 0 and changes nothing.
+    /// FromSeconds() of the whole seconds in `minutes`, rounded down. NaN, infinity and a number that is infinite as
+    /// seconds return 0 and change nothing.
     int FromMinutes(double minutes) noexcept;
+    /// FromMinutes() of 60 minutes an hour.
     int FromHours(double hours) noexcept;
 
     CTIME& operator+=(long seconds) noexcept;
@@ -98,12 +97,13 @@ public:
     CTIME& operator--() noexcept { return *this -= 1L; }
     CTIME operator++(int) noexcept;
     CTIME operator--(int) noexcept;
-    /// Add any number of units, negative ones too, and wrap around midnight.
+    /// Adds any number of units, negative ones too, and wraps around midnight.
     CTIME& AddSeconds(long seconds) noexcept { return *this += seconds; }
     CTIME& AddMinutes(long minutes) noexcept;
     CTIME& AddHours(long hours) noexcept;
 
-    /// This minus the other, signed. Minutes ignore the seconds, hours both: 08:59:59 against 10:00:00 is -2 hours.
+    /// This time minus the other one, negative when this one is earlier. The difference in minutes ignores the seconds,
+    /// the one in hours ignores minutes and seconds: 08:59:59 against 10:00:00 is -2 hours.
     [[nodiscard]] long ComputeSeconds(const CTIME& other) const noexcept;
     [[nodiscard]] long ComputeMinutes(const CTIME& other) const noexcept;
     [[nodiscard]] long ComputeHours(const CTIME& other) const noexcept;
@@ -115,41 +115,37 @@ public:
         return left.GetTotalSeconds() <=> right.GetTotalSeconds();
     }
 
-    /// Seconds since midnight, out of range when the parts set were.
+    /// Seconds since midnight; outside 0..86399 where parts out of range were set.
     [[nodiscard]] constexpr std::int32_t GetTotalSeconds() const noexcept { return mSeconds; }
     [[nodiscard]] constexpr double ToDecimalHours() const noexcept { return mSeconds / 3600.0; }
     [[nodiscard]] constexpr double ToDecimalMinutes() const noexcept { return mSeconds / 60.0; }
     operator MLTIME() const noexcept;
     /// "07:05:09".
     [[nodiscard]] std::string ToString() const;
-    /// On 30 December 1899, the day zero of OLE Automation; wDayOfWeek and milliseconds 0. <MLCore/platform/WinTypes.h>
-    /// completes the type.
+    /// The time on 30 December 1899, the day zero of OLE Automation; wDayOfWeek and the milliseconds are 0.
+    /// <MLCore/platform/WinTypes.h> completes the type.
     [[nodiscard]] _SYSTEMTIME ToSystemTime() const noexcept;
     /// The OLE Automation date of that day and time: the fraction of a day. 0.0 when the system refuses the time.
     [[nodiscard]] double ToWDate() const noexcept;
 
-    /// Reads HH:MM:SS or HHMMSS, exactly; hours to 23, minutes and seconds to 59. "" gives 00:00:00. Returns 1, or 0 and
-    /// leaves the time alone (null too).
+    /// Reads exactly HH:MM:SS or HHMMSS; hours to 23, minutes and seconds to 59. "" gives 00:00:00. Returns 1, or 0 and
+    /// leaves the time unchanged; null gives 0.
     int FromString(const char* text) noexcept;
     /// Reads an XML time, HH:MM:SS with an optional fraction and zone: "Z", "+hh:mm" or "-hh:mm"; or HHMMSS with an
-    /// optional "Z". Of a fraction, which ends at the zone, only the first character is looked at; all of it is dropped.
-    /// "" gives 00:00:00. Returns 1, or 0 and leaves the time alone (null too).
+    /// optional "Z". A fraction ends at the zone; only its first character is checked, and all of it is dropped. ""
+    /// gives 00:00:00. Returns 1, or 0 and leaves the time unchanged; null gives 0.
     ///
-    /// A zone offset is *applied with its own sign*: 10:00:00+02:00 gives 12:00:00. That is the reverse of turning local
-    /// time into UTC, and it is meant so. It leads around midnight and leaves a date in front alone. The compact form takes
-    /// no numeric offset.
+    /// A zone offset is *applied with its own sign*: 10:00:00+02:00 gives 12:00:00. That is the reverse of converting
+    /// local time to UTC, and it is intended. The result wraps around midnight; a date before the time stays the same.
+    /// The compact form takes no numeric offset.
     ///
-    /// After a date and "T" ("2024-03-05T23:30:00") the result is taken for UTC on that date and turned into local time.
+    /// After a date and "T" ("2024-03-05T23:30:00") the result is taken as UTC on that date and converted to local
+    /// time.
     int FromStringXML(const char* text) noexcept;
 
 private:
-    friend class CDATE;
-    friend class CDATETIME;
+    // FromSeconds() of the whole span.
     explicit CTIME(const CTIMESPAN& span) noexcept;
-
-    int FromXmlText(std::string_view text) noexcept;
-    int FromXmlTimeText(std::string_view text) noexcept;  // without a date
-    int FromParts(std::string_view hours, std::string_view minutes, std::string_view seconds) noexcept;
 
     std::int32_t mSeconds = 0;
 };
@@ -158,11 +154,19 @@ private:
 
 static_assert(sizeof(CTIME) == 4 && alignof(CTIME) == 2);
 
+constexpr std::int16_t CTIME::GetHours() const noexcept { return static_cast<std::int16_t>(mSeconds % 86400 / 3600); }
+
+constexpr std::int16_t CTIME::GetMinutes() const noexcept { return static_cast<std::int16_t>(mSeconds % 3600 / 60); }
+
+constexpr std::int16_t CTIME::GetSeconds() const noexcept { return static_cast<std::int16_t>(mSeconds % 60); }
+
+/// Each returns a moved copy of the time.
+
 [[nodiscard]] inline CTIME AddSeconds(CTIME time, long seconds) noexcept { return time.AddSeconds(seconds); }
 [[nodiscard]] inline CTIME AddMinutes(CTIME time, long minutes) noexcept { return time.AddMinutes(minutes); }
 [[nodiscard]] inline CTIME AddHours(CTIME time, long hours) noexcept { return time.AddHours(hours); }
 
-/// 1 when CTIME::FromString() reads the text.
+/// 1 when CTIME::FromString() reads the text; 0 for null.
 [[nodiscard]] MLCORE_API int IsStrTime(const char* text) noexcept;
 
 /// Writes "CTIME(7,5,9)".

@@ -10,8 +10,12 @@
 
 namespace MLCore {
 
-/// A signed span of time in whole seconds, of any length: what lies between two date-times. A value type; nothing
-/// fails. Sums that leave 64 bits stay at the longest span.
+/// A signed span of time in whole seconds: the distance between two date-times. A value type of 8 bytes. Nothing fails;
+/// only texts take memory. A sum that does not fit 64 bits is the longest span of its sign.
+///
+///     CTIMESPAN span(90 * 60);               // seconds
+///     span += CTIMESPAN(9);
+///     std::string text = span.ToString();    // "1:30:09"
 class MLCORE_API CTIMESPAN {
 public:
     constexpr CTIMESPAN() noexcept = default;
@@ -22,11 +26,12 @@ public:
     static constexpr long NbSecondsInOneDay() noexcept { return 3600L * 24L; }
 
     [[nodiscard]] constexpr long long GetTotalSeconds() const noexcept { return mSeconds; }
-    /// The parts as ToString() writes them, each with the sign of the span; minutes and seconds within -59..59.
+    /// The parts that ToString() writes, each with the sign of the span; minutes and seconds lie within -59..59.
     [[nodiscard]] constexpr long long GetHours() const noexcept { return mSeconds / 3600; }
     [[nodiscard]] constexpr short GetMinutes() const noexcept { return static_cast<short>(mSeconds % 3600 / 60); }
     [[nodiscard]] constexpr short GetSeconds() const noexcept { return static_cast<short>(mSeconds % 60); }
-    /// Replace one part; the others keep their values and their sign. A part may exceed its usual range and then carries over.
+    /// Replaces one part; the others keep their values and their sign. A part may exceed its usual range and then
+    /// carries over.
     void SetHours(long hours) noexcept;
     void SetMinutes(long minutes) noexcept;
     void SetSeconds(long seconds) noexcept;
@@ -40,7 +45,8 @@ public:
     friend constexpr bool operator==(const CTIMESPAN&, const CTIMESPAN&) noexcept = default;
     friend constexpr std::strong_ordering operator<=>(const CTIMESPAN&, const CTIMESPAN&) noexcept = default;
 
-    /// Hours, minutes and seconds as "7:05:09", "125:00:00", "-0:05:00": hours unpadded, the sign in front of it all.
+    /// Hours, minutes and seconds as "7:05:09", "125:00:00", "-0:05:00": the sign first, then the hours without zeros
+    /// in front.
     [[nodiscard]] std::string ToString() const;
 
 private:

@@ -4,6 +4,8 @@
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
 #include <MLCore/datetime/detail/BusinessDays.h>
 
+#include <iterator>
+
 namespace MLCore {
 
 namespace {
@@ -39,9 +41,10 @@ constexpr PERIOD kPeriods[] = {
     {WithoutCalendar<FirstDateSemestre>, WithoutCalendar<LastDateSemestre>},
     {WithoutCalendar<FirstDateYear>, WithoutCalendar<LastDateYear>},
 };
+static_assert(std::size(kPeriods) == CDATE::kEchelonCount);
 
 const PERIOD* FindPeriod(const CDATE& date, CDATE::eTypeEchelonnement type) noexcept {
-    return date.IsDate() != 0 && type >= CDATE::EchelonDay && type <= CDATE::EchelonYear ? &kPeriods[type] : nullptr;
+    return date.IsDate() != 0 && type >= 0 && type < CDATE::kEchelonCount ? &kPeriods[type] : nullptr;
 }
 
 }  // namespace
@@ -50,7 +53,7 @@ CDATE FirstDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy) {
     const int firstDayOfWeek = CCALENDARMANAGER::Resolve(strategy).GetFirstDayOfWeek();
     const std::int32_t serial = date.ComputeDaysFrom1904();
     const std::int32_t start = businessdays::WeekStart(serial, firstDayOfWeek);
-    // Fields that are no date stay what they are on the week's first day.
+    // Fields that are not a valid date stay as they are on the week's first day.
     return start == serial ? date : date - (serial - start);
 }
 
@@ -62,7 +65,7 @@ CDATE LastDateMonth(const CDATE& date) {
     if (const int days = CDATE::DaysInMonth(date.GetMonth(), date.GetYear()); days != 0) {
         return {static_cast<std::int16_t>(days), date.GetMonth(), date.GetYear()};
     }
-    // A month that there is not: the day before the first of what one month more makes of it.
+    // A month outside 1..12: the day before the first of what one month more makes of it.
     CDATE next = AddMonths(date, 1);
     next.SetDay(1);
     return next - 1;

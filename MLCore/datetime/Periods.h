@@ -1,13 +1,15 @@
 /// The first and the last day of the period that holds a date, and for a date-time its first and last second: week,
 /// month, bimestre (two months), trimestre (quarter), semestre (half-year) and year.
 ///
-///     LastDateTrimestre(CDATE(15, 8, 2024));                                // 30/9/2024
-///     FirstDateEchelonnement(date, CDATE::EchelonWeek, nullptr);            // the current calendar's week
-///     LastDateTimeMonth(moment);                                            // ... 23:59:59
+///     CDATE date(15, 8, 2024);
+///     CDATE quarterEnd = LastDateTrimestre(date);                               // 30/9/2024
+///     CDATE monday = FirstDateEchelonnement(date, CDATE::EchelonWeek);          // 12/8/2024, by the current calendar
+///     CDATETIME monthEnd = LastDateTimeMonth(CDATETIME(date, CTIME(8, 0, 0)));  // 31/8/2024 23:59:59
 ///
-/// The arguments are not tested: fields that are no date give what the rule makes of them (the first day of the null
-/// date's month is 1/0/0). Only FirstDateEchelonnement and LastDateEchelonnement answer the null date, for what is no
-/// date and for an unknown kind. A null strategy means the current calendar; weeks start on its first day of the week.
+/// The arguments are not checked: a date that is not valid gives what the rule makes of its fields (the first day of
+/// the null date's month is 1/0/0). Only FirstDateEchelonnement() and LastDateEchelonnement() give the null date, for a
+/// date that is not valid and for an unknown kind. A null strategy means the current calendar; weeks start on its first
+/// day of the week. Nothing fails.
 #pragma once
 
 #include <MLCore/datetime/CDATE.h>
@@ -16,7 +18,7 @@
 
 namespace MLCore {
 
-/// The latest first day of the week on or before the date, and the day six days later.
+/// The latest day on or before the date on which a week starts, and the day six days later.
 [[nodiscard]] MLCORE_API CDATE FirstDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATE LastDateWeek(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATE FirstDateMonth(const CDATE& date);
@@ -36,7 +38,7 @@ namespace MLCore {
 [[nodiscard]] MLCORE_API CDATE LastDateEchelonnement(const CDATE& date, CDATE::eTypeEchelonnement type,
                                                      CCALENDARSTRATEGY* strategy = nullptr);
 
-/// The same of the date part, at 00:00:00 for the first and 23:59:59 for the last.
+/// The same for the date of a date-time, at 00:00:00 for the first day and 23:59:59 for the last.
 [[nodiscard]] MLCORE_API CDATETIME FirstDateTimeWeek(const CDATETIME& moment, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATETIME LastDateTimeWeek(const CDATETIME& moment, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATETIME FirstDateTimeMonth(const CDATETIME& moment);

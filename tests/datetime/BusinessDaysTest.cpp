@@ -22,8 +22,8 @@ constexpr std::int32_t kMin = -1460;      // 1 January 1900: four years without 
 constexpr std::int32_t kMax = 2957003;    // 31 December 9999
 constexpr std::int32_t k2101 = 71954;     // 1 January 2101
 
-// A walk over all days from 1 January of the year 0, once: how many days were open before each. The walks of the library
-// from and to any day are then known without walking again.
+// A walk over all days from 1 January of the year 0, once: how many days were open before each. The walks of the
+// library from and to any day are then known without walking again.
 class WALKED {
 public:
     WALKED(int lastYear, const std::function<bool(const DAY&)>& isOpen) {
@@ -34,7 +34,7 @@ public:
             }
         }
     }
-    // Of a day behind the last, as of the last.
+    // A day after the last counts as the last.
     [[nodiscard]] std::int32_t Before(std::int32_t serial) const {
         return mBefore[std::min(static_cast<std::size_t>(serial - kFirst), mBefore.size() - 1)];
     }
@@ -172,7 +172,7 @@ CALENDAR Ruled(RULES rules) { return AdoptObject<CCALENDARSTRATEGY>(new CRULED(s
 
 bool IsFrenchOpen(const DAY& day) { return day.weekday < 5 && !kFrench.Has(day); }
 
-TEST(BusinessDaysTest, AStrategyOfOnesOwnGetsWhatItSays) {
+TEST(BusinessDaysTest, AStrategyOfAnApplicationDecides) {
     const struct {
         RULES rules;
         std::function<bool(const DAY&)> ouvre, travaille;
@@ -203,6 +203,48 @@ TEST(BusinessDaysTest, AStrategyOfOnesOwnGetsWhatItSays) {
             ASSERT_NO_FATAL_FAILURE(Compare(calendar, ouvre, travaille, start, random.Between(-70, 70), end));
         }
     }
+}
+
+// The French calendar, which counts what it is asked.
+class CCOUNTING : public CCALENDARFRENCHSTRATEGY {
+public:
+    int IsOuvre(CDATE::eDay day) const override {
+        ++mAsked;
+        return CCALENDARFRENCHSTRATEGY::IsOuvre(day);
+    }
+    int IsFerie(const CDATE& date) const override {
+        ++mHolidaysAsked;
+        return CCALENDARFRENCHSTRATEGY::IsFerie(date);
+    }
+    mutable int mAsked = 0;
+    mutable int mHolidaysAsked = 0;
+};
+
+TEST(BusinessDaysTest, AStrategyIsAskedOnceForEachDay) {
+    const CSHAREOBJECTPTR<CCOUNTING> counting = AdoptObject(new CCOUNTING);
+    const CALENDAR calendar(counting.Get());
+    const auto asked = [&](auto walk) {
+        counting->mAsked = counting->mHolidaysAsked = 0;
+        walk();
+        return std::pair(counting->mAsked, counting->mHolidaysAsked);
+    };
+    using ASKED = std::pair<int, int>;
+    // Tuesday 30 April 2024; 1 and 8 May, Ascension Thursday 9 May and Whit Monday 20 May are holidays.
+    const CDATE date(30, 4, 2024);
+    EXPECT_EQ(asked([&] { EXPECT_EQ(NextDateOuvre(date, calendar), CDATE(2, 5, 2024)); }), ASKED(2, 2));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(PreviousDateOuvre(date, calendar), CDATE(29, 4, 2024)); }), ASKED(1, 1));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(NextDateTravaille(date, calendar), CDATE(2, 5, 2024)); }), ASKED(2, 2));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(AddDaysOuvre(date, 6, calendar), CDATE(13, 5, 2024)); }), ASKED(13, 9));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(AddDaysOuvre(date, -2, calendar), CDATE(26, 4, 2024)); }), ASKED(4, 2));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(AddDaysTravaille(date, 6, calendar), CDATE(13, 5, 2024)); }), ASKED(13, 9));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(date.ComputeDaysOuvre({30, 5, 2024}, calendar), 18); }), ASKED(30, 22));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(date.IsOuvre(calendar), 1); }), ASKED(1, 1));
+    // Where nothing is open, a week says so.
+    for (int day = 0; day < CDATE::kDayCount; ++day) {
+        counting->SetOuvre(static_cast<CDATE::eDay>(day), 0);
+    }
+    EXPECT_EQ(asked([&] { EXPECT_EQ(AddDaysOuvre(date, 1, calendar), CDATE::MaxDate()); }), ASKED(7, 0));
+    EXPECT_EQ(asked([&] { EXPECT_EQ(PreviousDateOuvre(date, calendar), CDATE::MinDate()); }), ASKED(7, 0));
 }
 
 TEST(BusinessDaysTest, NothingOpenMakesNoWalkEndless) {

@@ -1,4 +1,8 @@
+#include <MLCore/datetime/Easter.h>
+#include <MLCore/datetime/detail/HOLIDAYCALENDAR.h>
 #include <gtest/gtest.h>
+
+#include <climits>
 
 #include "support/CalendarArithmetic.h"
 
@@ -14,10 +18,32 @@ TEST(EasterTest, AgreesWithAnotherAlgorithm) {
         const int march = support::EasterInMarch(year);
         const CDATE expected = march > 31 ? Date(march - 31, 4, year) : Date(march, 3, year);
         ASSERT_EQ(CCALENDARSTRATEGY::GetPaquesDate(static_cast<short>(year)), expected);
+        ASSERT_EQ(EasterOf(year), (EASTERSUNDAY{expected.GetDay(), expected.GetMonth()})) << year;
     }
     for (const int year : {-32768, -1, 32767}) {
         static_cast<void>(CCALENDARSTRATEGY::GetPaquesDate(static_cast<short>(year)));
     }
+    static_assert(EasterOf(2024) == EASTERSUNDAY{31, 3} && EasterOf(2038) == EASTERSUNDAY{25, 4});
+    // The cycle of the Gregorian Easter is 5,700,000 years; no year overflows.
+    static_assert(EasterOf(5702024) == EasterOf(2024));
+    static_assert(EasterOf(INT_MAX) == EasterOf(INT_MAX % 5700000) && EasterOf(INT_MIN) != EASTERSUNDAY{});
+}
+
+// What a row of holidays may hold, so that it cannot be misread later.
+TEST(HolidaysTest, PossibleTables) {
+    using FIXEDDAY = HOLIDAYCALENDAR::FIXEDDAY;
+    const auto isPossible = [](std::initializer_list<FIXEDDAY> days, std::initializer_list<int> offsets) {
+        return HOLIDAYCALENDAR::IsPossible({days.begin(), days.size()}, {offsets.begin(), offsets.size()});
+    };
+    EXPECT_TRUE(isPossible({{28, 2}, {31, 12}, {1, 1}}, {-49, 66}));
+    EXPECT_FALSE(isPossible({{29, 2}}, {})) << "not in every year";
+    EXPECT_FALSE(isPossible({{31, 4}}, {}));
+    EXPECT_FALSE(isPossible({{0, 4}}, {}));
+    EXPECT_FALSE(isPossible({{1, 13}}, {}));
+    EXPECT_FALSE(isPossible({}, {-50})) << "in January when Easter is early";
+    EXPECT_FALSE(isPossible({}, {67})) << "in July when Easter is late";
+    EXPECT_TRUE(isPossible({}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}));
+    EXPECT_FALSE(isPossible({{1, 1}}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15})) << "more than fit";
 }
 
 TEST(HolidaysTest, PublishedMovableDays) {

@@ -1,4 +1,4 @@
-/// The fixed layouts of date texts; private to the date and the date-time.
+/// The fixed layouts of date texts.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,9 @@ namespace MLCore {
 
 struct CDATEFORMAT {
     enum ORDER : std::int32_t { MonthDayYear = 0, DayMonthYear = 1, YearMonthDay = 2 };
+    static constexpr int kOrderCount = YearMonthDay + 1;
 
-    std::int32_t order;
+    ORDER order;
     char separator;  // 0: none
     std::int32_t yearDigits;
 };

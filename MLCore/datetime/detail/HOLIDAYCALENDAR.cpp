@@ -1,6 +1,6 @@
 #include <MLCore/datetime/detail/HOLIDAYCALENDAR.h>
 
-#include <MLCore/datetime/CCALENDARSTRATEGY.h>
+#include <MLCore/datetime/Easter.h>
 #include <MLCore/datetime/detail/SerialDay.h>
 
 #include <algorithm>
@@ -9,20 +9,12 @@ namespace MLCore {
 
 namespace {
 
-using FIXEDDAY = HOLIDAYCALENDAR::FIXEDDAY;
-
-constexpr FIXEDDAY kFrenchDays[] = {{1, 1}, {1, 5}, {8, 5}, {14, 7}, {15, 8}, {1, 11}, {11, 11}, {25, 12}};
-constexpr int kFrenchOffsets[] = {+1, +39, +50};  // Easter Monday, Ascension Thursday, Whit Monday
-
-constexpr FIXEDDAY kFrenchBankDays[] = {{1, 1},  {1, 5},   {8, 5},   {14, 7}, {15, 8},
-                                        {1, 11}, {11, 11}, {25, 12}, {26, 12}};
-constexpr int kFrenchBankOffsets[] = {-2, +1, +39, +50};  // the French ones and Good Friday
-
-constexpr FIXEDDAY kPortugueseDays[] = {{1, 1},  {25, 4}, {1, 5},  {10, 6}, {15, 8},
-                                        {5, 10}, {1, 11}, {1, 12}, {8, 12}, {25, 12}};
-constexpr int kPortugueseOffsets[] = {-47, -2, +1, +60};  // Shrove Tuesday, Good Friday, Easter Monday, Corpus Christi
-
 std::int32_t NewYear(int year) noexcept { return serialday::FromFields(1, 1, year); }
+
+std::int32_t EasterSunday(int year) noexcept {
+    const EASTERSUNDAY easter = EasterOf(year);
+    return serialday::FromFields(easter.day, easter.month, year);
+}
 
 bool IsSelected(std::int32_t serial, unsigned weekdays) noexcept {
     return (weekdays >> serialday::Weekday(serial) & 1U) != 0;
@@ -43,6 +35,8 @@ HOLIDAYCALENDAR::HOLIDAYCALENDAR(std::span<const FIXEDDAY> fixedDays, std::span<
     }
 }
 
+bool HOLIDAYCALENDAR::IsTabled(int year) noexcept { return year >= kFirstYear && year < kFirstYear + kYearCount; }
+
 HOLIDAYCALENDAR::YEAR HOLIDAYCALENDAR::Compute(int year) const noexcept {
     const std::int32_t newYear = NewYear(year);
     YEAR result;
@@ -52,7 +46,7 @@ HOLIDAYCALENDAR::YEAR HOLIDAYCALENDAR::Compute(int year) const noexcept {
     for (const FIXEDDAY& fixed : mFixedDays) {
         add(serialday::FromFields(fixed.day, fixed.month, year));
     }
-    const std::int32_t easter = CCALENDARSTRATEGY::GetPaquesDate(static_cast<short>(year)).ComputeDaysFrom1904();
+    const std::int32_t easter = EasterSunday(year);
     for (const int offset : mEasterOffsets) {
         add(easter + offset);
     }
@@ -68,11 +62,10 @@ bool HOLIDAYCALENDAR::IsHoliday(const CDATE& date) const noexcept {
             return true;
         }
     }
-    // No movable day lies outside February to June.
-    if (date.GetMonth() < 2 || date.GetMonth() > 6 || date.IsDate() == 0) {
+    if (date.GetMonth() < kFirstMonthOfOffsets || date.GetMonth() > kLastMonthOfOffsets || date.IsDate() == 0) {
         return false;
     }
-    const int distance = date - CCALENDARSTRATEGY::GetPaquesDate(date.GetYear());
+    const std::int32_t distance = date.ComputeDaysFrom1904() - EasterSunday(date.GetYear());
     return std::find(mEasterOffsets.begin(), mEasterOffsets.end(), distance) != mEasterOffsets.end();
 }
 
@@ -115,25 +108,10 @@ std::int32_t HOLIDAYCALENDAR::CountWholeYears(int first, int last, unsigned week
     const int lastTabled = std::clamp(last, firstTabled, kEndYear);
     const auto& before = mBefore[static_cast<std::size_t>(firstTabled - kFirstYear)];
     const auto& after = mBefore[static_cast<std::size_t>(lastTabled - kFirstYear)];
-    for (std::size_t weekday = 0; weekday < 7; ++weekday) {
+    for (std::size_t weekday = 0; weekday < CDATE::kDayCount; ++weekday) {
         count += (weekdays >> weekday & 1U) != 0 ? after[weekday] - before[weekday] : 0;
     }
     return count;
-}
-
-const HOLIDAYCALENDAR& FrenchHolidays() {
-    static const HOLIDAYCALENDAR calendar(kFrenchDays, kFrenchOffsets);
-    return calendar;
-}
-
-const HOLIDAYCALENDAR& FrenchBankHolidays() {
-    static const HOLIDAYCALENDAR calendar(kFrenchBankDays, kFrenchBankOffsets);
-    return calendar;
-}
-
-const HOLIDAYCALENDAR& PortugueseHolidays() {
-    static const HOLIDAYCALENDAR calendar(kPortugueseDays, kPortugueseOffsets);
-    return calendar;
 }
 
 }  // namespace MLCore

@@ -1,8 +1,8 @@
 /// Serial days: the proleptic Gregorian calendar as a count of days from 1 January 1904, which is day 0.
 ///
-/// Both directions are closed forms after C. Neri and L. Schneider, "Euclidean affine functions and their application to
-/// calendar algorithms", Software: Practice and Experience 53 (2023); a table spares one of them for the
-/// years in common use.
+/// Both directions are closed forms after C. Neri and L. Schneider, "Euclidean affine functions and their application
+/// to calendar algorithms", Software: Practice and Experience 53 (2023); a table spares one of them for the years in
+/// common use.
 #pragma once
 
 #include <array>
@@ -43,7 +43,8 @@ constexpr std::int32_t FirstOfMarch(int year) noexcept {
     return at < kFirstsOfMarch.size() ? kFirstsOfMarch[at] : FirstOfMarchByFormula(year);
 }
 
-// Where a month starts: in days from 1 March, of the year before for January and February. The 13th is the next January.
+// Where a month starts: in days from 1 March, of the year before for January and February. The 13th is the next
+// January.
 struct MONTHSTART {
     std::int16_t yearStep;
     std::int16_t days;
@@ -51,8 +52,8 @@ struct MONTHSTART {
 inline constexpr MONTHSTART kMonthStarts[] = {{-1, 306}, {-1, 337}, {0, 0},   {0, 31},  {0, 61},  {0, 92}, {0, 122},
                                               {0, 153},  {0, 184},  {0, 214}, {0, 245}, {0, 275}, {0, 306}};
 
-/// The serial day of the fields; any 16-bit values are taken. As walking month by month would have it, a month before
-/// the first adds no days and a month after the last those of the whole year; days are just added.
+/// The serial day of the fields; any 16-bit values are taken. As in a walk from month to month, a month below 1 adds no
+/// days and a month above 12 adds those of the whole year; days are just added.
 constexpr std::int32_t FromFields(int day, int month, int year) noexcept {
     std::uint32_t at = static_cast<std::uint32_t>(month) - 1U;
     if (at > 11U) [[unlikely]] {  // one test for the rare case of both sides
@@ -62,7 +63,8 @@ constexpr std::int32_t FromFields(int day, int month, int year) noexcept {
     return FirstOfMarch(year + start.yearStep) + start.days + day - 1;
 }
 
-/// The date of a serial day that FromFields() gives for a year of 16 bits; for others no date, but no fault either.
+/// The date of a serial day that FromFields() gives for a year of 16 bits; for other numbers the fields have no
+/// meaning.
 constexpr FIELDS ToFields(std::int32_t serial) noexcept {
     const std::uint32_t n1 = 4 * (static_cast<std::uint32_t>(serial) + kDayShift) + 3;
     const std::uint32_t century = n1 / 146097;
@@ -85,7 +87,7 @@ inline constexpr std::int32_t kUnixEpoch = FromFields(1, 1, 1970);
 /// In a common year.
 inline constexpr signed char kDaysInMonth[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
-/// More than any two years of 16 bits are apart, though a month carries into another one.
+/// More than the distance of any two years of 16 bits, plus one that a month carries over.
 inline constexpr long kMostYears = 65538;
 
 /// The first and the last day whose year fits 16 bits.
