@@ -1,5 +1,6 @@
 #pragma once
 
+#include <MLCore/datetime/detail/DayMonthYear.h>
 #include <MLCore/datetime/detail/SerialDay.h>
 #include <MLCore/platform/Export.h>
 #include <MLCore/platform/ForwardTypes.h>
@@ -55,7 +56,9 @@ public:
 
     /// The null date.
     constexpr CDATE() noexcept = default;
-    /// Stores the fields as they are. The day comes first.
+    /// Stores the fields as they are. The day comes first: in a constant expression a day above 31 or a month above 12
+    /// does not compile, and neither does CDATE(2026, 4, 30) anywhere else, if the compiler optimizes and is g++ or
+    /// clang.
     constexpr CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept;
     /// Takes wDay, wMonth and wYear.
     explicit CDATE(const _SYSTEMTIME& time) noexcept;
@@ -243,7 +246,9 @@ private:
 static_assert(sizeof(CDATE) == 6 && alignof(CDATE) == 2);
 
 constexpr CDATE::CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept
-    : mDay(day), mMonth(month), mYear(year) {}
+    : mDay(day), mMonth(month), mYear(year) {
+    daymonthyear::Check(day, month, year);
+}
 
 constexpr int CDATE::IsDate() const noexcept {
     // The common year first: nearly all dates are in it.

@@ -1,3 +1,4 @@
+#include <MLCore/datetime/Chrono.h>
 #include <MLCore/datetime/Periods.h>
 #include <MLCore/platform/WinTypes.h>
 #include <gtest/gtest.h>
@@ -70,7 +71,7 @@ TEST(DateTest, YearsOfAllSixteenBits) {
 }
 
 // A day out of range counts on from the first of its month; a month out of range has no days of its own: those below
-// are January, those above stand behind the whole year.
+// are January, those above come after the whole year.
 TEST(DateTest, SerialDayOfNonsenseFields) {
     for (const int year : {-32768, -401, -400, -4, 1, 100, 1899, 1900, 1903, 1904, 2000, 2023, 2024, 2100, 32767}) {
         for (int month = -5; month <= 20; ++month) {
@@ -90,6 +91,22 @@ TEST(DateTest, SerialDayOfNonsenseFields) {
             }
         }
     }
+}
+
+// Fields out of range are stored as they are when the program runs, also those of a year in the first place.
+TEST(DateTest, AnyFieldsAreStored) {
+    volatile std::int16_t year = 2026;
+    const CDATE yearFirst(year, 4, 30);
+    EXPECT_EQ(yearFirst.GetDay(), 2026);
+    EXPECT_EQ(yearFirst.GetMonth(), 4);
+    EXPECT_EQ(yearFirst.GetYear(), 30);
+    EXPECT_FALSE(yearFirst.IsDate());
+    static const CDATE kStored(99, 99, 99);
+    EXPECT_EQ(kStored.GetMonth(), 99);
+    constexpr CDATE kLast(31, 12, 32767);
+    static_assert(CDATE(30, 2, 2026).IsDate() == 0 && kLast.IsDate() == 1);
+    using namespace std::chrono;
+    static_assert(FromYearMonthDay(year_month_day(2026y, month(13), day(200))).GetMonth() == 13);
 }
 
 TEST(DateTest, NamedAndSpecialDates) {
