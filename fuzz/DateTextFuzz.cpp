@@ -1,4 +1,4 @@
-// Texts of dates: what is read, against the plain rules of each form.
+// Texts of dates: each is read as the plain rules of its form say.
 #include <MLCore/datetime/CDATE.h>
 #include <support/CalendarArithmetic.h>
 
@@ -13,14 +13,14 @@ struct FORM {
     int (CDATE::*read)(const char*);
     int (*isDate)(const char*);
     std::string (CDATE::*write)() const;
-    int firstYear, lastYear;  // that its text tells
+    int firstYear, lastYear;  // that its text can hold
 };
 const FORM kForms[] = {{&CDATE::FromString, IsStrDate, &CDATE::ToString, 0, 9999},
                        {&CDATE::FromStringLong, IsStrLDate, &CDATE::ToStringLong, 0, 9999},
                        {&CDATE::FromStringShort, IsStrSDate, &CDATE::ToStringShort, 1951, 2050},
                        {&CDATE::FromStringXML, IsStrXMLDate, &CDATE::ToStringXML, 0, 32767}};
 
-/// What YYYY-MM-DD or YYYYMMDD, all of digits, tells; null for any other text.
+/// The date of YYYY-MM-DD or YYYYMMDD, all of digits; null for any other text.
 CDATE PlainDate(const std::string& text) {
     constexpr std::string_view kLayouts[] = {"yyyy-mm-dd", "yyyymmdd"};
     for (const std::string_view layout : kLayouts) {
@@ -40,7 +40,7 @@ CDATE PlainDate(const std::string& text) {
     return {};
 }
 
-/// What is read is a date, and comes back from its own text; what is not changes nothing.
+/// A text that is read gives a valid date, which comes back from its own text; any other text changes nothing.
 void Property(INPUT input) {
     const std::string bytes = input.Rest(), text = bytes.c_str();
     const CDATE before(7, 8, 1999), plain = PlainDate(text);

@@ -1,4 +1,4 @@
-// Texts of times and date-times: what is read, against the plain rules, and back.
+// Texts of times and date-times: each is read as the plain rules say, and comes back.
 #include <MLCore/datetime/CDATETIME.h>
 
 #include "Input.h"
@@ -8,7 +8,7 @@ namespace {
 using namespace MLCore;
 using namespace fuzz;
 
-/// What HH:MM:SS or HHMMSS tells, in seconds; -1 for any other text, 0 for none.
+/// The seconds of HH:MM:SS or HHMMSS; -1 for any other text, 0 for the empty one.
 long PlainTime(std::string text) {
     if (text.size() == 8 && text[2] == ':' && text[5] == ':')
         text.erase(5, 1).erase(2, 1);
@@ -20,7 +20,7 @@ long PlainTime(std::string text) {
     return h < 24 && m < 60 && s < 60 ? h * 3600 + m * 60 + s : -1;
 }
 
-/// What is read is a time, and comes back from its own text; what is not changes nothing.
+/// A text that is read gives a valid time, which comes back from its own text; any other text changes nothing.
 void Property(INPUT input) {
     const std::string bytes = input.Rest(), text = bytes.c_str();
     const CTIME before(1, 2, 3);

@@ -81,7 +81,7 @@ TEST(DateTextTest, WorkedTexts) {
 }
 
 // The form with dashes is tried first, then the long one and the short one, then these two without the separators, of
-// which each keeps the character behind it.
+// which each keeps the character after it.
 TEST(DateTextTest, RandomTextsAreReadInTheOrderOfTheForms) {
     support::RANDOM random(1904);
     const std::string alphabets[] = {"0123456789", "0123-/", "012-/ +a", "0123456789-/", "01239-/T:Z+. "};

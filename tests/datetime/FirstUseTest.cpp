@@ -22,7 +22,8 @@ struct SEEN {
 
 std::array<SEEN, kThreads> seenBy;
 
-// What is made at its first use is used for the first time before any test runs, by all threads at once.
+// Objects that are made at their first use are used for the first time before any test runs, by all threads
+// concurrently.
 class FIRSTUSE : public ::testing::Environment {
     void SetUp() override {
         std::latch start(kThreads);

@@ -17,8 +17,8 @@ CALENDAR Calendar(int firstDay, int rule) {
 }
 
 // Weeks are gone through one after the other. The year of a week is the year of one of its days: of the last when the
-// week with 1 January is week 1, of the fourth when most days decide, of the first when only full weeks count. The number
-// starts again with each year.
+// week with 1 January is week 1, of the fourth when most days decide, of the first when only full weeks count. The
+// number starts again with each year.
 TEST(WeekNumberTest, AllFirstDaysAndRules) {
     constexpr int kDeciding[] = {6, 3, 0};
     for (int i = 0; i < 21; ++i) {
@@ -71,7 +71,7 @@ TEST(WeekNumberTest, WorkedDates) {
         EXPECT_EQ(year * 100 + number, kWeeks[i]) << kDates[i / 3] << i;
     }
     EXPECT_EQ(FirstDateWeek(CDATE(6, 3, 2024)), CDATE(4, 3, 2024));
-    // What is no date, 31 February for 2 March, stays as it is on the first day of its week.
+    // Fields that are not a valid date, 31 February for 2 March, stay as they are on the first day of their week.
     EXPECT_EQ(FirstDateWeek({31, 2, 2024}, Calendar(CDATE::Saturday, 0)), CDATE(31, 2, 2024));
     EXPECT_EQ(LastDateWeek({31, 2, 2024}, Calendar(CDATE::Saturday, 0)), CDATE(8, 3, 2024));
     EXPECT_EQ(FirstDateWeek({31, 2, 2024}, Calendar(CDATE::Sunday, 0)), CDATE(25, 2, 2024));

@@ -108,7 +108,7 @@ TEST_F(DateTimeZoneTest, SkippedAndRepeatedTimesAndOldAndFarDates) {
         EXPECT_EQ(Utc(At(local)), At(utc)) << local;
         EXPECT_EQ(Local(At(utc)) == At(local), isThere) << local;
     }
-    // Where the year leaves its 16 bits there is no date; nowhere is there a failure.
+    // Where the year leaves its 16 bits the result is null; nothing fails.
     for (const CDATETIME& end : {CDATETIME({1, 1, -32768}, {}), CDATETIME({31, 12, 32767}, CTIME::Max()),
                                  CDATETIME({1, 1, 0}, {}), CDATETIME({31, 12, 1600}, CTIME::Max())}) {
         const CTIMESPAN shift(OffsetAt(mZone, ToSysSeconds(end)));
