@@ -1,10 +1,9 @@
 #include <MLCore/datetime/Periods.h>
 
+#include <MLCore/core/EnumTable.h>
 #include <MLCore/datetime/CCALENDARMANAGER.h>
 #include <MLCore/datetime/CCALENDARSTRATEGY.h>
 #include <MLCore/datetime/detail/BusinessDays.h>
-
-#include <iterator>
 
 namespace MLCore {
 
@@ -19,6 +18,7 @@ CDATETIME Start(const CDATE& date) noexcept { return {date, CTIME::Null()}; }
 CDATETIME End(const CDATE& date) noexcept { return {date, CTIME::Max()}; }
 
 struct PERIOD {
+    CDATE::eTypeEchelonnement type;
     CDATE (*first)(const CDATE&, CCALENDARSTRATEGY*);
     CDATE (*last)(const CDATE&, CCALENDARSTRATEGY*);
 };
@@ -31,17 +31,16 @@ CDATE WithoutCalendar(const CDATE& date, CCALENDARSTRATEGY*) {
     return Function(date);
 }
 
-// By CDATE::eTypeEchelonnement.
 constexpr PERIOD kPeriods[] = {
-    {SameDate, SameDate},
-    {FirstDateWeek, LastDateWeek},
-    {WithoutCalendar<FirstDateMonth>, WithoutCalendar<LastDateMonth>},
-    {WithoutCalendar<FirstDateBimestre>, WithoutCalendar<LastDateBimestre>},
-    {WithoutCalendar<FirstDateTrimestre>, WithoutCalendar<LastDateTrimestre>},
-    {WithoutCalendar<FirstDateSemestre>, WithoutCalendar<LastDateSemestre>},
-    {WithoutCalendar<FirstDateYear>, WithoutCalendar<LastDateYear>},
+    {CDATE::EchelonDay, SameDate, SameDate},
+    {CDATE::EchelonWeek, FirstDateWeek, LastDateWeek},
+    {CDATE::EchelonMonth, WithoutCalendar<FirstDateMonth>, WithoutCalendar<LastDateMonth>},
+    {CDATE::EchelonBimestre, WithoutCalendar<FirstDateBimestre>, WithoutCalendar<LastDateBimestre>},
+    {CDATE::EchelonTrimestre, WithoutCalendar<FirstDateTrimestre>, WithoutCalendar<LastDateTrimestre>},
+    {CDATE::EchelonSemestre, WithoutCalendar<FirstDateSemestre>, WithoutCalendar<LastDateSemestre>},
+    {CDATE::EchelonYear, WithoutCalendar<FirstDateYear>, WithoutCalendar<LastDateYear>},
 };
-static_assert(std::size(kPeriods) == CDATE::kEchelonCount);
+static_assert(IsIndexedBy(kPeriods, &PERIOD::type, CDATE::kEchelonCount));
 
 const PERIOD* FindPeriod(const CDATE& date, CDATE::eTypeEchelonnement type) noexcept {
     return date.IsDate() != 0 && type >= 0 && type < CDATE::kEchelonCount ? &kPeriods[type] : nullptr;
