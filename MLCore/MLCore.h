@@ -105,6 +105,7 @@
 #include <MLCore/streams/CSTREAMSAVER.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
 #include <MLCore/streams/CWRITER.h>
+#include <MLCore/streams/FIELDSCANNER.h>
 #include <MLCore/text/Blanks.h>
 #include <MLCore/text/CodePage1252.h>
 #include <MLCore/text/DecimalText.h>

@@ -10,7 +10,7 @@ CBUFFERSTREAM::CBUFFERSTREAM(unsigned long capacity) : CSTREAM(ReadWrite) { Bloc
 
 CBUFFERSTREAM::CBUFFERSTREAM(unsigned long size, const void* data) : CSTREAM(ReadWrite) {
     if (size != 0) {
-        FailNull(data);
+        Require(data != nullptr, kErrNull, "the ", size, " bytes to copy to a buffer stream are null");
         Block().SetSize(size);
         std::memcpy(Block().GetData(), data, size);
         mCursor = STREAMCURSOR(size);
@@ -25,7 +25,7 @@ void CBUFFERSTREAM::Open() {
 }
 
 const void* CBUFFERSTREAM::GetBuffer() const {
-    FailClosed(*this);
+    RequireReady("get the buffer");
     return Block().GetData();
 }
 

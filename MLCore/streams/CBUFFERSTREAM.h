@@ -5,28 +5,28 @@
 
 namespace MLCore {
 
-/// A stream over memory of its own that grows as it is written.
+/// A stream over memory that it owns and that grows as it is written.
 ///
 ///     CBUFFERSTREAM buffer;
 ///     buffer.Open();
 ///     buffer << 7L << "seven";
-///     buffer.Open();  // back at the first byte, to read what was written
+///     buffer.Open();  // back to the first byte, to read what was written
 class MLCORE_API CBUFFERSTREAM : public CGLOBALSTREAM {
 public:
-    /// Empty.
+    /// Makes an empty stream.
     CBUFFERSTREAM();
-    /// Empty, with memory taken for `capacity` bytes.
+    /// Makes an empty stream with memory for `capacity` bytes. Without memory it fails with kErrNull (-100).
     explicit CBUFFERSTREAM(unsigned long capacity);
-    /// Holds a copy of the `size` bytes at `data`; null fails with -100 unless `size` is 0.
+    /// Copies the `size` bytes at `data`. Fails with kErrNull for null, unless `size` is 0, and without memory.
     CBUFFERSTREAM(unsigned long size, const void* data);
     ~CBUFFERSTREAM() override;
 
     void Open() override;
 
-    /// The first byte; null while no memory is taken. Valid until the stream grows, or its size is set. Fails with 141
-    /// when the stream is closed.
+    /// The first byte; null while the stream has no memory. The pointer is valid until the stream grows or its size is
+    /// set. Fails with kErrStreamClosed (141) when the stream is closed.
     [[nodiscard]] const void* GetBuffer() const;
-    /// The size; 0 when closed.
+    /// The size in bytes; 0 when closed.
     [[nodiscard]] unsigned long long GetWritePosition() const;
 };
 

@@ -12,7 +12,7 @@ CCOUNTINGSTREAM::~CCOUNTINGSTREAM() = default;
 int CCOUNTINGSTREAM::IsEnd() const { return IsOpen() == 0 || mCursor.GetPosition() == mCursor.GetSize() ? 1 : 0; }
 
 long CCOUNTINGSTREAM::GetValue(COSTREAM& out) {
-    FailClosed(*this);
+    RequireReady("copy the stream");
     static constexpr char kZeros[1024] = {};
     unsigned long long total = 0;
     for (long step = 0; (step = mCursor.Available(sizeof(kZeros))) > 0;
@@ -24,7 +24,7 @@ long CCOUNTINGSTREAM::GetValue(COSTREAM& out) {
 }
 
 long CCOUNTINGSTREAM::GetValue(void*, long count) {
-    FailClosed(*this);
+    RequireReady("read");
     const long available = mCursor.Available(count);
     if (count > 0) {
         mCursor.MoveOn(count);
@@ -33,22 +33,21 @@ long CCOUNTINGSTREAM::GetValue(void*, long count) {
 }
 
 void CCOUNTINGSTREAM::SetValue(const void*, long count) {
-    FailClosed(*this);
+    RequireReady("write");
     if (count > 0) {
         mCursor.Advance(count);
     }
 }
 
 void CCOUNTINGSTREAM::OffsetPosition(long delta) {
-    FailClosed(*this);
-    if (delta < 0 && 0 - static_cast<unsigned long long>(delta) > mCursor.GetPosition()) {
-        FailOSErr(kErrStreamEnd);
-    }
+    RequireReady("move the position");
+    const bool isInside = delta >= 0 || 0 - static_cast<unsigned long long>(delta) <= mCursor.GetPosition();
+    Require(isInside, kErrStreamEnd, "cannot move by ", delta, " bytes from byte ", mCursor.GetPosition());
     mCursor.MoveOn(delta);
 }
 
 void CCOUNTINGSTREAM::SetSize(unsigned long long size) {
-    FailClosed(*this);
+    RequireReady("set the size");
     mCursor.SetSize(size);
 }
 

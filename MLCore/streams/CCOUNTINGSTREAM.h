@@ -5,12 +5,13 @@
 
 namespace MLCore {
 
-/// A stream that stores nothing and measures: write to it to learn how many bytes something takes.
+/// A stream that stores nothing and only counts. Write a value to it, and GetSize() says how many bytes the value
+/// takes.
 ///
-/// What is read leaves the destination as it was (texts become zero bytes), and a null buffer is as good as any. A read
-/// moves the position by all it asked for, deliberately, and so can pass the end; IsEnd() is 1 exactly at the end, so after
-/// such a read it stays 0 until the two meet again. Do not copy it through a decorator, which would read past the end for
-/// ever; its own GetValue(COSTREAM&) ends.
+/// A read leaves its destination unchanged (texts become zero bytes), and its buffer may be null. A read moves the
+/// position by the count that was asked for, deliberately, and so can pass the end. IsEnd() is 1 exactly at the end:
+/// after a read past the end it stays 0 until the position is set back. Do not copy the stream through a decorator,
+/// which would then read for ever; the stream's own GetValue(COSTREAM&) stops at the end.
 class MLCORE_API CCOUNTINGSTREAM : public CURSORSTREAM {
 public:
     CCOUNTINGSTREAM();
@@ -19,13 +20,13 @@ public:
     using COSTREAM::SetValue;
     using CURSORSTREAM::GetValue;
     [[nodiscard]] int IsEnd() const override;
-    /// Writes as many zero bytes as are left, and returns their number.
+    /// Writes a zero byte for each byte that is left, and returns their number.
     long GetValue(COSTREAM& out) override;
-    /// Returns how many of the `count` bytes lie before the end.
+    /// Moves the position by `count` and returns how many of these bytes lie before the end.
     long GetValue(void* buffer, long count) override;
     void SetValue(const void* buffer, long count) override;
 
-    /// May pass the end; fails with -110 before the first byte.
+    /// May pass the end. Fails with kErrStreamEnd (-110) for a position before the first byte.
     void OffsetPosition(long delta) override;
     void SetSize(unsigned long long size) override;
 };

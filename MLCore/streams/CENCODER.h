@@ -6,10 +6,10 @@
 
 namespace MLCore {
 
-/// How the text of a field stands in its file, for COSTREAMDECORATORFIELD and CISTREAMDECORATORFIELD.
+/// Converts the text of a field to its form in a file and back, for COSTREAMDECORATORFIELD and CISTREAMDECORATORFIELD.
 ///
-/// Line breaks that an encoder leaves in do not survive: they end the line. So do not separators, unless an odd number of
-/// double quotes stands before them in the encoded text.
+/// An encoded text must not contain line breaks: they end the line. Nor must it contain the separator, unless an odd
+/// number of double quotes stands before it in the encoded text: it ends the field.
 class MLCORE_API CENCODER {
 public:
     CENCODER() = default;
@@ -17,7 +17,9 @@ public:
     CENCODER& operator=(const CENCODER&) = default;
     virtual ~CENCODER();
 
+    /// The form of `text` in the file.
     virtual std::string Encode(const std::string& text) = 0;
+    /// The text of a field whose form in the file is `text`. That may be any text: files have errors.
     virtual std::string Decode(const std::string& text) = 0;
 };
 

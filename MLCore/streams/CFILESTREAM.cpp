@@ -1,6 +1,9 @@
 #include <MLCore/streams/CFILESTREAM.h>
 
+#include <MLCore/streams/detail/PATHTEXT.h>
+
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -9,10 +12,10 @@ namespace MLCore {
 
 namespace {
 
-/// The system's code for what its user has no right to do.
+/// The system's code for an operation that is not permitted.
 constexpr unsigned int kAccessDenied = 5;
 
-/// What is read at first where reading does not go on: most often little of it is wanted.
+/// How much is read where reading does not continue: most often little of it is wanted.
 constexpr std::size_t kFirstRead = 4096;
 
 unsigned int FileFlags(CSTREAM::OpenMode mode) noexcept {
@@ -35,7 +38,29 @@ unsigned int FileFlags(CSTREAM::OpenMode mode) noexcept {
 
 }  // namespace
 
-/// Whether a write at the position may wait in the buffer, with what waits there already.
+/// Throws the system's last error with its message. `operation`: "open", "write to".
+void CFILESTREAM::FailSystem(const char* operation) const {
+    const PATHTEXT path(mPath);
+    FailWithLastError("cannot ", operation, " ", path.lead, path.end);
+}
+
+/// Throws what the system would say of an operation that the open mode forbids.
+void CFILESTREAM::FailMode(const char* operation) const {
+    const PATHTEXT path(mPath);
+    char text[PATHTEXT::kMostShown + 100];
+    std::snprintf(text, sizeof(text), "cannot %s %s'%.*s': the stream was made for %s only", operation, path.lead,
+                  static_cast<int>(path.end.text.size()), path.end.text.data(),
+                  Has(ReadWrite) ? "appending" : "reading");
+    try {
+        throw FrameworkException(kAccessDenied, text);
+    } catch (const std::bad_alloc&) {
+        throw FrameworkException(kAccessDenied);
+    }
+}
+
+const char* CFILESTREAM::GetFailurePath() const noexcept { return mPath.c_str(); }
+
+/// Whether a write at the position may wait in the buffer, joined to the bytes that wait there already.
 inline bool CFILESTREAM::Takes(std::size_t count) const noexcept {
     const STREAMAREA& window = mCursor.GetArea();
     const unsigned long long at = mCursor.GetPosition() - window.start;  // wraps before the start
@@ -43,7 +68,8 @@ inline bool CFILESTREAM::Takes(std::size_t count) const noexcept {
     return at <= window.size && isJoined && count <= kBufferSize - at;
 }
 
-/// The most frequent writes are small, at the file's end, behind what waits already: they get the rest of the buffer.
+/// The most frequent writes are small, at the file's end, after the bytes that wait already: they get the rest of the
+/// buffer.
 inline void CFILESTREAM::LendRoom() noexcept {
     const unsigned long long start = mCursor.GetArea().start;
     mPending.isGrowing = IsLent() && mCursor.GetSize() == start + mPending.end;
@@ -60,13 +86,13 @@ inline void CFILESTREAM::TakeRoomBack() noexcept {
     }
 }
 
-/// Empties the buffer, of which nothing waits, for what begins at `start`.
+/// Empties the buffer, of which nothing waits, for the bytes that begin at `start`.
 void CFILESTREAM::Forget(unsigned long long start) noexcept {
     SetWindow(start, 0);
     mPending = {};
 }
 
-/// Drops what lies behind the file's new end.
+/// Drops the bytes after the file's new end.
 void CFILESTREAM::Cut(unsigned long long fileSize) noexcept {
     TakeRoomBack();
     const STREAMAREA& window = mCursor.GetArea();
@@ -77,30 +103,33 @@ void CFILESTREAM::Cut(unsigned long long fileSize) noexcept {
 }
 
 CFILESTREAM::CFILESTREAM(const char* path, OpenMode mode)
-    : CSTREAM(mode), CURSORSTREAM(mode), mPath((FailNull(path), path)), mMode(mode) {}
+    : CSTREAM(mode),
+      CURSORSTREAM(mode),
+      mPath((Require(path != nullptr, kErrNull, "the path of a file stream is null"), path)),
+      mMode(mode) {}
 
 CFILESTREAM::~CFILESTREAM() {
     try {
         CFILESTREAM::Close();
     } catch (...) {
-        // Whoever wants to know closes the stream before.
+        // A program that wants to know closes the stream before.
     }
 }
 
 void CFILESTREAM::Open() {
     if (IsOpen() == 0) {
         mBuffer.reset(new (std::nothrow) char[kBufferSize]);
-        FailNull(mBuffer.get());
+        Require(mBuffer != nullptr, kErrNull, "no memory for the ", kBufferSize, " bytes of a file's buffer");
         mFile = platform::FileOpen(mPath.c_str(), FileFlags(GetOpenMode()));
-        FailLastError(mFile != platform::kNoFile);
-        const std::int64_t size = platform::FileSize(mFile);
+        if (mFile == platform::kNoFile) {
+            FailSystem("open");
+        }
         try {
-            FailLastError(size >= 0);
+            mCursor.SetSize(AskSize());
         } catch (...) {
             Release();
             throw;
         }
-        mCursor.SetSize(static_cast<unsigned long long>(size));
     }
     CURSORSTREAM::Open();
     Lend(typeid(CFILESTREAM));
@@ -117,22 +146,24 @@ void CFILESTREAM::Close() {
         Release();
         throw;
     }
-    FailLastError(Release());
+    if (!Release()) {
+        FailSystem("close");
+    }
 }
 
 void CFILESTREAM::Flush() {
-    FailNotReady();
+    RequireReady("flush");
     WritePending();
 }
 
 long CFILESTREAM::GetValue(void* buffer, long count) {
-    FailNotReady();
-    FailNullBuffer(buffer, count);
+    RequireReady("read");
+    RequireBuffer(buffer, count, "read into");
     const long wanted = mCursor.Available(count);
     long done = 0;
     while (done < wanted) {
         const std::size_t some = ReadSome(static_cast<char*>(buffer) + done, static_cast<std::size_t>(wanted - done));
-        if (some == 0) {  // somebody else cut the file
+        if (some == 0) {  // another program cut the file
             Cut(mCursor.GetPosition());
             mCursor.SetSize(mCursor.GetPosition());
             break;
@@ -144,14 +175,14 @@ long CFILESTREAM::GetValue(void* buffer, long count) {
 }
 
 void CFILESTREAM::SetValue(const void* buffer, long count) {
-    FailNotReady();
-    FailNullBuffer(buffer, count);
+    RequireReady("write");
+    RequireBuffer(buffer, count, "write from");
     if (count <= 0 || mCursor.Put(buffer, static_cast<std::size_t>(count))) {
         return;
     }
     TakeRoomBack();
     if (!Has(ReadWrite)) {
-        FailOLEErr(kAccessDenied);
+        FailMode("write to");
     }
     if (Has(Append)) {
         mCursor.SetPositionFromEnd(0);
@@ -162,46 +193,61 @@ void CFILESTREAM::SetValue(const void* buffer, long count) {
         Forget(mCursor.GetPosition());
     }
     if (length > kBufferSize) {
-        const std::size_t written = WriteFile(mCursor.GetPosition(), buffer, length);
-        mCursor.Advance(static_cast<long>(written));
-        FailLastError(written == length);
-        FollowAppended();
-        return;
+        WriteThrough(buffer, length);
+    } else {
+        Keep(buffer, length);
     }
+}
+
+/// Writes what the buffer cannot hold. Nothing waits in it.
+void CFILESTREAM::WriteThrough(const void* buffer, std::size_t count) {
+    const std::size_t written = WriteFile(mCursor.GetPosition(), buffer, count);
+    mCursor.Advance(static_cast<long>(written));
+    if (written != count) {
+        FailSystem("write to");
+    }
+    FollowAppended();
+}
+
+/// Lets bytes that Takes() allows wait in the buffer.
+void CFILESTREAM::Keep(const void* buffer, std::size_t count) noexcept {
     const STREAMAREA& window = mCursor.GetArea();
     const std::size_t at = static_cast<std::size_t>(mCursor.GetPosition() - window.start);
-    std::memcpy(mBuffer.get() + at, buffer, length);
+    std::memcpy(mBuffer.get() + at, buffer, count);
     mPending.begin = mPending.IsEmpty() ? at : mPending.begin;
-    mPending.end = std::max(mPending.end, at + length);
-    SetWindow(window.start, std::max(window.size, at + length));
-    mCursor.Advance(count);
+    mPending.end = std::max(mPending.end, at + count);
+    SetWindow(window.start, std::max(window.size, at + count));
+    mCursor.Advance(static_cast<long>(count));
     LendRoom();
 }
 
 void CFILESTREAM::OffsetPosition(long delta) {
-    FailNotReady();
+    RequireReady("move the position");
     mCursor.OffsetFar(delta);
 }
 
 void CFILESTREAM::SetSize(unsigned long long size) {
-    FailNotReady();
+    RequireReady("set the size");
     if (!Has(ReadWrite) || Has(Append)) {
-        FailOLEErr(kAccessDenied);
+        FailMode("set the size of");
     }
-    // Not written before: cutting the file may be what makes room on a full disk.
-    FailLastError(platform::FileResize(mFile, size));
+    // The waiting bytes are not written first: cutting the file may be what makes room on a full disk.
+    if (!platform::FileResize(mFile, size)) {
+        FailSystem("set the size of");
+    }
     Cut(size);
     mCursor.SetSize(size);
 }
 
-/// Gives up the file and the buffer; false, with the last error set, when the system did not write all it had taken.
+/// Gives up the file and the buffer; false, with the last error set, when the system did not write all that it had
+/// accepted.
 bool CFILESTREAM::Release() noexcept {
     mBuffer.reset();
     Forget();
     return platform::FileClose(std::exchange(mFile, platform::kNoFile));
 }
 
-/// Reads at the position: what the buffer holds, or what the file gives at once; 0 at the file's end.
+/// Reads at the position what the buffer holds, or what the file gives in one read; returns 0 at the file's end.
 std::size_t CFILESTREAM::ReadSome(char* buffer, std::size_t count) {
     if (mCursor.Ahead().empty()) {
         WritePending();
@@ -221,9 +267,11 @@ std::size_t CFILESTREAM::ReadSome(char* buffer, std::size_t count) {
 }
 
 std::size_t CFILESTREAM::ReadFile(void* buffer, std::size_t count) {
-    FailLastError(platform::FileSeek(mFile, mCursor.GetPosition()));
-    const std::int64_t got = platform::FileRead(mFile, buffer, count);
-    FailLastError(got >= 0);
+    const std::int64_t got =
+        platform::FileSeek(mFile, mCursor.GetPosition()) ? platform::FileRead(mFile, buffer, count) : -1;
+    if (got < 0) {
+        FailSystem("read");
+    }
     return static_cast<std::size_t>(got);
 }
 
@@ -242,23 +290,32 @@ void CFILESTREAM::WritePending() {
     }
     mPending.begin += WriteFile(mCursor.GetArea().start + mPending.begin, mBuffer.get() + mPending.begin,
                                 mPending.end - mPending.begin);
-    FailLastError(mPending.IsEmpty());
+    if (!mPending.IsEmpty()) {
+        FailSystem("write to");
+    }
     FollowAppended();
 }
 
-/// Others may have appended before us: the file's end, and our bytes, lie further then.
+/// Others may have appended before us: then the file's end and our bytes lie further on.
 void CFILESTREAM::FollowAppended() {
     if (!Has(Append)) {
         return;
     }
     const bool isAtEnd = mCursor.IsAtEnd();
-    const std::int64_t size = platform::FileSize(mFile);
-    FailLastError(size >= 0);
+    const unsigned long long size = AskSize();
     Forget();
-    mCursor.SetSize(static_cast<unsigned long long>(size));
+    mCursor.SetSize(size);
     if (isAtEnd) {
         mCursor.SetPositionFromEnd(0);
     }
+}
+
+unsigned long long CFILESTREAM::AskSize() const {
+    const std::int64_t size = platform::FileSize(mFile);
+    if (size < 0) {
+        FailSystem("ask for the size of");
+    }
+    return static_cast<unsigned long long>(size);
 }
 
 }  // namespace MLCore

@@ -15,64 +15,67 @@ namespace MLCore {
 ///     CFILESTREAM report("report.csv", CSTREAM::ReadWrite | CSTREAM::Create | CSTREAM::Truncate);
 ///     report.Open();
 ///     report << "date;amount\n";
-///     report.Close();  // tells whether everything was written; the destructor would not
+///     report.Close();  // fails when something could not be written; the destructor would not
 ///
 /// The mode is Read, or ReadWrite with any of
-/// - Create: makes the file when it is missing; with Exclusive, fails when it is there;
+/// - Create: makes the file when it is missing; with Exclusive, fails when it exists;
 /// - Truncate: each Open() of the closed stream empties the file;
-/// - Append: writes go to the end, whatever the position, and move it there. The size cannot be set. What is written by one
-///   call and at most kBufferSize bytes long reaches the file in one piece, also between those of other processes.
+/// - Append: writes go to the end, whatever the position, and move the position there. The size cannot be set. The
+///   bytes of one call, up to kBufferSize, reach the file in one piece, also when other processes append to it.
 ///
-/// The system's failures come with its code (FailLastError): 2 (on Windows also 3) not found, 5 access denied, 32 in use by
-/// others, 80 exists already, 87 a mode whose flags do not go together, 112 disk full, 132 no file with positions (a pipe,
-/// a terminal), 223 too large for the system, 336 a folder. MLCore/platform/File.h tells what others may do with an open
-/// file.
+/// A failure of the system has the system's code and a text with the path and the system's reason: "cannot open
+/// 'x.csv': No such file or directory". The codes (FrameworkException::GetCode()) are 2 (on Windows also 3) not found,
+/// 5 access denied, 32 in use by another program, 80 exists already, 87 a mode whose flags contradict each other, 112
+/// disk full, 132 no file with positions (a pipe, a terminal), 223 too large for the system, 336 a folder.
+/// MLCore/platform/File.h describes what other programs may do with an open file.
 ///
-/// The size is asked for at Open() and then counted. What others append later is not seen; where others cut the file,
-/// reading comes short and the stream ends there.
+/// Open() asks the system for the size; then the stream counts. Bytes that another program appends later are not seen.
+/// Where another program cuts the file, reads return fewer bytes and the stream ends there.
 class MLCORE_API CFILESTREAM : public CURSORSTREAM {
 public:
-    /// \param path  copied; narrow text as in MLCore/platform/File.h. Null fails with -100.
+    /// \param path  copied; narrow text as in MLCore/platform/File.h. Null fails with kErrNull (-100).
     explicit CFILESTREAM(const char* path, OpenMode mode = Read);
     explicit CFILESTREAM(const std::string& path, OpenMode mode = Read) : CFILESTREAM(path.c_str(), mode) {}
-    /// Closes the stream; failures are lost.
+    /// Closes the stream. Failures are lost: call Close() first to see them.
     ~CFILESTREAM() override;
 
     [[nodiscard]] const std::string& GetPath() const noexcept { return mPath; }
 
-    /// Opens the file at its first byte; the stream stays closed on failure. An open stream only goes back to the first byte.
+    /// Opens the file at its first byte. After a failure the stream is closed. An open stream only goes back to the
+    /// first byte.
     void Open() override;
-    /// Writes what waits in the buffer and closes the file, also when that fails: what could not be written is lost then.
+    /// Writes the bytes that wait in the buffer and closes the file. When writing fails, the file is closed all the
+    /// same, and those bytes are lost.
     void Close() override;
-    /// Hands to the system what waits in the buffer. After a failure, the bytes that were not written wait on, and Flush()
-    /// may be tried again. Fails with 141 when the stream is closed.
+    /// Writes the bytes that wait in the buffer to the system. After a failure, those that were not written still wait,
+    /// and Flush() may be called again. Fails with kErrStreamClosed (141) when the stream is closed.
     void Flush();
 
     using COSTREAM::SetValue;
     using CURSORSTREAM::GetValue;
-    /// Writes what waits in the buffer first, if it must, and fails as Flush().
+    /// The raw read. If it needs the buffer, it first writes the bytes that wait there, and then fails as Flush() does.
     long GetValue(void* buffer, long count) override;
-    /// Overwrites from the position on, or extends. Fails with code 5 in the mode Read.
+    /// The raw write: overwrites from the position on, and extends the file. Fails with code 5 in the mode Read.
     ///
-    /// The bytes may wait in the buffer, so that a full disk shows in a later operation. After a failure GetPosition() tells
-    /// how far it came: bytes before it are written or wait in the buffer, those after it are not taken. Up to kBufferSize
-    /// bytes are taken all or none.
+    /// The bytes may wait in the buffer, so that a full disk is noticed in a later operation. After a failure
+    /// GetPosition() says how far the write came: bytes before it are written or wait in the buffer, bytes after it are
+    /// not taken. Up to kBufferSize bytes are taken as a whole or not at all.
     void SetValue(const void* buffer, long count) override;
 
-    /// Also beyond 2 GB.
+    /// Also moves beyond 2 GB.
     void OffsetPosition(long delta) override;
-    /// Cuts the file, or extends it with zeros that take no space where the system can do so. Fails with code 5 in the modes
-    /// Read and Append.
+    /// Cuts the file, or extends it with zeros, which take no space where the system supports that. Fails with code 5
+    /// in the modes Read and Append.
     void SetSize(unsigned long long size) override;
 
     static constexpr std::size_t kBufferSize = 64 * 1024;
 
 private:
-    /// What of the buffer is not yet written, as places in it. The buffer holds the part of the file that mCursor tells.
+    /// The bytes of the buffer that are not yet written, as places in it. The buffer holds mCursor's area of the file.
     struct PENDING {
         std::size_t begin = 0;
         std::size_t end = 0;
-        bool isGrowing = false;  // what lies behind the end, up to the file's, waits too
+        bool isGrowing = false;  // the bytes from `end` to the file's end wait too
         [[nodiscard]] bool IsEmpty() const noexcept { return begin == end; }
     };
 
@@ -86,6 +89,12 @@ private:
     void Cut(unsigned long long fileSize) noexcept;
     [[nodiscard]] bool Has(OpenMode flag) const { return ((IsLent() ? mMode : GetOpenMode()) & flag) != 0; }
     bool Release() noexcept;
+    [[nodiscard]] const char* GetFailurePath() const noexcept override;
+    [[noreturn]] void FailSystem(const char* operation) const;
+    [[noreturn]] void FailMode(const char* operation) const;
+    [[nodiscard]] unsigned long long AskSize() const;
+    void WriteThrough(const void* buffer, std::size_t count);
+    void Keep(const void* buffer, std::size_t count) noexcept;
     std::size_t ReadSome(char* buffer, std::size_t count);
     std::size_t ReadFile(void* buffer, std::size_t count);
     std::size_t WriteFile(unsigned long long position, const void* buffer, std::size_t count);

@@ -5,8 +5,8 @@
 
 namespace MLCore {
 
-/// A stream over a memory block that somebody else made or will take over (MLCore/platform/GlobalMemory.h). Its size is
-/// at first that of the block; closing trims the block to the size.
+/// A stream over a movable memory block (MLCore/platform/GlobalMemory.h) that another part of the program made or will
+/// take over. At first the stream has the size of the block. Closing the stream trims the block to the stream's size.
 ///
 ///     CHANDLESTREAM stream;
 ///     stream.Open();
@@ -15,24 +15,26 @@ namespace MLCore {
 ///     void* block = stream.Detach();  // 4 bytes, now the caller's
 class MLCORE_API CHANDLESTREAM : public CGLOBALSTREAM {
 public:
-    /// Without a block; the first write makes one, which the stream owns.
+    /// Makes a stream without a block. The first write makes a block, which the stream owns.
     CHANDLESTREAM();
-    /// Over the block `handle` (may be null). Its end frees the block only when `owns` is not 0. Growing may change the handle,
-    /// and SetSize(0) frees the block, also of one that is not owned: GetHandle() tells.
+    /// Makes a stream over the block `handle` (may be null). The destructor frees the block only when `owns` is not 0.
+    /// Writing may change the handle, and SetSize(0) frees the block, also one that the stream does not own: ask
+    /// GetHandle() afterwards.
     CHANDLESTREAM(void* handle, int owns);
-    /// Unlocks the block, and frees it when it is owned.
+    /// Unlocks the block, and frees it when the stream owns it.
     ~CHANDLESTREAM() override;
 
     void Open() override;
-    /// Unlocks the block and gives it exactly the size of the stream; when the system refuses, as it does for an empty stream,
-    /// the block keeps its capacity.
+    /// Unlocks the block and gives it exactly the size of the stream. Where the system refuses, as it does for an empty
+    /// stream, the block keeps its capacity.
     void Close() override;
 
-    /// The block, or null. Whoever owned it still does.
+    /// The block, or null. The owner stays the same.
     [[nodiscard]] void* GetHandle() const;
-    /// Hands the block to the caller, and leaves the stream without one. Null, and no change, while the stream is open.
+    /// Hands the block to the caller, who then owns it, and leaves the stream without one. While the stream is open,
+    /// returns null and changes nothing.
     [[nodiscard]] void* Detach();
-    /// The size; 0 when closed.
+    /// The size in bytes; 0 when closed.
     [[nodiscard]] unsigned long long GetWritePosition() const;
 };
 

@@ -9,6 +9,7 @@
 #include <MLCore/streams/detail/GLOBALBLOCK.h>
 #include <MLCore/streams/detail/OBJECTDEPTH.h>
 #include <MLCore/streams/detail/STREAMCURSOR.h>
+#include <MLCore/streams/detail/STREAMPLACE.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -21,20 +22,42 @@ namespace MLCore {
 namespace {
 
 constexpr long kCopyStep = 1024;
-/// What is taken at a time for data that is only announced: more when it has come.
+/// How much memory is taken for data that is only announced; more is taken when that much has come.
 constexpr long kStep = 16L << 20;
-/// Read without memory of its own.
+/// Texts up to this length are read to the stack.
 constexpr long kShortText = 255;
 constexpr unsigned long kLongestBlock = 0x7FFFFFFF;
+constexpr unsigned long long kUnknown = ~0ULL;
 
-/// How many bytes `stream` still holds, when it knows.
+/// How many bytes `stream` still holds; kUnknown when it does not know.
 unsigned long long BytesLeft(const CISTREAM& stream) {
     const auto* const random = dynamic_cast<const CRANDOMSTREAM*>(&stream);
     if (random == nullptr) {
-        return ~0ULL;
+        return kUnknown;
     }
     const unsigned long long position = random->GetPosition();
     return random->GetSize() - std::min(position, random->GetSize());
+}
+
+[[noreturn]] void FailBlock(const CISTREAM& stream, unsigned long size, unsigned long long left) {
+    const STREAMPLACE place("at", stream);
+    if (left == kUnknown || size > kLongestBlock) {
+        FailWith(kErrStreamEnd, "a memory block of ", size, " bytes", place.GetText(), ": wanted at most ",
+                 kLongestBlock);
+    }
+    FailWith(kErrStreamEnd, "a memory block of ", size, " bytes", place.GetText(), ", where the stream has ", left,
+             " bytes left");
+}
+
+CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> CreateObject(const std::string& identifier) {
+    // The factory would see only the characters before a zero byte.
+    Require(identifier.find('\0') == std::string::npos, kErrUnknownClass, "the class identifier ", Quoted(identifier),
+            " has a zero byte");
+    const CSHAREOBJECTPTR<COBJECT> created =
+        COBJECTFACTORY::GetInstance()->CreateObjectFromIdentifier(identifier.c_str());
+    CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> object(dynamic_cast<CSERIALIZABLEOBJECT*>(created.Get()));
+    Require(object != nullptr, kErrUnknownClass, "the class ", Quoted(identifier), " is not a CSERIALIZABLEOBJECT");
+    return object;
 }
 
 }  // namespace
@@ -54,9 +77,19 @@ long CISTREAM::GetValue(COSTREAM& out) {
     return static_cast<long>(std::min<unsigned long long>(total, std::numeric_limits<long>::max()));
 }
 
+void CISTREAM::FailEnd(long wanted, long came) const {
+    const STREAMPLACE place("at", *this);
+    FailWith(kErrStreamEnd, wanted, " bytes wanted, and the stream ended after ", came, " of them", place.GetText());
+}
+
+void CISTREAM::FailLength(long length) const {
+    FailWith(kErrStreamEnd, "cannot read a text of ", length, " characters: wanted a length from 0");
+}
+
 void CISTREAM::ReadExactly(void* buffer, long count) {
-    if (GetValue(buffer, count) != count) {
-        FailOSErr(kErrStreamEnd);
+    const long came = GetValue(buffer, count);
+    if (came != count) {
+        FailEnd(count, came);
     }
 }
 
@@ -72,10 +105,11 @@ void CISTREAM::ReadPlain(Value& value) {
 void CISTREAM::GetValue(void*& handle) {
     unsigned long size = 0;
     GetValue(size);
-    if (size > kLongestBlock || size > BytesLeft(*this)) {
-        FailOSErr(kErrStreamEnd);
+    const unsigned long long left = BytesLeft(*this);
+    if (size > std::min<unsigned long long>(left, kLongestBlock)) {
+        FailBlock(*this, size, left);
     }
-    const bool isSizeSure = BytesLeft(*this) != ~0ULL;
+    const bool isSizeSure = left != kUnknown;
     GLOBALBLOCK block;
     const long total = static_cast<long>(size);
     for (long done = 0; done < total;) {
@@ -100,7 +134,7 @@ void CISTREAM::GetValue(CDATE& value) { ReadPlain(value); }
 
 void CISTREAM::GetValue(double& value) { ReadPlain(value); }
 
-// Through 32 bits, which keep what was there where a stream stores less, or nothing.
+// Through 32 bits, which keep the old value where a stream stores fewer bytes, or none.
 template <class Stored, class Value>
 void CISTREAM::ReadWidened(Value& value) {
     Stored stored = static_cast<Stored>(value);
@@ -112,7 +146,7 @@ void CISTREAM::ReadWidened(Value& value) {
     const long count = GetValue(&stored, long{sizeof(stored)});
     value = static_cast<Value>(stored);
     if (count != long{sizeof(stored)}) {
-        FailOSErr(kErrStreamEnd);
+        FailEnd(sizeof(stored), count);
     }
 }
 
@@ -126,7 +160,7 @@ void CISTREAM::GetValue(short& value) { ReadPlain(value); }
 
 void CISTREAM::GetValue(std::string& value, long length) {
     if (length < 0) {
-        return FailOSErr(kErrStreamEnd);
+        FailLength(length);
     }
     const std::size_t count = static_cast<std::size_t>(length);
     if (mLent != nullptr && count != 0 && count <= mLent->Ahead().size()) {
@@ -152,9 +186,9 @@ void CISTREAM::GetValue(std::string& value, long length) {
 
 void CISTREAM::GetValue(char* buffer, long length) {
     if (length < 0) {
-        return FailOSErr(kErrStreamEnd);
+        FailLength(length);
     }
-    FailNull(buffer);
+    Require(buffer != nullptr, kErrNull, "the buffer for a text of ", length, " characters is null");
     ReadExactly(buffer, length);
     buffer[length] = '\0';
 }
@@ -169,17 +203,14 @@ CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> CISTREAM::GetObject() {
     if (length == 0) {
         return nullptr;
     }
+    if (length < 0) {
+        const STREAMPLACE place("before", *this);
+        FailWith(kErrStreamEnd, "a class identifier of ", length, " characters", place.GetText(),
+                 ": wanted a length from 0");
+    }
     std::string identifier;
     GetValue(identifier, length);
-    if (identifier.find('\0') != std::string::npos) {
-        FailOSErr(kErrUnknownClass);  // the factory would see only what comes before
-    }
-    const CSHAREOBJECTPTR<COBJECT> created =
-        COBJECTFACTORY::GetInstance()->CreateObjectFromIdentifier(identifier.c_str());
-    const CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> object(dynamic_cast<CSERIALIZABLEOBJECT*>(created.Get()));
-    if (!object) {
-        FailOSErr(kErrUnknownClass);
-    }
+    const CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> object = CreateObject(identifier);
     const OBJECTDEPTH depth(mObjectDepth);
     GetValue(static_cast<CSERIALIZABLE&>(*object));
     return object;

@@ -21,29 +21,31 @@ class STREAMCURSOR;
 
 /// A stream of bytes to read from.
 ///
-/// A concrete stream defines the raw read, IsEnd(), Skip() and Rewind(); the typed reads are built on the raw read and
-/// take values in the form that COSTREAM writes (docs/formats/streams.md). A typed read that meets the end too early fails
-/// with -110: the position stays where the raw read left it, the destination holds the bytes that came. Every failure of
-/// the raw read passes through.
+/// A concrete stream defines the raw read, IsEnd(), Skip() and Rewind(). The typed reads are built on the raw read and
+/// read values in the form that COSTREAM writes (docs/formats/streams.md). A typed read that comes to the end too early
+/// fails with kErrStreamEnd (-110): the position stays where the raw read left it, and the destination holds the bytes
+/// that were read. The text of the failure says how many bytes were wanted, how many there were, and where, when the
+/// stream has a position. Every failure of the raw read is passed on.
 ///
-/// A class that overrides one GetValue() hides the others: it repeats `using CISTREAM::GetValue;`.
+/// A class that overrides one GetValue() hides the others: it must repeat `using CISTREAM::GetValue;`.
 class MLCORE_API CISTREAM : public virtual CSTREAM {
 public:
     ~CISTREAM() override;
 
-    /// 1 once no more bytes can be read.
+    /// 1 when no more bytes can be read.
     [[nodiscard]] virtual int IsEnd() const = 0;
     /// Copies the rest of this stream to `out`, in reads of 1024 bytes, and returns the number of bytes, or the largest
     /// long when there are more.
     virtual long GetValue(COSTREAM& out);
-    /// The raw read: up to `count` bytes into `buffer` (null: -100). Returns how many came, fewer only at the end; 0 when
-    /// `count` is not positive.
+    /// The raw read: reads up to `count` bytes into `buffer`. Returns how many were read, fewer only at the end; 0 when
+    /// `count` is not positive. A null buffer fails with kErrNull (-100).
     virtual long GetValue(void* buffer, long count) = 0;
-    /// Reads a memory block. The caller owns the handle (GlobalFree; MLCore/platform/GlobalMemory.h); null for a block
-    /// of no bytes. A size above 2^31-1, or beyond the end of a stream that knows its size, fails with -110 before memory
-    /// is taken; a stream that does not know it is read in steps. Without memory: -100. `handle` is set on success only.
+    /// Reads a memory block. The caller then owns the handle (GlobalFree; MLCore/platform/GlobalMemory.h), which is
+    /// null for a block of no bytes. A size above 2^31-1, or beyond the end of a stream that knows its size, fails with
+    /// kErrStreamEnd before memory is taken. A stream that does not know its size is read in steps. Without memory it
+    /// fails with kErrNull. `handle` is set on success only.
     virtual void GetValue(void*& handle);
-    /// Has `object` read its state from this stream.
+    /// Lets `object` read its state from this stream.
     virtual void GetValue(CSERIALIZABLE& object);
     virtual void GetValue(CDATETIME& value);
     virtual void GetValue(CTIME& value);
@@ -53,29 +55,30 @@ public:
     virtual void GetValue(unsigned short& value);
     virtual void GetValue(long& value);  ///< 4 bytes, sign-extended
     virtual void GetValue(short& value);
-    /// Reads exactly `length` bytes, zero bytes included. A negative length fails with -110, as a short read does;
-    /// `value` is then unchanged.
+    /// Reads exactly `length` bytes, zero bytes included. A negative length fails with kErrStreamEnd, as a short read
+    /// does; then `value` is unchanged.
     virtual void GetValue(std::string& value, long length);
-    /// Reads exactly `length` bytes and terminates them: `buffer` has room for `length` + 1. A negative length fails
-    /// with -110, null with -100.
+    /// Reads exactly `length` bytes and terminates them: `buffer` must have room for `length` + 1. A negative length
+    /// fails with kErrStreamEnd, null with kErrNull.
     virtual void GetValue(char* buffer, long length);
     virtual void GetValue(char& value);
     virtual void GetValueBOOL(int& value);  ///< 4 bytes
-    /// Reads an object that COSTREAM::SetObject() wrote; null for a null object. Fails with 123 when the factory has no
-    /// class of that identifier, or one that is not a CSERIALIZABLEOBJECT; with -110 for a negative length of the name;
-    /// with 138 when objects are nested in each other more than kMaxObjectDepth deep.
+    /// Reads an object that COSTREAM::SetObject() wrote; returns null for a null object. Fails with kErrUnknownClass
+    /// (123) when the factory has no class of that identifier, or one that is not a CSERIALIZABLEOBJECT; with
+    /// kErrStreamEnd for a negative length of the identifier; with kErrValueType (138) when objects are nested in each
+    /// other more than kMaxObjectDepth deep.
     [[nodiscard]] virtual CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObject();
-    /// Lines exist in text only (CISTREAMDECORATORTEXT): here, at the end of the stream, and the next two do nothing.
+    /// Only texts have lines (CISTREAMDECORATORTEXT). Here this returns IsEnd(), and the next two do nothing.
     [[nodiscard]] virtual int IsEndOfLine() const;
     virtual void ReadLine(std::string& line);
     virtual void GetNextLine();
-    /// Moves the position by `count` bytes, backwards when negative, as far as the stream can.
+    /// Moves the position by `count` bytes, backwards when `count` is negative, where the stream supports that.
     virtual void Skip(long count) = 0;
-    /// Back to the first byte.
+    /// Goes back to the first byte.
     virtual void Rewind() = 0;
 
-    /// How deep objects may be nested that have further objects in their own state. What is nested deeper is neither read nor
-    /// written: 138.
+    /// How deep objects may be nested whose states hold further objects. Deeper ones are neither read nor written:
+    /// kErrValueType.
     static constexpr short kMaxObjectDepth = 256;
 
     CISTREAM& operator>>(char& value) { return Extract(value); }
@@ -92,7 +95,8 @@ public:
     CISTREAM& operator>>(COSTREAM& out) { return Extract(out); }
 
 #ifdef _WIN32
-    // What a call becomes in a client that includes <windows.h> after this header. Who overrides it takes the macro away first.
+    // What a call becomes in a client that includes <windows.h> after this header. A client that overrides it undefines
+    // the macro first.
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectA() { return GetObject(); }
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectW() { return GetObject(); }
 #endif
@@ -107,6 +111,8 @@ private:
         return *this;
     }
     void ReadExactly(void* buffer, long count);
+    [[noreturn]] void FailEnd(long wanted, long came) const;
+    [[noreturn]] void FailLength(long length) const;
     template <class Value>
     void ReadPlain(Value& value);
     template <class Stored, class Value>
@@ -114,7 +120,7 @@ private:
 
     friend class CURSORSTREAM;
     friend class CISTREAMDECORATORTEXT;
-    STREAMCURSOR* mLent = nullptr;  // typed reads are done in its memory, as far as that goes
+    STREAMCURSOR* mLent = nullptr;  // typed reads use its memory where the bytes lie there
     short mObjectDepth = 0;
 };
 

@@ -9,15 +9,17 @@
 
 namespace MLCore {
 
-/// A stream that wraps another, its component, and hands every operation on to it. Concrete decorators override some of
-/// them; decorators stack to any depth. The component is not owned and outlives the decorator; open and closed is the
-/// component's state.
+/// A stream that wraps another stream, its component, and forwards every operation to it. Concrete decorators override
+/// some of the operations. Decorators stack to any depth. The component is not owned and must outlive the decorator.
+/// Whether a decorator is open is the state of its component.
 ///
-/// Memory blocks, objects and object states therefore go to the component in its own form, whatever a decorator makes of
-/// single values. Copying to an output stream, though, is CISTREAM's, through the decorator's own IsEnd() and raw read.
+/// Memory blocks, objects and object states are therefore read in the component's own form, whatever a decorator makes
+/// of single values. One operation is not forwarded: GetValue(COSTREAM&) copies through the decorator's own IsEnd() and
+/// raw read.
 class MLCORE_API CISTREAMDECORATOR : public CISTREAM {
 public:
-    /// A component of the decorator's own class is passed as a CISTREAM&; as itself it would ask for a copy, which is refused.
+    /// Wraps `component`. Pass a component of the decorator's own class as a CISTREAM&: otherwise the compiler takes it
+    /// for a copy, which a stream refuses.
     explicit CISTREAMDECORATOR(CISTREAM& component);
     ~CISTREAMDECORATOR() override;
 
@@ -53,6 +55,8 @@ protected:
     [[nodiscard]] CISTREAM& GetComponent() const noexcept { return mComponent; }
 
 private:
+    friend class STREAMPLACE;
+
     CISTREAM& mComponent;
 };
 

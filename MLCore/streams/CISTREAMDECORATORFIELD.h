@@ -7,7 +7,8 @@ namespace MLCore {
 
 class CENCODER;
 
-/// Reads lines of fields, as COSTREAMDECORATORFIELD writes them: a typed read, and a read of a text, takes one field.
+/// Reads lines of fields, as COSTREAMDECORATORFIELD writes them. Each typed read and each read of a text takes one
+/// field.
 ///
 ///     CCSVENCODER encoder;
 ///     CISTREAMDECORATORFIELD fields(file, ';', encoder);
@@ -18,28 +19,30 @@ class CENCODER;
 ///         fields.GetNextLine();
 ///     }
 ///
-/// That finds the last field of a line also when it is empty ("a;b;" has three), and one empty field in an empty line. Only
-/// a last line that ends behind a separator, without a line end, is a field short: its end looks the same.
+/// This loop also finds a last field that is empty ("a;b;" has three fields), and one empty field in an empty line.
+/// Only in a last line that ends with a separator, and without a line end, it misses the empty field: there it cannot
+/// see that one follows.
 ///
-/// A separator behind an odd number of double quotes is data, but a line end is none: it cuts the field, and a quote that is
-/// never closed takes in the rest of its line. Field reads at the end of a line give "" until GetNextLine(). ReadLine() gives
-/// the rest of the line as it stands, separators and all.
+/// The fields end by the rules of FIELDSCANNER. A separator after an odd number of double quotes is data. A line end is
+/// never data: it ends the field, so a quote that is not closed takes the rest of its line. At the end of a line, field
+/// reads give "" until GetNextLine(). ReadLine() gives the rest of the line unchanged, with separators and quotes.
 ///
-/// The encoder is not owned and outlives the decorator.
+/// The encoder is not owned and must outlive the decorator.
 class MLCORE_API CISTREAMDECORATORFIELD : public CISTREAMDECORATORTEXT {
 public:
+    /// Reads fields from `component` that `separator` separates and `encoder` decodes.
     CISTREAMDECORATORFIELD(CISTREAM& component, char separator, CENCODER& encoder);
     ~CISTREAMDECORATORFIELD() override;
 
-    /// The next field, decoded; "" when there is none. Of a field of `maxLength` characters or more before decoding, that
-    /// many are taken: what is left, be it only the separator, is read as a field of its own. Fails with -110 for a
-    /// negative length.
+    /// Reads the next field and decodes it; gives "" when there is none. Of a field that has `maxLength` characters or
+    /// more before decoding, that many are read. The rest, even if it is only the separator, is then read as a field of
+    /// its own. Fails with kErrStreamEnd (-110) for a negative length.
     void ReadNextValue(std::string& value, long maxLength);
 
     using CISTREAMDECORATORTEXT::GetValue;
     void GetValue(std::string& value, long length) override;  ///< ReadNextValue()
-    /// The first character of the next field, which is taken whole up to 32767 characters; 0 of an empty field.
-    /// Fails with -110 at the end.
+    /// Reads the next field, up to 32767 characters, and gives its first character; 0 for an empty field. Fails with
+    /// kErrStreamEnd at the end of the stream.
     void GetValue(char& value) override;
 
 private:

@@ -2,17 +2,14 @@
 
 #include <MLCore/core/ErrorCodes.h>
 #include <MLCore/core/FailureChecks.h>
-#include <MLCore/streams/CISTREAMDECORATORFIELD.h>
-#include <MLCore/streams/detail/OwnClass.h>
 #include <MLCore/streams/detail/STREAMCURSOR.h>
-#include <MLCore/streams/detail/SpecialCharacters.h>
+#include <MLCore/streams/detail/STREAMPLACE.h>
 #include <MLCore/text/Blanks.h>
 #include <MLCore/text/DecimalText.h>
 #include <MLCore/text/DoubleText.h>
 
 #include <algorithm>
 #include <limits>
-#include <string_view>
 #include <utility>
 
 namespace MLCore {
@@ -20,7 +17,11 @@ namespace MLCore {
 namespace {
 
 constexpr long kLongestToken = 32767;
-constexpr char kQuote = '"';
+/// How much of a line is skipped at a time: it may lie in no memory yet.
+constexpr std::size_t kSkippedStep = 4096;
+constexpr unsigned long long kUnknown = ~0ULL;
+/// For the scanner: a separator that never separates.
+constexpr char kNoSeparator = '\n';
 
 std::string_view Trim(std::string_view text) {
     const std::size_t first = text.find_first_not_of(kBlanks);
@@ -30,13 +31,23 @@ std::string_view Trim(std::string_view text) {
 
 }  // namespace
 
+/// What the failures of a typed read say was wanted: the range is that of a whole number.
+struct CISTREAMDECORATORTEXT::WANTED {
+    const char* noun;
+    long long lowest = 0;
+    long long highest = 0;
+};
+
 CISTREAMDECORATORTEXT::CISTREAMDECORATORTEXT(CISTREAM& component)
-    : CSTREAM(component.GetOpenMode()), CISTREAMDECORATOR(component) {}
+    : CISTREAMDECORATORTEXT(component, typeid(CISTREAMDECORATORTEXT)) {}
+
+CISTREAMDECORATORTEXT::CISTREAMDECORATORTEXT(CISTREAM& component, const std::type_info& own)
+    : CSTREAM(component.GetOpenMode()), CISTREAMDECORATOR(component), mOwn(&own) {}
 
 CISTREAMDECORATORTEXT::~CISTREAMDECORATORTEXT() = default;
 
 long CISTREAMDECORATORTEXT::GetValue(void* buffer, long count) {
-    FailNullBuffer(buffer, count);
+    RequireBuffer(buffer, count, "read into");
     char* const text = static_cast<char*>(buffer);
     long total = 0;
     long read = 0;
@@ -49,116 +60,118 @@ long CISTREAMDECORATORTEXT::GetValue(void* buffer, long count) {
     return total;
 }
 
-inline std::string_view CISTREAMDECORATORTEXT::BytesAhead() const noexcept {
-    // A derived class may say where lines and the text end, and is asked often.
-    const bool isOwn = IsOfClass<CISTREAMDECORATORTEXT, CISTREAMDECORATORFIELD>(*this);
-    const STREAMCURSOR* const lent = isOwn ? GetComponent().mLent : nullptr;
-    return lent != nullptr ? lent->Ahead().substr(0, std::numeric_limits<long>::max()) : std::string_view();
+long CISTREAMDECORATORTEXT::GetValue(COSTREAM& out) { return CISTREAM::GetValue(out); }
+
+/// The component's memory, where lines can be looked for without a call for each character; null where a derived class
+/// may say where lines and the text end.
+inline STREAMCURSOR* CISTREAMDECORATORTEXT::GetLent() const noexcept {
+    // Addresses are enough: a false "no" from another module's description takes the longer way.
+    return &typeid(*this) == mOwn ? GetComponent().mLent : nullptr;
 }
 
-void CISTREAMDECORATORTEXT::ReadCharacters(std::string* text, std::size_t limit, const char* separator) {
-    if (IsEnd() != 0) {
-        char none = '\0';
-        GetComponent().GetValue(static_cast<void*>(&none), 0L);  // a closed component has a failure of its own
+inline FIELDSCANNER::PIECE CISTREAMDECORATORTEXT::TakeAhead(STREAMCURSOR& lent, FIELDSCANNER& scanner,
+                                                            std::size_t limit) noexcept {
+    const FIELDSCANNER::PIECE piece = scanner.Next(lent.Ahead().substr(0, limit));
+    lent.Pass(piece.taken);
+    if (piece.end == FIELDSCANNER::END::Line) {
+        mIsEndOfLine = 1;
     }
-    const int stop = separator != nullptr ? static_cast<unsigned char>(*separator) : -1;
-    bool isQuoted = false;
-    bool isComplete = limit == 0;
-    while (!isComplete && IsEnd() == 0 && IsEndOfLine() == 0) {
+    return piece;
+}
+
+std::string_view CISTREAMDECORATORTEXT::ReadCharacters(char separator, std::size_t limit, bool& hasQuotes) {
+    FIELDSCANNER scanner(separator);
+    std::string_view text;
+    if (STREAMCURSOR* const lent = mIsEndOfLine == 0 ? GetLent() : nullptr) {
+        const FIELDSCANNER::PIECE piece = TakeAhead(*lent, scanner, limit);
+        text = piece.text;
+        if (piece.end != FIELDSCANNER::END::None) {
+            hasQuotes = piece.hasQuotes;
+            return text;
+        }
+    }
+    hasQuotes = true;  // perhaps
+    return ReadRest(scanner, limit, text);
+}
+
+/// Reads on to the end of the field or line that begins with `text`.
+std::string_view CISTREAMDECORATORTEXT::ReadRest(FIELDSCANNER scanner, std::size_t limit, std::string_view text) {
+    mBuffer = text;
+    int isEnd = IsEnd();
+    if (isEnd != 0) {
+        RequireOpen();
+    }
+    for (FIELDSCANNER::PIECE piece; isEnd == 0 && mBuffer.size() < limit && IsEndOfLine() == 0; isEnd = IsEnd()) {
         char one = '\0';
-        std::string_view bytes = BytesAhead();
-        const bool isLent = !bytes.empty();
-        if (!isLent) {
-            bytes = std::string_view(&one, GetValue(static_cast<void*>(&one), 1L) > 0 ? 1 : 0);
+        STREAMCURSOR* const lent = GetLent();
+        if (lent != nullptr && !lent->Ahead().empty()) {
+            piece = TakeAhead(*lent, scanner, limit - mBuffer.size());
+        } else if (GetValue(static_cast<void*>(&one), 1L) > 0) {
+            piece = scanner.Next(std::string_view(&one, 1));
+            mIsEndOfLine |= piece.end == FIELDSCANNER::END::Line ? 1 : 0;
+        } else {
+            break;
         }
-        std::size_t at = 0;
-        std::size_t run = 0;  // where what is kept begins
-        const auto keep = [&](std::size_t end) {
-            if (text != nullptr) {
-                text->append(bytes, run, end - run);
-            }
-            run = at;
-        };
-        while (at != bytes.size() && !isComplete) {
-            const char character = bytes[at++];
-            isQuoted ^= character == kQuote;
-            if (IsEOLChar(character) != 0) {
-                keep(at - 1);
-                mIsEndOfLine = IsEOL(character);
-                isComplete = mIsEndOfLine != 0;
-            } else if (static_cast<unsigned char>(character) == stop && !isQuoted) {
-                keep(at - 1);
-                isComplete = true;
-            } else {
-                isComplete = --limit == 0;
-            }
-        }
-        keep(at);
-        if (isLent) {
-            GetComponent().mLent->MoveOn(static_cast<long>(at));
-        }
-        isComplete = isComplete || bytes.empty();
-    }
-}
-
-bool CISTREAMDECORATORTEXT::TakeAhead(std::string_view& text, std::size_t limit, const char* separator,
-                                      bool& hasQuotes) {
-    const std::string_view bytes = BytesAhead().substr(0, limit);
-    const char* const end = bytes.data() + bytes.size();
-    const char* at = bytes.data();
-    const char stop = separator != nullptr ? *separator : '\n';
-    bool isQuoted = false;
-    for (; (at = FindSpecial(at, end, stop)) != end; ++at) {
-        if (*at == kQuote) {
-            isQuoted = !isQuoted;
-            hasQuotes = true;
-        }
-        if (IsEOLChar(*at) != 0 || (*at == stop && !isQuoted)) {
+        mBuffer += piece.text;
+        if (piece.end != FIELDSCANNER::END::None) {
             break;
         }
     }
-    // A CR elsewhere than at the line end is to be dropped.
-    const char* const last = at != end && *at == '\r' ? at + 1 : at;
-    if (last == end || (last != at && IsEOL(*last) == 0)) {
-        return false;
-    }
-    if (mIsEndOfLine != 0) {
-        return false;
-    }
-    text = std::string_view(bytes.data(), static_cast<std::size_t>(at - bytes.data()));
-    mIsEndOfLine = IsEOL(*last);
-    GetComponent().mLent->MoveOn(static_cast<long>(last + 1 - bytes.data()));
-    return true;
+    return mBuffer;
 }
 
-std::string CISTREAMDECORATORTEXT::ReadToken() {
+/// A closed component is at its end, and has a failure that says more.
+void CISTREAMDECORATORTEXT::RequireOpen() {
+    char none = '\0';
+    GetComponent().GetValue(static_cast<void*>(&none), 0L);
+}
+
+std::string CISTREAMDECORATORTEXT::ReadToken(const char* wanted) {
     if (mIsEndOfLine == 0 && IsEnd() != 0) {
-        char none = '\0';
-        GetValue(static_cast<void*>(&none), 1L);  // a closed component has a failure of its own
-        FailOSErr(kErrStreamEnd);
+        FailEnd(wanted);
     }
     std::string token;
     GetValue(token, kLongestToken);
     return token;
 }
 
-// The one way from text to a value: `parse` answers 0 for what is not wholly a value.
+void CISTREAMDECORATORTEXT::FailEnd(const char* wanted) {
+    char none = '\0';
+    GetValue(static_cast<void*>(&none), 1L);  // a closed component has a failure of its own
+    FailWith(kErrStreamEnd, "the text has ended", STREAMPLACE("at", *this).GetText(), ": wanted ", wanted);
+}
+
+void CISTREAMDECORATORTEXT::FailText(std::string_view text, const WANTED& wanted, unsigned long long start) const {
+    const STREAMCURSOR* const lent = GetComponent().mLent;
+    const STREAMPLACE place =
+        lent != nullptr && start != kUnknown ? STREAMPLACE(*lent, start) : STREAMPLACE("before", *this);
+    if (wanted.highest == 0) {
+        FailWith(kErrValueType, Quoted(text), " is not ", wanted.noun, place.GetText());
+    }
+    FailWith(kErrValueType, Quoted(text), " is not ", wanted.noun, " from ", wanted.lowest, " to ", wanted.highest,
+             place.GetText());
+}
+
+// The one way from text to a value: `parse` returns 0 for a text that is not wholly a value.
 template <class Value, class Parse>
-void CISTREAMDECORATORTEXT::ReadParsed(Value& value, Parse parse) {
-    const std::string token = ReadToken();
+void CISTREAMDECORATORTEXT::ReadParsed(Value& value, const WANTED& wanted, Parse parse) {
+    const STREAMCURSOR* const lent = GetComponent().mLent;
+    const unsigned long long start = lent != nullptr ? lent->GetPosition() : kUnknown;
+    const std::string token = ReadToken(wanted.noun);
     const std::string_view text = Trim(token);
     Value parsed{};
     if (!text.empty() && parse(text, parsed) == 0) {
-        FailOSErr(kErrValueType);
+        FailText(text, wanted, start);
     }
     value = parsed;
 }
 
-template <class Stored, class Value>
-void CISTREAMDECORATORTEXT::ReadInteger(Value& value, long long lowest) {
-    ReadParsed(value, [lowest](std::string_view text, Value& parsed) {
+template <class Stored, long long Lowest, class Value>
+void CISTREAMDECORATORTEXT::ReadInteger(Value& value) {
+    static constexpr WANTED kWanted = {"a whole number", Lowest, std::numeric_limits<Stored>::max()};
+    ReadParsed(value, kWanted, [](std::string_view text, Value& parsed) {
         long long number = 0;
-        if (ParseInteger(text, number) == 0 || number < lowest || number > std::numeric_limits<Stored>::max()) {
+        if (ParseInteger(text, number) == 0 || number < kWanted.lowest || number > kWanted.highest) {
             return 0;
         }
         parsed = static_cast<Stored>(number);
@@ -167,80 +180,88 @@ void CISTREAMDECORATORTEXT::ReadInteger(Value& value, long long lowest) {
 }
 
 template <class Value>
-void CISTREAMDECORATORTEXT::ReadFromString(Value& value) {
-    ReadParsed(value, [](std::string_view text, Value& parsed) {
-        // A zero byte would hide what comes behind it.
+void CISTREAMDECORATORTEXT::ReadFromString(Value& value, const WANTED& wanted) {
+    ReadParsed(value, wanted, [](std::string_view text, Value& parsed) {
+        // A zero byte would hide the characters after it.
         return text.find('\0') == std::string_view::npos ? parsed.FromString(std::string(text).c_str()) : 0;
     });
 }
 
-void CISTREAMDECORATORTEXT::GetValue(CDATETIME& value) { ReadFromString(value); }
+void CISTREAMDECORATORTEXT::GetValue(CDATETIME& value) {
+    static constexpr WANTED kWanted = {"a date and a time of day"};
+    ReadFromString(value, kWanted);
+}
 
-void CISTREAMDECORATORTEXT::GetValue(CTIME& value) { ReadFromString(value); }
+void CISTREAMDECORATORTEXT::GetValue(CTIME& value) {
+    static constexpr WANTED kWanted = {"a time of day"};
+    ReadFromString(value, kWanted);
+}
 
-void CISTREAMDECORATORTEXT::GetValue(CDATE& value) { ReadFromString(value); }
+void CISTREAMDECORATORTEXT::GetValue(CDATE& value) {
+    static constexpr WANTED kWanted = {"a date"};
+    ReadFromString(value, kWanted);
+}
 
-void CISTREAMDECORATORTEXT::GetValue(double& value) { ReadParsed(value, ParseDouble); }
+void CISTREAMDECORATORTEXT::GetValue(double& value) {
+    static constexpr WANTED kWanted = {"a number"};
+    ReadParsed(value, kWanted, ParseDouble);
+}
 
 void CISTREAMDECORATORTEXT::GetValue(unsigned long& value) {
-    ReadInteger<std::uint32_t>(value, std::numeric_limits<std::int32_t>::min());
+    ReadInteger<std::uint32_t, std::numeric_limits<std::int32_t>::min()>(value);
 }
 
-void CISTREAMDECORATORTEXT::GetValue(unsigned short& value) { ReadInteger<unsigned short>(value, 0); }
+void CISTREAMDECORATORTEXT::GetValue(unsigned short& value) { ReadInteger<unsigned short, 0>(value); }
 
 void CISTREAMDECORATORTEXT::GetValue(long& value) {
-    ReadInteger<std::int32_t>(value, std::numeric_limits<std::int32_t>::min());
+    ReadInteger<std::int32_t, std::numeric_limits<std::int32_t>::min()>(value);
 }
 
-void CISTREAMDECORATORTEXT::GetValue(short& value) { ReadInteger<short>(value, std::numeric_limits<short>::min()); }
+void CISTREAMDECORATORTEXT::GetValue(short& value) { ReadInteger<short, std::numeric_limits<short>::min()>(value); }
 
 void CISTREAMDECORATORTEXT::GetValue(std::string& value, long length) {
-    if (length < 0) {
-        FailOSErr(kErrStreamEnd);
-    }
-    std::string text;
-    ReadCharacters(&text, static_cast<std::size_t>(length), nullptr);
-    value = std::move(text);
+    RequireLength(length);
+    bool hasQuotes = false;
+    value = ReadCharacters(kNoSeparator, static_cast<std::size_t>(length), hasQuotes);
+}
+
+void CISTREAMDECORATORTEXT::FailLength(long length) {
+    FailWith(kErrStreamEnd, "cannot read a text of ", length, " characters: wanted a length from 0");
 }
 
 void CISTREAMDECORATORTEXT::GetValue(char* buffer, long length) {
-    FailNull(buffer);
+    Require(buffer != nullptr, kErrNull, "the buffer for a text of ", length, " characters is null");
     std::string text;
     GetValue(text, length);
-    // Decoding may have made it longer than what was read.
+    // Decoding may have made it longer than the text that was read.
     buffer[text.copy(buffer, static_cast<std::size_t>(length))] = '\0';
 }
 
 void CISTREAMDECORATORTEXT::GetValue(char& value) {
     char character = '\0';
     if (GetValue(static_cast<void*>(&character), 1L) != 1) {
-        FailOSErr(kErrStreamEnd);
+        FailWith(kErrStreamEnd, "the text has ended", STREAMPLACE("at", *this).GetText(), ": wanted a character");
     }
     mIsEndOfLine = IsEOL(character);
     value = character;
 }
 
 void CISTREAMDECORATORTEXT::GetValueBOOL(int& value) {
-    ReadInteger<std::int32_t>(value, std::numeric_limits<std::int32_t>::min());
+    ReadInteger<std::int32_t, std::numeric_limits<std::int32_t>::min()>(value);
 }
 
 int CISTREAMDECORATORTEXT::IsEndOfLine() const { return mIsEndOfLine != 0 ? 1 : CISTREAMDECORATOR::IsEndOfLine(); }
 
 void CISTREAMDECORATORTEXT::ReadLine(std::string& line) {
     bool hasQuotes = false;
-    if (std::string_view ahead; TakeAhead(ahead, std::string_view::npos, nullptr, hasQuotes)) {
-        ClearEndOfLine();
-        line.assign(ahead);
-        return;
-    }
-    std::string text;
-    ReadCharacters(&text, std::string::npos, nullptr);
-    line = std::move(text);
+    line = ReadCharacters(kNoSeparator, std::string::npos, hasQuotes);
     ClearEndOfLine();
 }
 
 void CISTREAMDECORATORTEXT::GetNextLine() {
-    ReadCharacters(nullptr, std::string::npos, nullptr);
+    bool hasQuotes = false;
+    while (ReadCharacters(kNoSeparator, kSkippedStep, hasQuotes).size() == kSkippedStep && mIsEndOfLine == 0) {
+    }
     ClearEndOfLine();
 }
 

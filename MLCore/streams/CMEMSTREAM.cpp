@@ -4,9 +4,7 @@ namespace MLCore {
 
 CMEMSTREAM::CMEMSTREAM(unsigned long capacity, void* data)
     : CSTREAM(ReadWrite), CURSORSTREAM(ReadWrite, capacity), mData(data), mCapacity(capacity) {
-    if (capacity != 0) {
-        FailNull(data);
-    }
+    Require(data != nullptr || capacity == 0, kErrNull, "the memory of ", capacity, " bytes for a stream is null");
     mCursor.SetArea({static_cast<char*>(data), 0, capacity});
 }
 
@@ -18,33 +16,32 @@ void CMEMSTREAM::Open() {
 }
 
 long CMEMSTREAM::GetValue(void* buffer, long count) {
-    FailNotReady();
-    FailNullBuffer(buffer, count);
+    RequireReady("read");
+    RequireBuffer(buffer, count, "read into");
     return mCursor.ReadFrom(mData, buffer, count);
 }
 
 void CMEMSTREAM::SetValue(const void* buffer, long count) {
-    FailNotReady();
-    FailNullBuffer(buffer, count);
+    RequireReady("write");
+    RequireBuffer(buffer, count, "write from");
     if (count <= 0) {
         return;
     }
-    if (static_cast<unsigned long long>(count) > mCapacity - mCursor.GetPosition()) {
-        FailOSErr(kErrStreamName);
-    }
+    const unsigned long long room = mCapacity - mCursor.GetPosition();
+    Require(static_cast<unsigned long long>(count) <= room, kErrStreamName, "no room for ", count, " bytes at byte ",
+            mCursor.GetPosition(), " of a memory of ", mCapacity, " bytes");
     mCursor.WriteTo(mData, buffer, count);
 }
 
 void CMEMSTREAM::OffsetPosition(long delta) {
-    FailNotReady();
+    RequireReady("move the position");
     mCursor.OffsetFar(delta);
 }
 
 void CMEMSTREAM::SetSize(unsigned long long size) {
-    FailNotReady();
-    if (size > mCapacity) {
-        FailOSErr(kErrStreamName);
-    }
+    RequireReady("set the size");
+    Require(size <= mCapacity, kErrStreamName, "cannot set the size to ", size, ": the memory has ", mCapacity,
+            " bytes");
     mCursor.SetSize(size);
 }
 

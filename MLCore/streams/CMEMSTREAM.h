@@ -5,11 +5,11 @@
 
 namespace MLCore {
 
-/// A stream over a memory area of the caller's, which outlives it and never grows. Its size is at first the capacity, so
-/// the whole area can be read.
+/// A stream over a memory area of the caller. The area must outlive the stream, and it never grows. At first the size
+/// of the stream is the whole capacity, so that all of the area can be read.
 class MLCORE_API CMEMSTREAM : public CURSORSTREAM {
 public:
-    /// Over `capacity` bytes at `data`. Null with a capacity fails with -100.
+    /// Makes a stream over `capacity` bytes at `data`. Null fails with kErrNull (-100), unless `capacity` is 0.
     CMEMSTREAM(unsigned long capacity, void* data);
     ~CMEMSTREAM() override;
 
@@ -17,15 +17,16 @@ public:
     using CURSORSTREAM::GetValue;
     void Open() override;
     long GetValue(void* buffer, long count) override;
-    /// Fails with -111, and writes nothing, when the bytes do not fit the capacity.
+    /// Fails with kErrStreamName (-111), and writes nothing, when the area has no room for the bytes.
     void SetValue(const void* buffer, long count) override;
 
-    /// Also beyond 2 GB.
+    /// Also moves beyond 2 GB.
     void OffsetPosition(long delta) override;
-    /// Fails with -111 above the capacity. Bytes that come in are what the area holds.
+    /// Fails with kErrStreamName above the capacity. When the stream grows, the area keeps the bytes that it holds
+    /// there.
     void SetSize(unsigned long long size) override;
 
-    /// The size; 0 when closed.
+    /// The size in bytes; 0 when closed.
     [[nodiscard]] unsigned long long GetWritePosition() const;
     /// The capacity minus the size; 0 when closed.
     [[nodiscard]] unsigned long long GetFree() const;

@@ -5,7 +5,7 @@
 
 namespace MLCore {
 
-/// Leaves texts as they are. For fields without separators and double quotes.
+/// Leaves texts unchanged, for fields without separators, double quotes and line breaks.
 class MLCORE_API CNULLENCODER : public CENCODER {
 public:
     ~CNULLENCODER() override;

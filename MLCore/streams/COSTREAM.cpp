@@ -21,7 +21,9 @@ constexpr std::size_t kLongestIdentifier = 0x7FFF;
 /// The bytes of a memory block, for as long as it lives.
 class LOCKEDBLOCK {
 public:
-    explicit LOCKEDBLOCK(void* handle) : mHandle(handle), mData(platform::GlobalBlockLock(handle)) { FailNull(mData); }
+    explicit LOCKEDBLOCK(void* handle) : mHandle(handle), mData(platform::GlobalBlockLock(handle)) {
+        Require(mData != nullptr, kErrNull, "cannot lock the memory block to write");
+    }
     ~LOCKEDBLOCK() { platform::GlobalBlockUnlock(mHandle); }
     LOCKEDBLOCK(const LOCKEDBLOCK&) = delete;
     LOCKEDBLOCK& operator=(const LOCKEDBLOCK&) = delete;
@@ -50,9 +52,8 @@ void COSTREAM::SetValue(void* handle) {
         SetValue(0UL);
         return;
     }
-    if (size > kLongestBlock) {
-        FailOSErr(kErrOverflow);
-    }
+    Require(size <= kLongestBlock, kErrOverflow, "cannot write a memory block of ", size, " bytes: wanted at most ",
+            kLongestBlock);
     const LOCKEDBLOCK block(handle);
     SetValue(static_cast<unsigned long>(size));
     SetValue(block.GetData(), static_cast<long>(size));
@@ -90,7 +91,7 @@ void COSTREAM::SetValue(const std::string& value) { WriteText(value); }
 void COSTREAM::SetValue(const char* value) { WriteText(value != nullptr ? value : ""); }
 
 void COSTREAM::WriteText(std::string_view text) {
-    while (text.size() > kLongestBlock) {  // what a `long` can count everywhere
+    while (text.size() > kLongestBlock) {  // what a `long` counts on every system
         WriteBytes(text.data(), kLongestBlock);
         text.remove_prefix(kLongestBlock);
     }
@@ -108,9 +109,8 @@ void COSTREAM::SetObject(const CSERIALIZABLEOBJECT* object) {
         return;
     }
     const std::size_t length = std::strlen(identifier);
-    if (length > kLongestIdentifier) {
-        FailOSErr(kErrStreamName);
-    }
+    Require(length <= kLongestIdentifier, kErrStreamName, "the class identifier ", Quoted(identifier), " has ", length,
+            " characters: wanted at most ", kLongestIdentifier);
     const OBJECTDEPTH depth(mObjectDepth);
     SetValue(static_cast<short>(length));
     WriteBytes(identifier, length);

@@ -18,24 +18,26 @@ class STREAMCURSOR;
 
 /// A stream of bytes to write to.
 ///
-/// A concrete stream defines the raw write; the typed writes are built on it and write values as they lie in memory,
-/// little-endian, `long` and `unsigned long` in 4 bytes (docs/formats/streams.md). A `long` that does not fit 32 bits fails
-/// with 126 before anything is written. Texts are written without length or terminator: the caller writes the length
-/// first, or uses a text or field decorator.
+/// A concrete stream defines the raw write. The typed writes are built on it and write values as they lie in memory:
+/// little-endian, `long` and `unsigned long` in 4 bytes (docs/formats/streams.md). A `long` that does not fit in 32
+/// bits fails with kErrOverflow (126) before anything is written. Texts are written without length and terminator: the
+/// caller must write the length first, or use a text or field decorator.
 ///
-/// A class that overrides one SetValue() hides the others: it repeats `using COSTREAM::SetValue;`. An `int` or `bool` does
-/// not say which form it wants and does not compile, nor does a pointer that is neither a text nor a memory handle.
+/// A class that overrides one SetValue() hides the others: it must repeat `using COSTREAM::SetValue;`. An `int` or
+/// `bool` does not say which form it is to have, so writing one does not compile; nor does writing a pointer that is
+/// neither a text nor a memory handle.
 class MLCORE_API COSTREAM : public virtual CSTREAM {
 public:
     ~COSTREAM() override;
 
-    /// The raw write: all `count` bytes at `buffer`, or a failure; -100 for null. Nothing when `count` is not positive.
+    /// The raw write: writes all `count` bytes at `buffer`, or fails; null fails with kErrNull (-100). Writes nothing
+    /// when `count` is not positive.
     virtual void SetValue(const void* buffer, long count) = 0;
-    /// Writes a memory block (a handle, MLCore/platform/GlobalMemory.h; it stays the caller's): its size, then its bytes.
-    /// Null is a block of no bytes, and what is no handle counts as one. Above 2^31-1 bytes: 126. Not the block
-    /// that a stream of memory keeps its own bytes in.
+    /// Writes a memory block (MLCore/platform/GlobalMemory.h): its size, then its bytes. The handle stays the caller's.
+    /// Null, and an invalid handle, is written as a block of no bytes. A block above 2^31-1 bytes fails with
+    /// kErrOverflow. It must not be the block that this stream keeps its own bytes in.
     virtual void SetValue(void* handle);
-    /// Has `object` write its state to this stream.
+    /// Lets `object` write its state to this stream.
     virtual void SetValue(const CSERIALIZABLE& object);
     virtual void SetValue(const CDATETIME& value);
     virtual void SetValue(const CTIME& value);
@@ -50,10 +52,11 @@ public:
     virtual void SetValue(char value);
     virtual void SetValueBOOL(int value);  ///< 4 bytes
     /// Writes the identifier of the object's class with its length, then the object's state. Null, and an object whose
-    /// class has no identifier or an empty one, is written as a null object. Fails with -111 for an identifier above 32767
-    /// characters, with 138 beyond CISTREAM::kMaxObjectDepth.
+    /// class has no identifier or an empty one, is written as a null object. Fails with kErrStreamName (-111) for an
+    /// identifier of more than 32767 characters, with kErrValueType (138) for objects nested deeper than
+    /// CISTREAM::kMaxObjectDepth.
     virtual void SetObject(const CSERIALIZABLEOBJECT* object);
-    /// Lines exist in text only (COSTREAMDECORATORTEXT): here both do nothing.
+    /// Only texts have lines (COSTREAMDECORATORTEXT). Here both do nothing.
     virtual void WriteLine(const std::string& line);
     virtual void SetNextLine();
 
@@ -91,7 +94,7 @@ private:
 
     friend class CURSORSTREAM;
     friend class COSTREAMDECORATORTEXT;
-    STREAMCURSOR* mLent = nullptr;  // typed writes are done in its memory, as far as that goes
+    STREAMCURSOR* mLent = nullptr;  // typed writes use its memory where it has room
     short mObjectDepth = 0;
 };
 

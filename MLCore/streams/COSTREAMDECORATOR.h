@@ -5,9 +5,11 @@
 
 namespace MLCore {
 
-/// The counterpart of CISTREAMDECORATOR for output.
+/// A stream that wraps another stream, its component, and forwards every operation to it: the counterpart of
+/// CISTREAMDECORATOR for output. The component is not owned and must outlive the decorator.
 class MLCORE_API COSTREAMDECORATOR : public COSTREAM {
 public:
+    /// Wraps `component`. Pass a component of the decorator's own class as a COSTREAM&.
     explicit COSTREAMDECORATOR(COSTREAM& component);
     ~COSTREAMDECORATOR() override;
 

@@ -1,9 +1,9 @@
 #include <MLCore/streams/COSTREAMDECORATORFIELD.h>
 
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CNULLENCODER.h>
 #include <MLCore/streams/detail/CHARACTERSET.h>
-#include <MLCore/streams/detail/OwnClass.h>
 #include <MLCore/streams/detail/STREAMCURSOR.h>
 #include <MLCore/streams/detail/SpecialCharacters.h>
 
@@ -15,11 +15,11 @@ namespace MLCore {
 
 namespace {
 
-/// Put together without memory of its own.
+/// Fields up to this length are put together on the stack.
 constexpr std::size_t kShortField = 128;
 /// With the digit that is not counted and a sign.
 constexpr std::size_t kLongestNumber = std::numeric_limits<std::int32_t>::digits10 + 2;
-/// What is not written as it stands: by the raw write, and by one of the encoders.
+/// The characters that the raw write changes, and those that it or an encoder changes.
 constexpr CHARACTERSET kLineEnds(std::string_view("\r\n\0", 3));
 constexpr CHARACTERSET kChanged(std::string_view("\r\n\0;\"", 5));
 
@@ -36,7 +36,10 @@ bool IsChanged(std::string_view text) noexcept {
 }  // namespace
 
 COSTREAMDECORATORFIELD::COSTREAMDECORATORFIELD(COSTREAM& component, char separator, CENCODER& encoder)
-    : CSTREAM(component.GetOpenMode()), COSTREAMDECORATORTEXT(component), mSeparator(separator), mEncoder(encoder) {}
+    : CSTREAM(component.GetOpenMode()),
+      COSTREAMDECORATORTEXT(component, typeid(COSTREAMDECORATORFIELD)),
+      mSeparator(separator),
+      mEncoder(encoder) {}
 
 COSTREAMDECORATORFIELD::~COSTREAMDECORATORFIELD() = default;
 
@@ -44,10 +47,10 @@ void COSTREAMDECORATORFIELD::SetValue(const std::string& value) { WriteField(val
 
 void COSTREAMDECORATORFIELD::SetValue(const char* value) {
     const std::string_view text = value != nullptr ? value : "";
-    if (IsOfClass<COSTREAMDECORATORFIELD>(*this)) {
+    if (IsOwn()) {
         WriteField(text);
     } else {
-        SetValue(std::string(text));  // a derived class may have one of its own
+        SetValue(std::string(text));  // which a derived class may have overridden
     }
 }
 
@@ -66,13 +69,12 @@ void COSTREAMDECORATORFIELD::WriteEncoded(const std::string& value) {
     COSTREAM::SetValue(field);
 }
 
-/// Whether nobody but the library's encoders and its raw write say what a field looks like.
+/// Whether only the library's own encoders and raw write decide what a field looks like.
 inline bool COSTREAMDECORATORFIELD::IsPlain() const noexcept {
-    return IsOfClass<COSTREAMDECORATORFIELD>(*this) && IsOfClass<CCSVENCODER, CNULLENCODER>(mEncoder) &&
-           !kLineEnds.Has(mSeparator);
+    return IsOwn() && IsExactly<CCSVENCODER, CNULLENCODER>(mEncoder) && !kLineEnds.Has(mSeparator);
 }
 
-/// WriteField() of what the encoders leave as it is; false, with nothing done, for what is too long.
+/// WriteField() of a text that the encoders leave as it is; false, with nothing done, for one that is too long.
 bool COSTREAMDECORATORFIELD::WritePlain(std::string_view value) {
     const std::size_t lead = mIsLineStart != 0 ? 0 : 1;
     const std::size_t size = lead + value.size();
@@ -95,11 +97,12 @@ bool COSTREAMDECORATORFIELD::WritePlain(std::string_view value) {
     return true;
 }
 
-/// WriteField() of what the encoder puts in quotes; false, with nothing done, for what it changes further, or is too long.
+/// WriteField() of a text that the encoder puts in quotes; false, with nothing done, for one that is changed further or
+/// is too long.
 bool COSTREAMDECORATORFIELD::WriteQuoted(std::string_view value) {
     const bool hasLineEnds =
         std::any_of(value.begin(), value.end(), [](char character) { return kLineEnds.Has(character); });
-    if (hasLineEnds || value.size() > kShortField / 2 - 2 || !IsOfClass<CCSVENCODER>(mEncoder)) {
+    if (hasLineEnds || value.size() > kShortField / 2 - 2 || !IsExactly<CCSVENCODER>(mEncoder)) {
         return false;
     }
     char field[kShortField];
@@ -109,18 +112,18 @@ bool COSTREAMDECORATORFIELD::WriteQuoted(std::string_view value) {
     return true;
 }
 
-/// WriteField() of a number, which needs no look at; false, with nothing done, where the component lends no room for it.
-bool COSTREAMDECORATORFIELD::WritePlain(std::int32_t value) {
+/// The digits of a number need no encoding: they go to the component's memory where it has room for them.
+void COSTREAMDECORATORFIELD::WriteInteger(std::int32_t value) {
     STREAMCURSOR* const lent = GetLent();
     char* const room = lent != nullptr && IsPlain() ? lent->Room(kLongestNumber + 1) : nullptr;
     if (room == nullptr) {
-        return false;
+        COSTREAMDECORATORTEXT::WriteInteger(value);
+        return;
     }
     *room = mSeparator;
     char* const digits = room + (mIsLineStart != 0 ? 0 : 1);
     lent->Advance(static_cast<long>(std::to_chars(digits, digits + kLongestNumber, value).ptr - room));
     mIsLineStart = 0;
-    return true;
 }
 
 void COSTREAMDECORATORFIELD::SetNextLine() {

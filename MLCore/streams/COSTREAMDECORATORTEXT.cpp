@@ -1,9 +1,7 @@
 #include <MLCore/streams/COSTREAMDECORATORTEXT.h>
 
 #include <MLCore/core/Narrowing.h>
-#include <MLCore/streams/COSTREAMDECORATORFIELD.h>
 #include <MLCore/streams/detail/CHARACTERSET.h>
-#include <MLCore/streams/detail/OwnClass.h>
 #include <MLCore/streams/detail/STREAMCURSOR.h>
 #include <MLCore/text/DoubleText.h>
 
@@ -18,7 +16,7 @@ namespace MLCore {
 namespace {
 
 constexpr char kLineEnd[] = {'\r', '\n'};
-/// What is not written as it stands.
+/// The characters that end a run which is written as it stands.
 constexpr CHARACTERSET kRunEnds(std::string_view("\r\n\0", 3));
 
 const char* FindRunEnd(const char* from, const char* end) {
@@ -28,7 +26,10 @@ const char* FindRunEnd(const char* from, const char* end) {
 }  // namespace
 
 COSTREAMDECORATORTEXT::COSTREAMDECORATORTEXT(COSTREAM& component)
-    : CSTREAM(component.GetOpenMode()), COSTREAMDECORATOR(component) {}
+    : COSTREAMDECORATORTEXT(component, typeid(COSTREAMDECORATORTEXT)) {}
+
+COSTREAMDECORATORTEXT::COSTREAMDECORATORTEXT(COSTREAM& component, const std::type_info& own)
+    : CSTREAM(component.GetOpenMode()), COSTREAMDECORATOR(component), mOwn(&own) {}
 
 COSTREAMDECORATORTEXT::~COSTREAMDECORATORTEXT() = default;
 
@@ -40,10 +41,11 @@ void COSTREAMDECORATORTEXT::WriteRun(const char* from, const char* to) {
 }
 
 void COSTREAMDECORATORTEXT::SetValue(const void* buffer, long count) {
-    FailNullBuffer(buffer, count);
+    RequireBuffer(buffer, count, "write from");
     const char* from = static_cast<const char*>(buffer);
     const char* end = from + std::max(count, 0L);
-    // The component's own bytes may move with the first run that is written; not all components tell which are theirs.
+    // The component's own bytes may move with the first run that is written; not every component says which bytes are
+    // its own.
     std::string copy;
     if (from != end && (GetLent() != nullptr ? GetLent()->Holds(from, end) : FindRunEnd(from, end) != end)) {
         copy.assign(from, end);
@@ -77,9 +79,6 @@ void COSTREAMDECORATORTEXT::SetValue(double value) {
 }
 
 void COSTREAMDECORATORTEXT::WriteInteger(std::int32_t value) {
-    if (IsOfClass<COSTREAMDECORATORFIELD>(*this) && static_cast<COSTREAMDECORATORFIELD&>(*this).WritePlain(value)) {
-        return;
-    }
     char text[std::numeric_limits<std::int32_t>::digits10 + 3] = {};  // with the digit not counted, a sign and a zero
     std::to_chars(std::begin(text), std::end(text) - 1, value);
     SetValue(static_cast<const char*>(text));
@@ -109,8 +108,7 @@ void COSTREAMDECORATORTEXT::WriteLine(const std::string& line) {
 }
 
 void COSTREAMDECORATORTEXT::WriteLineEnd() {
-    const bool isOwn = IsOfClass<COSTREAMDECORATORTEXT, COSTREAMDECORATORFIELD>(*this);
-    if (!isOwn || GetLent() == nullptr || !GetLent()->Put(kLineEnd, sizeof(kLineEnd))) {
+    if (!IsOwn() || GetLent() == nullptr || !GetLent()->Put(kLineEnd, sizeof(kLineEnd))) {
         SetValue(static_cast<const void*>("\n"), 1L);
     }
 }

@@ -2,8 +2,19 @@
 
 #include <MLCore/platform/Export.h>
 #include <MLCore/streams/COSTREAMDECORATOR.h>
+#include <MLCore/streams/detail/BinaryForm.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
+#include <type_traits>
+#include <typeinfo>
+
+// The binary forms of the base class are hidden on purpose.
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+#endif
 
 namespace MLCore {
 
@@ -13,16 +24,21 @@ namespace MLCore {
 ///     text << "Orders of " << CDATE::Today();
 ///     text.SetNextLine();
 ///
-/// Nothing stands between two values of a line: what is to be read back as a value is a line of its own, or a field
-/// (COSTREAMDECORATORFIELD). Memory blocks and objects go to the component in their binary form.
+/// Nothing separates two values of a line. A value that a program is to read back stands in a line of its own, or in a
+/// field (COSTREAMDECORATORFIELD).
+///
+/// A text has no form for memory blocks and objects: writing one to this class does not compile. Through a COSTREAM& it
+/// goes to the component in its binary form. To write the state of an object as texts, use a CSTREAMWRITER:
+///
+///     CSTREAMWRITER writer(text);
+///     writer << order << endl;  // each value of the state as a text or field
 class MLCORE_API COSTREAMDECORATORTEXT : public COSTREAMDECORATOR {
 public:
     explicit COSTREAMDECORATORTEXT(COSTREAM& component);
     ~COSTREAMDECORATORTEXT() override;
 
-    using COSTREAMDECORATOR::SetValue;
-    /// The raw write: every CR and every LF becomes CR LF, each on its own (so CR LF becomes two line ends), up to the
-    /// first zero byte; from there on the bytes are written as they are.
+    /// The raw write: every CR and every LF becomes CR LF, each by itself (so CR LF becomes two line ends), up to the
+    /// first zero byte; the bytes from there on are written as they are.
     void SetValue(const void* buffer, long count) override;
     // All values but texts are written through the two SetValue() of texts.
     void SetValue(const CDATETIME& value) override;
@@ -42,14 +58,66 @@ public:
     /// Ends the line here, then in the component.
     void SetNextLine() override;
 
-private:
-    friend class COSTREAMDECORATORFIELD;
-    /// Where the component lets its memory be written; null when it does not.
+    /// These do not compile: a text has no binary form.
+    template <BinaryOnly Value>
+    void SetValue(const Value&) {
+        RefuseBinaryForm<COSTREAMDECORATORTEXT, Value>();
+    }
+    template <class Value>
+    void SetObject(const Value&) {
+        RefuseBinaryForm<COSTREAMDECORATORTEXT, Value>();
+    }
+    template <class T>
+    requires UnstreamablePointer<T>
+    void SetValue(T* pointer) = delete;
+    void SetValue(std::nullptr_t) = delete;
+    template <class T>
+    void SetValue(const CSHAREOBJECTPTR<T>& holder) = delete;
+
+    COSTREAMDECORATORTEXT& operator<<(char value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(short value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(unsigned short value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(long value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(unsigned long value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(double value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(const char* value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(const std::string& value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(const CDATE& value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(const CTIME& value) { return Insert(value); }
+    COSTREAMDECORATORTEXT& operator<<(const CDATETIME& value) { return Insert(value); }
+    template <BinaryOnly Value>
+    void operator<<(const Value&) {
+        RefuseBinaryForm<COSTREAMDECORATORTEXT, Value>();
+    }
+
+protected:
+    /// For a derived class that leaves the raw write as it is here: `own` is its typeid. Objects of that class itself
+    /// then write their line ends as fast as those of this one.
+    COSTREAMDECORATORTEXT(COSTREAM& component, const std::type_info& own);
+
+    /// Whether the object is of the class that its constructor named, and not of one derived from it. Compares
+    /// addresses: where modules have descriptions of their own, a false "no" takes the longer way.
+    [[nodiscard]] bool IsOwn() const noexcept { return &typeid(*this) == mOwn; }
+    /// The component's memory where it may be written to directly; null otherwise.
     [[nodiscard]] STREAMCURSOR* GetLent() const noexcept { return GetComponent().mLent; }
-    /// Writes what stays as it is.
+    /// Writes bytes that stay as they are to the component.
     void WriteRun(const char* from, const char* to);
-    void WriteInteger(std::int32_t value);
     void WriteLineEnd();
+    /// All whole numbers are written by this: the digits, as a text.
+    virtual void WriteInteger(std::int32_t value);
+
+private:
+    template <class Value>
+    COSTREAMDECORATORTEXT& Insert(const Value& value) {
+        SetValue(value);
+        return *this;
+    }
+
+    const std::type_info* mOwn;
 };
 
 }  // namespace MLCore
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif

@@ -7,7 +7,7 @@
 
 namespace MLCore {
 
-/// A stream with a position, to read from and write to.
+/// A stream with a position that is read from and written to.
 class MLCORE_API CRANDOMIOSTREAM : public CISTREAM, public COSTREAM, public CRANDOMSTREAM {
 public:
     ~CRANDOMIOSTREAM() override;
@@ -16,7 +16,8 @@ public:
     void Rewind() override;
     /// OffsetPosition(count).
     void Skip(long count) override;
-    /// Cuts the stream, pulling the position back to the new end, or extends it with zeros, as far as the stream can.
+    /// Cuts the stream and pulls the position back to the new end, or extends the stream with zeros, where the stream
+    /// supports that.
     virtual void SetSize(unsigned long long size) = 0;
 
 protected:

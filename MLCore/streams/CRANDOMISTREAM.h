@@ -6,7 +6,7 @@
 
 namespace MLCore {
 
-/// A stream with a position, to read from.
+/// A stream with a position that is read from.
 class MLCORE_API CRANDOMISTREAM : public CISTREAM, public CRANDOMSTREAM {
 public:
     ~CRANDOMISTREAM() override;
@@ -15,7 +15,8 @@ public:
     void Rewind() override;
     /// OffsetPosition(count).
     void Skip(long count) override;
-    /// Cuts the stream, pulling the position back to the new end, or extends it with zeros, as far as the stream can.
+    /// Cuts the stream and pulls the position back to the new end, or extends the stream with zeros, where the stream
+    /// supports that.
     virtual void SetSize(unsigned long long size) = 0;
 
 protected:

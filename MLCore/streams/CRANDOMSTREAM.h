@@ -4,8 +4,9 @@
 
 namespace MLCore {
 
-/// The position of a stream that can be moved: one position serves reading and writing. It lies in 0..size; at the size,
-/// the stream is at its end. On a closed stream the queries answer 0 and the rest fails with 141.
+/// The position of a stream of random access. One position serves reading and writing. It lies between 0 and the size;
+/// at the size, the stream is at its end. On a closed stream the queries return 0, and the other operations fail with
+/// kErrStreamClosed (141).
 class MLCORE_API CRANDOMSTREAM {
 public:
     CRANDOMSTREAM() = default;
@@ -13,13 +14,14 @@ public:
     CRANDOMSTREAM& operator=(const CRANDOMSTREAM&) = default;
     virtual ~CRANDOMSTREAM();
 
+    /// In bytes from the first one.
     [[nodiscard]] virtual unsigned long long GetPosition() const = 0;
-    /// Fails with -110 beyond the size.
+    /// Fails with kErrStreamEnd (-110) for a position beyond the size.
     virtual void SetPosition(unsigned long long position) = 0;
-    /// `distance` bytes before the end. Fails with -110 beyond the size.
+    /// Goes to `distance` bytes before the end. Fails with kErrStreamEnd for a distance beyond the size.
     virtual void SetPositionFromEnd(unsigned long long distance) = 0;
-    /// Fails with -110 when that leaves 0..size, or when the new position, cut to a signed 32-bit number, is negative:
-    /// beyond 2 GB, positions are set, not moved.
+    /// Moves by `delta` bytes. Fails with kErrStreamEnd when the new position is not between 0 and the size, or when
+    /// its low 32 bits, as a signed number, are negative: use SetPosition() beyond 2 GB.
     virtual void OffsetPosition(long delta) = 0;
     /// In bytes.
     [[nodiscard]] virtual unsigned long long GetSize() const = 0;

@@ -16,11 +16,11 @@
 
 namespace MLCore {
 
-/// What an object reads its state from; CSTREAMREADER makes one of a stream. The operations are those of CISTREAM.
+/// An object reads its state from a CREADER. CSTREAMREADER makes one of a stream. The operations are those of CISTREAM.
 ///
 ///     void CORDER::ReadState(CREADER& reader) { reader >> mNumber >> mDate >> mAmount; }
 ///
-/// A memory block can be written (CWRITER) but not read back here.
+/// A memory block can be written to a CWRITER, but not read back here.
 class MLCORE_API CREADER {
 public:
     CREADER() = default;
@@ -43,13 +43,14 @@ public:
     virtual void GetValue(char& value) = 0;
     virtual void GetValueBOOL(int& value) = 0;
     [[nodiscard]] virtual CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObject() = 0;
-    /// IsEnd(), unless overridden; the next two do nothing.
+    /// Returns IsEnd() unless it is overridden; then the next two do nothing.
     [[nodiscard]] virtual int IsEndOfLine() const;
     virtual void ReadLine(std::string& line);
     virtual void GetNextLine();
 
 #ifdef _WIN32
-    // What a call becomes in a client that includes <windows.h> after this header. Who overrides it takes the macro away first.
+    // What a call becomes in a client that includes <windows.h> after this header. A client that overrides it undefines
+    // the macro first.
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectA() { return GetObject(); }
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectW() { return GetObject(); }
 #endif
@@ -64,10 +65,11 @@ MLCORE_API CREADER& operator>>(CREADER& reader, double& value);
 MLCORE_API CREADER& operator>>(CREADER& reader, CDATE& value);
 MLCORE_API CREADER& operator>>(CREADER& reader, CTIME& value);
 MLCORE_API CREADER& operator>>(CREADER& reader, CDATETIME& value);
-/// Has the object read its state.
+/// Lets the object read its state. From a text or field decorator, each value of the state is one line or field.
 MLCORE_API CREADER& operator>>(CREADER& reader, CSERIALIZABLE& object);
-/// GetValue(value, 32767): one field of that length at most on a text or field decorator, but exactly 32767 bytes on a
-/// binary stream. The text at `value` needs room for 32768 bytes.
+/// Calls GetValue(value, 32767). That reads one line or field of at most 32767 characters from a text or field
+/// decorator, but exactly 32767 bytes from a binary stream. The memory at a `char*` must have room for 32768
+/// characters.
 MLCORE_API CREADER& operator>>(CREADER& reader, std::string& value);
 MLCORE_API CREADER& operator>>(CREADER& reader, char* value);
 
@@ -75,8 +77,8 @@ MLCORE_API CREADER& operator>>(CREADER& reader, char* value);
 MLCORE_API CREADER& endl(CREADER& reader);
 MLCORE_API CREADER& operator>>(CREADER& reader, CREADER& (*manipulator)(CREADER&));
 
-/// Copies the characters of the reader until its end. Fails as GetValue(char&) does: with -110 after a CR that is the last
-/// byte below a text decorator.
+/// Copies the characters of the reader until its end. Fails as GetValue(char&) does: with kErrStreamEnd (-110) after a
+/// CR that is the last byte below a text decorator.
 MLCORE_API std::ostream& operator<<(std::ostream& out, CREADER& reader);
 
 }  // namespace MLCore

@@ -5,8 +5,8 @@
 
 namespace MLCore {
 
-/// A resource that was found in a module (MLCore/platform/ModuleResources.h tells how they get there). Holds two
-/// handles; nothing needs to be released.
+/// A resource that was found in a module. MLCore/platform/ModuleResources.h says how files become resources. The object
+/// holds two handles, and nothing needs to be released.
 class MLCORE_API CRESOURCEINFO {
 public:
     CRESOURCEINFO(HINSTANCE module, HRSRC resource) noexcept : mModule(module), mResource(resource) {}
@@ -15,9 +15,9 @@ public:
     CRESOURCEINFO& operator=(const CRESOURCEINFO&) noexcept = default;
     CRESOURCEINFO& operator=(CRESOURCEINFO&&) noexcept = default;
 
-    /// The loaded resource, to be locked; null when there is none.
+    /// The loaded resource, which platform::LockModuleResource() locks; null for a null resource.
     [[nodiscard]] void* GetResource() const;
-    /// In bytes; 0 when there is none.
+    /// The size in bytes; 0 for a null resource.
     [[nodiscard]] long GetSize() const;
 
 private:

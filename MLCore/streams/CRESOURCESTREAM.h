@@ -8,21 +8,22 @@
 
 namespace MLCore {
 
-/// Reads a resource: a file that was compiled into a program or a shared library, which stays loaded as long as the
-/// stream is used.
+/// Reads a resource: a file that was compiled into a program or a shared library. The module must stay loaded as long
+/// as the stream is used.
 ///
-///     CRESOURCESTREAM rates(nullptr, "RATES", 10);  // of the program itself, put there by mlcore_add_resources()
+///     CRESOURCESTREAM rates(nullptr, "RATES", 10);  // a file that mlcore_add_resources() compiled into the program
 ///     rates.Open();
 class MLCORE_API CRESOURCESTREAM : public CRANDOMISTREAM {
 public:
-    /// The resource of that name and type in `module` (null: the program), in whichever language the system prefers. Fails
-    /// with -100 when it is missing, has no bytes or cannot be loaded.
+    /// Finds the resource of that name and type in `module` (null: the program), in the language that the system
+    /// prefers. Fails with kErrNull (-100) when it is missing, has no bytes or cannot be loaded.
     CRESOURCESTREAM(HINSTANCE module, const char* name, unsigned short type);
+    /// Reads a resource that was found. Fails with kErrNull when it is null, has no bytes or cannot be loaded.
     explicit CRESOURCESTREAM(const CRESOURCEINFO& info);
     ~CRESOURCESTREAM() override;
 
     using CISTREAM::GetValue;
-    /// At the first byte.
+    /// Opens the stream at its first byte.
     void Open() override;
     [[nodiscard]] int IsEnd() const override;
     long GetValue(COSTREAM& out) override;
@@ -38,6 +39,9 @@ public:
     void SetSize(unsigned long long size) override;
 
 private:
+    [[nodiscard]] static CRESOURCEINFO Find(HINSTANCE module, const char* name, unsigned short type);
+    void RequireOpen(const char* operation) const;
+
     void* mResource;
     const void* mData;
     STREAMCURSOR mCursor;

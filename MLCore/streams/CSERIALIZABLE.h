@@ -7,13 +7,14 @@ namespace MLCore {
 class CREADER;
 class CWRITER;
 
-/// What can write its state to a stream and read it back.
+/// The interface of objects that can write their state to a stream and read it back.
 class MLCORE_API CSERIALIZABLE {
 public:
     virtual ~CSERIALIZABLE();
-    /// Reads what WriteState() wrote. A failure of the reader passes through; the object is then left in a state that can
-    /// be destroyed, assigned or read again.
+    /// Reads the state that WriteState() wrote, value by value in the same order. A failure of the reader is passed on.
+    /// After it the object must still be safe to destroy, to assign and to read again.
     virtual void ReadState(CREADER& reader) = 0;
+    /// Writes all values of the state.
     virtual void WriteState(CWRITER& writer) const = 0;
 
 protected:

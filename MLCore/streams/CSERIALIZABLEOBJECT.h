@@ -6,8 +6,9 @@
 
 namespace MLCore {
 
-/// An object that streams can write whole and create again: COSTREAM::SetObject() writes the identifier of its class and
-/// its state, CISTREAM::GetObject() asks the object factory for a new object of that class and has it read the state.
+/// An object that a stream can write as a whole and create again. COSTREAM::SetObject() writes the identifier of its
+/// class and its state. CISTREAM::GetObject() asks the object factory for a new object of that class and lets it read
+/// the state.
 ///
 ///     class CORDER : public CSERIALIZABLEOBJECT {
 ///         MLCORE_CLASS(CORDER, CSERIALIZABLEOBJECT)

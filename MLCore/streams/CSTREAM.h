@@ -6,13 +6,13 @@
 
 namespace MLCore {
 
-/// What all byte streams share: how they were made to be opened, and whether they are open. CISTREAM and COSTREAM have it
-/// as a virtual base, so a stream of both directions has it once.
+/// The base of all byte streams: the open mode, and whether the stream is open. CISTREAM and COSTREAM have it as a
+/// virtual base, so that a stream of both directions has it once.
 ///
-/// A stream is created closed. One thread at a time uses a stream together with its decorators, readers and writers.
+/// A stream is created closed. A stream and its decorators, readers and writers must be used by one thread at a time.
 class MLCORE_API CSTREAM {
 public:
-    /// Read or ReadWrite, and for files any of the other flags (CFILESTREAM tells them).
+    /// Read or ReadWrite; for files ReadWrite with any of the other flags, which CFILESTREAM describes.
     enum OpenMode : std::int32_t {
         Read = 0,
         ReadWrite = 1,
@@ -26,18 +26,21 @@ public:
     }
 
     virtual ~CSTREAM();
-    /// Fixed when the stream is made.
+    /// The mode, which is fixed when the stream is made.
     [[nodiscard]] virtual OpenMode GetOpenMode() const;
+    /// 1 when the stream is open.
     [[nodiscard]] virtual int IsOpen() const;
+    /// Opens the stream. Concrete streams go to their first byte, also when they are open already.
     virtual void Open();
+    /// Closes the stream. Closing a closed stream does nothing.
     virtual void Close();
 
     CSTREAM(const CSTREAM&) = delete;
     CSTREAM& operator=(const CSTREAM&) = delete;
 
 protected:
-    /// The most derived class calls it, as for every virtual base; one that does not leaves the mode to the constructors of
-    /// CISTREAM and COSTREAM.
+    /// Called by the most derived class, as for every virtual base. In a class that does not call it, the constructors
+    /// of CISTREAM and COSTREAM set the mode.
     explicit CSTREAM(OpenMode mode = Read) noexcept;
 
 private:

@@ -11,7 +11,8 @@ namespace MLCore {
 
 class CISTREAM;
 
-/// Reads from a stream, which it does not own and which outlives it: every operation is the stream's.
+/// A CREADER that reads from a stream: it forwards every operation. The stream is not owned and must outlive the
+/// reader.
 class MLCORE_API CSTREAMREADER : public CREADER {
 public:
     explicit CSTREAMREADER(CISTREAM& stream) noexcept : mStream(stream) {}

@@ -6,23 +6,24 @@ namespace MLCore {
 
 class CRANDOMSTREAM;
 
-/// Remembers the position of a stream and puts it back at the end of the scope, also when an exception leaves it.
+/// Remembers the position of a stream and puts it back at the end of the scope, also when an exception leaves the
+/// scope.
 ///
 ///     CSTREAMSAVER saver(stream);
-///     if (ReadHeader(stream)) saver.Reset();  // go on behind it
+///     if (ReadHeader(stream)) saver.Reset();  // continue after the header
 class MLCORE_API CSTREAMSAVER {
 public:
-    /// The stream outlives the saver, or Reset() is called before it goes.
+    /// Remembers the position of `stream`, which must outlive the saver, unless Reset() is called before.
     explicit CSTREAMSAVER(CRANDOMSTREAM& stream);
-    /// Restore(), without its failures.
+    /// Calls Restore(); its failures are lost.
     ~CSTREAMSAVER();
     CSTREAMSAVER(const CSTREAMSAVER&) = delete;
     CSTREAMSAVER& operator=(const CSTREAMSAVER&) = delete;
 
-    /// Puts the position back; may be called again. Fails with -110 when the stream has become shorter than that, with 141
-    /// when it is closed.
+    /// Puts the position back. May be called again. Fails with kErrStreamEnd (-110) when the stream has become shorter
+    /// than the position, with kErrStreamClosed (141) when it is closed.
     void Restore();
-    /// Forgets the stream: the position stays from now on.
+    /// Forgets the stream: its position is not put back any more.
     void Reset() noexcept;
 
 private:

@@ -7,7 +7,7 @@ namespace MLCore {
 
 class COSTREAM;
 
-/// Writes to a stream, which it does not own and which outlives it: every operation is the stream's.
+/// A CWRITER that writes to a stream: it forwards every operation. The stream is not owned and must outlive the writer.
 class MLCORE_API CSTREAMWRITER : public CWRITER {
 public:
     explicit CSTREAMWRITER(COSTREAM& stream) noexcept : mStream(stream) {}

@@ -13,7 +13,7 @@
 
 namespace MLCore {
 
-/// What an object writes its state to; CSTREAMWRITER makes one of a stream. The operations are those of COSTREAM.
+/// An object writes its state to a CWRITER. CSTREAMWRITER makes one of a stream. The operations are those of COSTREAM.
 ///
 ///     void CORDER::WriteState(CWRITER& writer) const { writer << mNumber << mDate << mAmount; }
 class MLCORE_API CWRITER {
@@ -38,7 +38,7 @@ public:
     virtual void SetValue(char value) = 0;
     virtual void SetValueBOOL(int value) = 0;
     virtual void SetObject(const CSERIALIZABLEOBJECT* object) = 0;
-    /// Nothing, unless overridden; so the next.
+    /// This and the next do nothing unless they are overridden.
     virtual void WriteLine(const std::string& line);
     virtual void SetNextLine();
 
@@ -60,14 +60,14 @@ MLCORE_API CWRITER& operator<<(CWRITER& writer, const std::string& value);
 MLCORE_API CWRITER& operator<<(CWRITER& writer, const CDATE& value);
 MLCORE_API CWRITER& operator<<(CWRITER& writer, const CTIME& value);
 MLCORE_API CWRITER& operator<<(CWRITER& writer, const CDATETIME& value);
-/// Has the object write its state.
+/// Lets the object write its state. To a field decorator, each value of the state is one field.
 MLCORE_API CWRITER& operator<<(CWRITER& writer, const CSERIALIZABLE& object);
 
 /// `writer << endl` calls SetNextLine().
 MLCORE_API CWRITER& endl(CWRITER& writer);
 MLCORE_API CWRITER& operator<<(CWRITER& writer, CWRITER& (*manipulator)(CWRITER&));
 
-/// Copies the characters of `in`, blanks and line ends included, until its end. Nothing when `in` has failed.
+/// Copies the characters of `in`, blanks and line ends included, until its end. Copies nothing when `in` has failed.
 MLCORE_API std::istream& operator>>(std::istream& in, CWRITER& writer);
 
 }  // namespace MLCore

@@ -14,6 +14,7 @@
 #include <MLCore/streams/CSTREAMREADER.h>
 #include <MLCore/streams/CSTREAMSAVER.h>
 #include <MLCore/streams/CSTREAMWRITER.h>
+#include <MLCore/streams/FIELDSCANNER.h>
 #include <gtest/gtest.h>
 #include <streams/Bytes.h>
 
@@ -116,6 +117,31 @@ TEST(StreamsExamplesTest, Fields) {
     std::string field;
 #include "header_examples/CISTREAMDECORATORFIELD.inc"
     EXPECT_EQ(field, "a;b");
+}
+
+TEST(StreamsExamplesTest, StatesAsTexts) {
+    using serializable_example::mNumber;
+    const auto object = AdoptObject(new serializable_example::CORDER);
+    CSERIALIZABLEOBJECT& order = *object;
+    CBUFFERSTREAM file;
+    CCSVENCODER encoder;
+    file.Open();
+    mNumber = 7;
+    {
+        COSTREAMDECORATORFIELD text(file, ';', encoder);
+#include "header_examples/COSTREAMDECORATORTEXT.2.inc"
+    }
+    EXPECT_EQ(Content(file), "7;\r\n");
+    file.Open();
+    mNumber = 0;
+    CISTREAMDECORATORFIELD text(file, ';', encoder);
+#include "header_examples/CISTREAMDECORATORTEXT.2.inc"
+    EXPECT_EQ(mNumber, 7);
+}
+
+TEST(StreamsExamplesTest, Scanner) {
+#include "header_examples/FIELDSCANNER.inc"
+    EXPECT_EQ(fields, (std::vector<std::string>{"1", "\"a;b\""}));
 }
 
 TEST(StreamsExamplesTest, Encoder) {

@@ -32,14 +32,14 @@ void CGLOBALSTREAM::Open() {
 }
 
 long CGLOBALSTREAM::GetValue(void* buffer, long count) {
-    FailNotReady();
-    FailNullBuffer(buffer, count);
+    RequireReady("read");
+    RequireBuffer(buffer, count, "read into");
     return mCursor.ReadFrom(mBlock.GetData(), buffer, count);
 }
 
 void CGLOBALSTREAM::SetValue(const void* buffer, long count) {
-    FailNotReady();
-    FailNullBuffer(buffer, count);
+    RequireReady("write");
+    RequireBuffer(buffer, count, "write from");
     if (count <= 0) {
         return;
     }
@@ -63,7 +63,7 @@ void CGLOBALSTREAM::SetValue(const void* buffer, long count) {
 }
 
 void CGLOBALSTREAM::SetSize(unsigned long long size) {
-    FailNotReady();
+    RequireReady("set the size");
     const unsigned long long oldSize = mCursor.GetSize();
     if (size == oldSize) {
         return;
@@ -77,9 +77,8 @@ void CGLOBALSTREAM::SetSize(unsigned long long size) {
 }
 
 void CGLOBALSTREAM::SetCapacity(unsigned long long capacity) {
-    if (capacity > std::numeric_limits<std::size_t>::max()) {
-        FailNull(nullptr);
-    }
+    Require(capacity <= std::numeric_limits<std::size_t>::max(), kErrNull, "no memory for a stream of ", capacity,
+            " bytes");
     if (capacity != GetCapacity()) {
         const AREAUPDATE update{*this};
         Block().SetSize(static_cast<std::size_t>(capacity));

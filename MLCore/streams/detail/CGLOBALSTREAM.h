@@ -6,20 +6,21 @@
 
 namespace MLCore {
 
-/// What CBUFFERSTREAM and CHANDLESTREAM share: data in a movable memory block that grows to exactly the size needed. The
-/// growth by small writes is linear in the bytes written all the same.
+/// The base of CBUFFERSTREAM and CHANDLESTREAM: data in a movable memory block that grows to exactly the size needed.
+/// All the same, growing by small writes takes time linear in the bytes written.
 ///
-/// Without memory an operation fails with -100 and leaves the stream as it was.
+/// Without memory an operation fails with kErrNull (-100) and leaves the stream unchanged.
 class MLCORE_API CGLOBALSTREAM : public CURSORSTREAM {
 public:
     ~CGLOBALSTREAM() override;
 
     using COSTREAM::SetValue;
     using CURSORSTREAM::GetValue;
-    /// At the first byte, with the size kept. Fails with -100 when the system does not lock the block.
+    /// Opens the stream at its first byte; the size is kept. Fails with kErrNull when the system does not lock the
+    /// block.
     void Open() override;
     long GetValue(void* buffer, long count) override;
-    /// Overwrites from the position on, or extends.
+    /// The raw write: overwrites from the position on, and extends the stream.
     void SetValue(const void* buffer, long count) override;
 
     void SetSize(unsigned long long size) override;
@@ -31,13 +32,13 @@ protected:
     CGLOBALSTREAM();
     CGLOBALSTREAM(void* handle, bool owns);
 
-    /// The block, told of what was written to its room.
+    /// The block, after it was told how much of its room is in use.
     [[nodiscard]] GLOBALBLOCK& Block() const noexcept {
         mBlock.Extend(static_cast<std::size_t>(mCursor.GetSize()));
         return mBlock;
     }
 
-    /// The block's handle. The block gets its told size for it, and may move.
+    /// The block's handle. For that the block gets exactly its size, and may move.
     [[nodiscard]] void* GetBlockHandle() const;
 
 private:

@@ -5,7 +5,7 @@
 
 namespace MLCore {
 
-/// Some of the 256 characters, asked for without a comparison for each.
+/// A set of some of the 256 characters: one look-up finds whether it has a character.
 class CHARACTERSET {
 public:
     explicit constexpr CHARACTERSET(std::string_view members) noexcept {

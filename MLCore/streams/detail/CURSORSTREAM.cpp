@@ -1,5 +1,7 @@
 #include <MLCore/streams/detail/CURSORSTREAM.h>
 
+#include <MLCore/streams/detail/PATHTEXT.h>
+
 namespace MLCore {
 
 CURSORSTREAM::CURSORSTREAM(OpenMode mode, unsigned long long size)
@@ -27,27 +29,38 @@ void CURSORSTREAM::Lend(const std::type_info& own) noexcept {
 int CURSORSTREAM::IsEnd() const { return !IsReady() || mCursor.IsAtEnd() ? 1 : 0; }
 
 long CURSORSTREAM::GetValue(COSTREAM& out) {
-    FailNotReady();
+    RequireReady("copy the stream");
     return CISTREAM::GetValue(out);
 }
 
 unsigned long long CURSORSTREAM::GetPosition() const { return IsReady() ? mCursor.GetPosition() : 0; }
 
 void CURSORSTREAM::SetPosition(unsigned long long position) {
-    FailNotReady();
+    RequireReady("set the position");
     mCursor.SetPosition(position);
 }
 
 void CURSORSTREAM::SetPositionFromEnd(unsigned long long distance) {
-    FailNotReady();
+    RequireReady("set the position");
     mCursor.SetPositionFromEnd(distance);
 }
 
 void CURSORSTREAM::OffsetPosition(long delta) {
-    FailNotReady();
+    RequireReady("move the position");
     mCursor.Offset(delta);
 }
 
 unsigned long long CURSORSTREAM::GetSize() const { return IsReady() ? mCursor.GetSize() : 0; }
+
+const char* CURSORSTREAM::GetFailurePath() const noexcept { return nullptr; }
+
+void CURSORSTREAM::FailClosed(const char* operation) const {
+    const char* const path = GetFailurePath();
+    if (path != nullptr) {
+        const PATHTEXT shown(path);
+        FailWith(kErrStreamClosed, "cannot ", operation, ": the stream of ", shown.lead, shown.end, " is closed");
+    }
+    FailWith(kErrStreamClosed, "cannot ", operation, ": the stream is closed");
+}
 
 }  // namespace MLCore

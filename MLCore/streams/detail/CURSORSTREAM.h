@@ -8,14 +8,13 @@
 
 namespace MLCore {
 
-/// What the streams of both directions and of random access have in common when their size and position are all there is to
-/// know.
+/// The base of the streams that are read and written at a position which a STREAMCURSOR keeps.
 class MLCORE_API CURSORSTREAM : public CRANDOMIOSTREAM {
 public:
     ~CURSORSTREAM() override;
 
     using CISTREAM::GetValue;
-    /// At the first byte, with the size kept.
+    /// Opens the stream at its first byte; the size is kept.
     void Open() override;
     void Close() override;
     [[nodiscard]] int IsEnd() const override;
@@ -30,19 +29,25 @@ public:
 protected:
     explicit CURSORSTREAM(OpenMode mode, unsigned long long size = 0);
 
-    /// Called by Open(): until Close(), typed reads and typed writes are done in the cursor's memory.
-    /// Only for an object of the class `own` itself: one derived from it may have raw operations of its own.
+    /// Called by Open(): until Close(), typed reads and typed writes use the cursor's memory directly. Only for an
+    /// object of the class `own` itself: a derived class may have raw operations of its own.
     void Lend(const std::type_info& own) noexcept;
     [[nodiscard]] bool IsLent() const noexcept { return CISTREAM::mLent != nullptr; }
-    /// IsOpen(), which nobody can have overridden when the stream is lent.
+    /// IsOpen(), which no derived class can have overridden when the stream is lent.
     [[nodiscard]] bool IsReady() const { return IsLent() || IsOpen() != 0; }
-    void FailNotReady() const {
-        if (!IsReady()) {
-            FailOSErr(kErrStreamClosed);
+    /// The first step of each operation but the queries: fails with kErrStreamClosed (141) when the stream is closed.
+    void RequireReady(const char* operation) const {
+        if (!IsReady()) [[unlikely]] {
+            FailClosed(operation);
         }
     }
 
-    mutable STREAMCURSOR mCursor;  // what lies in memory changes while nothing else does
+    mutable STREAMCURSOR mCursor;  // its area changes while nothing else does
+
+private:
+    /// The file's path for the texts of failures; null for a stream without a file.
+    [[nodiscard]] virtual const char* GetFailurePath() const noexcept;
+    [[noreturn]] void FailClosed(const char* operation) const;
 };
 
 }  // namespace MLCore

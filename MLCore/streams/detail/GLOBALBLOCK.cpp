@@ -43,7 +43,7 @@ void GLOBALBLOCK::Reallocate(std::size_t size) {
     const bool fits = isRoomy || Resize(size) || size <= mRoom;
     mSize = fits ? size : mSize;
     Lock();
-    FailNull(fits ? mHandle : nullptr);
+    Require(fits && mHandle != nullptr, kErrNull, "no memory for a block of ", size, " bytes");
 }
 
 bool GLOBALBLOCK::Resize(std::size_t room) noexcept {
@@ -66,7 +66,7 @@ std::size_t GLOBALBLOCK::Refresh() noexcept {
 void GLOBALBLOCK::Lock() {
     if (mData == nullptr && mRoom != 0) {
         mData = platform::GlobalBlockLock(mHandle);
-        FailNull(mData);
+        Require(mData != nullptr, kErrNull, "cannot lock a memory block of ", mRoom, " bytes");
     }
 }
 

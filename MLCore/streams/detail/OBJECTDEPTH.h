@@ -6,16 +6,11 @@
 
 namespace MLCore {
 
-/// Counts how deep objects are nested while one is read or written: data could nest them until the stack ends. Beyond
-/// CISTREAM::kMaxObjectDepth: 138.
+/// Counts how deep objects are nested in each other while one of them is read or written: nothing else keeps data from
+/// nesting them until the stack overflows. Fails with kErrValueType (138) beyond CISTREAM::kMaxObjectDepth.
 class OBJECTDEPTH {
 public:
-    explicit OBJECTDEPTH(short& depth) : mDepth(depth) {
-        if (mDepth >= CISTREAM::kMaxObjectDepth) {
-            FailOSErr(kErrValueType);
-        }
-        ++mDepth;
-    }
+    explicit OBJECTDEPTH(short& depth);
     ~OBJECTDEPTH() { --mDepth; }
     OBJECTDEPTH(const OBJECTDEPTH&) = delete;
     OBJECTDEPTH& operator=(const OBJECTDEPTH&) = delete;
@@ -23,5 +18,11 @@ public:
 private:
     short& mDepth;
 };
+
+inline OBJECTDEPTH::OBJECTDEPTH(short& depth) : mDepth(depth) {
+    Require(mDepth < CISTREAM::kMaxObjectDepth, kErrValueType, "objects are nested in each other more than ",
+            CISTREAM::kMaxObjectDepth, " deep");
+    ++mDepth;
+}
 
 }  // namespace MLCore
