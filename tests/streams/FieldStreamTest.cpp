@@ -28,9 +28,9 @@ std::string FieldsOf(const Write& write) {
 TEST(FieldStreamTest, ReadsFieldsAndLines) {
     const std::string lengthy(40000, 'x');
     const std::pair<std::string, std::string> rows[] = {
-        {"x;\"y;z\";w\r\n", "x|y;z|w|/"},  // the fields, with "|" behind each, "/" behind each line
+        {"x;\"y;z\";w\r\n", "x|y;z|w|/"},  // the fields, with "|" after each, "/" after each line
         {"a;b;\r\n;\n\nc", "a|b||/||/|/c|/"},
-        {"a;b;", "a|b|/"},  // the end behind the last separator looks like the end of b
+        {"a;b;", "a|b|/"},  // the end after the last separator looks like the end of b
         {"a\r;\rb\r\r\n\rc\r", "a|b|/c|/"},
         {"\"one\ntwo;2\";3", "\"one|/two|2\";3|/"},
         {"\"open;1\n2;3", "\"open;1|/2|3|/"},

@@ -30,7 +30,7 @@ constexpr MODE kBoth = CSTREAM::ReadWrite;
 constexpr MODE kNew = kBoth | CSTREAM::Create | CSTREAM::Truncate;
 constexpr MODE kLog = kBoth | CSTREAM::Create | CSTREAM::Append;
 
-/// What tells of a code of the system.
+/// The class and message of a code of the system.
 constexpr int System(int code) { return -3000 - code; }
 
 std::string Noise(std::mt19937& random, std::size_t size) {

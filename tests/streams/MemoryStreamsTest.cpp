@@ -130,7 +130,7 @@ TEST(MemoryStreamsTest, HandlesAreOwnedOrBorrowed) {
             EXPECT_EQ(GlobalBlockSize(block), 156U);
             stream << "letter" << 'x';
         }
-        EXPECT_EQ(GlobalBlockSize(block), isOwned ? 0U : 163U) << "freed, or as large as told";
+        EXPECT_EQ(GlobalBlockSize(block), isOwned ? 0U : 163U) << "freed, or of the exact size";
         EXPECT_EQ(GlobalBlockFree(block), !isOwned);
     }
     void* const empty = GlobalBlockAlloc(0);

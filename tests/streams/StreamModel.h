@@ -53,7 +53,7 @@ struct MODEL {
     bool isOpen = false;
 };
 
-/// Does one thing and tells all that can be seen then.
+/// Does one operation and returns all that can be seen after it.
 template <class STREAM>
 std::string Do(STREAM& stream, std::size_t what, unsigned number) {
     std::string came(number, '?'), text(number / 4, static_cast<char>('a' + number % 26));

@@ -46,7 +46,7 @@ struct CPIPE : CISTREAM, COSTREAM {
     long lines = 0, most = 0;
 };
 
-/// Hides bytes behind a key; of the single values, `long` goes through it too.
+/// Encrypts bytes with a key; of the single values, `long` goes through it too.
 template <char key>
 struct CXOR : CISTREAMDECORATOR {
     using CISTREAMDECORATOR::CISTREAMDECORATOR;

@@ -37,7 +37,7 @@ TEST(TextStreamTest, EachCrAndLfWrittenEndsALine) {
     const auto write = [](COSTREAM& text) {
         text.SetValueBOOL(-5);
         text << "a\rb\nc\r\n" << std::string("\nd\0e\nf\r\n"sv);
-        text.SetValue(static_cast<const void*>("gh\n"), 2L);  // what lies behind is not looked at
+        text.SetValue(static_cast<const void*>("gh\n"), 2L);  // the bytes after it are not looked at
         text.SetValue(static_cast<const void*>("i"), -1L);
         text.SetNextLine();
         text.WriteLine("j");
@@ -111,7 +111,7 @@ TEST(TextStreamTest, EndsWithAStreamThatReadsPastItsEnd) {
 
 TEST(TextStreamTest, ReadsLinesAndStandsBehindThem) {
     const std::string lengthy(100000, 'x');
-    const std::pair<std::string, std::string> rows[] = {{"", ""},  // and the lines, with "|" behind each
+    const std::pair<std::string, std::string> rows[] = {{"", ""},  // and the lines, with "|" after each
                                                         {"a\r\nbc\r\n", "a|bc|"},
                                                         {"\n\r\n\r\nd", "|||d|"},
                                                         {"a\rb\r\r\nc\n\rd", "ab|c|d|"},
