@@ -45,8 +45,8 @@ std::string Write(const ROWS& rows, bool isHidden) {
     return BytesOf(memory);
 }
 
-/// Fields come back, with double quotes next to each other joined; what is read of any bytes comes back as it is, and is
-/// the same however the bytes are come by.
+/// Fields that are written are read again, with runs of double quotes as one. Fields read from any bytes are written and read
+/// again unchanged, and are the same however the stream gives its bytes.
 void Property(INPUT input) {
     ROWS rows(1), expected;
     const std::string bytes = input.Rest(40);

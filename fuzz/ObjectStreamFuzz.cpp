@@ -1,4 +1,4 @@
-// Objects made of any bytes, by whatever classes these name.
+// Objects read from any bytes, of whatever classes these name.
 #include <MLCore/core/COBJECTFACTORY.h>
 #include <MLCore/streams/CSERIALIZABLEOBJECT.h>
 #include <MLCore/streams/CSTREAMREADER.h>

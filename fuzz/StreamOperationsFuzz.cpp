@@ -26,14 +26,14 @@ void Check(STREAM& stream, MODEL model, INPUT steps, unsigned unit = 1) {
         FUZZ_REQUIRE(Do(stream, what, number) == Do(model, what, number));
         if constexpr (requires { stream.GetCapacity(); }) FUZZ_REQUIRE(stream.GetCapacity() == model.size);
     }
-    // All of it, also where it was closed or left in the middle.
+    // The whole content, also where the stream was closed or left in the middle.
     stream.Open();
     model.Open();
     const auto all = static_cast<unsigned>(model.size) + 9;
     FUZZ_REQUIRE(Do(stream, 5, all) == Do(model, 5, all));
 }
 
-/// Any operations do what they do to the model, and are refused where it refuses them, with nothing done.
+/// Any operations have the same effect as on the model, and fail where the model fails, with nothing done.
 void Property(INPUT input) {
     static const support::TEMPFILE scratch;
     static CFILESTREAM file(scratch.path, CSTREAM::ReadWrite | CSTREAM::Create);
@@ -56,11 +56,11 @@ void Property(INPUT input) {
         CCOUNTINGSTREAM stream;
         Check(stream, {.isCounting = true}, input);
     } else {
-        file.Close();  // nothing is left of the input before
+        file.Close();  // nothing of the previous input remains
         file.Open();
         file.SetSize(0);
         file << start;
-        // Seldom, as it takes its time: beyond the room in which a file's bytes are gathered.
+        // Seldom, as it is slow: beyond the buffer of a file stream.
         Check(file, {.bytes = start}, input, first == 254 ? 331 : 1);
     }
 }

@@ -1,4 +1,4 @@
-/// The same bytes in streams that are read in different ways, and must give the same.
+/// The same bytes in streams that are read in different ways and must give the same values.
 #pragma once
 
 #include <MLCore/streams/CBUFFERSTREAM.h>
@@ -21,7 +21,7 @@ struct LENT {
     MLCore::CBUFFERSTREAM memory;
 };
 
-/// Has a position, but is asked for every byte.
+/// Has a position, but lends nothing: every read is a call.
 struct ASKED {
     explicit ASKED(const std::string& bytes) : memory(static_cast<unsigned long>(bytes.size()), bytes.data()) {
         memory.Open();
@@ -50,7 +50,7 @@ inline std::string BytesOf(const MLCore::CBUFFERSTREAM& stream) {
     return std::string(static_cast<const char*>(stream.GetBuffer()), stream.GetSize());
 }
 
-/// Reads over a value, and tells its bytes then and the failure: none, or one of those that may be.
+/// Reads a value, and returns its bytes and the failure: none, or one of the expected ones.
 template <class Value>
 std::string ReadValue(MLCore::CISTREAM& stream, Value value, std::initializer_list<int> failures) {
     const auto failure = FailureOf([&] { stream.GetValue(value); });
@@ -58,7 +58,7 @@ std::string ReadValue(MLCore::CISTREAM& stream, Value value, std::initializer_li
     return std::string(reinterpret_cast<const char*>(&value), sizeof(value)) + std::to_string(failure.msg);
 }
 
-/// A value of the type of this number, 0 to 8.
+/// ReadValue() for the type of this number, 0 to 8.
 inline std::string ReadTyped(MLCore::CISTREAM& stream, unsigned type, std::initializer_list<int> failures) {
     using namespace MLCore;
     switch (type) {

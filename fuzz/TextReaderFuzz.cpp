@@ -12,7 +12,7 @@ using namespace fuzz;
 
 CCSVENCODER encoder;
 
-/// Does one thing and tells what came of it.
+/// Does one operation and returns its result.
 std::string Do(CISTREAMDECORATORTEXT& stream, unsigned what, unsigned number) {
     std::string text = "before";
     char buffer[33] = "";

@@ -10,7 +10,7 @@ using namespace MLCore;
 using namespace fuzz;
 using namespace std::string_view_literals;
 
-/// A block has the bytes behind its size, or there is none; written again, it is those bytes.
+/// A block has the bytes after its size, or there is none; written again, it gives the same bytes.
 std::string ReadBlock(CISTREAM& stream) {
     void* block = &stream;
     const auto failure = FailureOf([&] { stream.GetValue(block); });
@@ -60,7 +60,7 @@ std::string Do(CISTREAM& stream, unsigned what, unsigned number) {
     }
 }
 
-/// A large block is announced. Room is taken for it where no size is known, which takes its time: most are left out.
+/// A large block is announced. Where no size is known, memory is taken for it, which is slow: most of these inputs are left out.
 bool IsTooSlow(std::string_view ahead) {
     return ahead.size() >= 4 && ahead.substr(2, 2) != "\0\0"sv && ahead[0] != 'L';
 }
@@ -75,10 +75,10 @@ std::string Read(INPUT steps, const std::string& bytes) {
         const auto before = source.memory.GetPosition();
         const bool isBlock = step % 16 == 9 || step % 16 == 10;
         if (isBlock && IsTooSlow(std::string_view(bytes).substr(before))) continue;
-        const std::string told = Do(stream, step % 16, step / 16 * 3);
-        // A block that does not come leaves streams that know it at once behind its size, others where they saw it.
-        if (isBlock && told == "-110") source.memory.SetPosition(std::min(before + 4, source.memory.GetSize()));
-        all += told + (stream.IsEnd() != 0 ? 'E' : '_') + std::to_string(source.memory.GetPosition()) + '\n';
+        const std::string result = Do(stream, step % 16, step / 16 * 3);
+        // After a block that is too short, streams that know their size stand after the block's size, others at their end.
+        if (isBlock && result == "-110") source.memory.SetPosition(std::min(before + 4, source.memory.GetSize()));
+        all += result + (stream.IsEnd() != 0 ? 'E' : '_') + std::to_string(source.memory.GetPosition()) + '\n';
     }
     return all;
 }
