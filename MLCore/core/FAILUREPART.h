@@ -10,8 +10,14 @@ struct QUOTED {
     std::string_view text;
 };
 
+/// The path of a file, shown in the same way, but cut at its front: the end names the file.
+struct QUOTEDPATH {
+    std::string_view path;
+};
+
 /// Marks `text` to be shown in quotes in the text of a failure: `FailWith(kErrUnknownKey, "no key ", Quoted(key))`.
 [[nodiscard]] constexpr QUOTED Quoted(std::string_view text) noexcept { return {text}; }
+[[nodiscard]] constexpr QUOTEDPATH QuotedPath(std::string_view path) noexcept { return {path}; }
 
 /// One part of the text that Require() and FailWith() compose: an unchanged text, a quoted text, or a number. Texts are
 /// borrowed until the call ends; a null pointer means the empty text.
@@ -21,6 +27,7 @@ public:
     explicit constexpr FAILUREPART(const char* text) noexcept
         : FAILUREPART(text != nullptr ? std::string_view(text) : std::string_view()) {}
     explicit constexpr FAILUREPART(QUOTED quoted) noexcept : mKind(KIND::Quoted), mText(quoted.text) {}
+    explicit constexpr FAILUREPART(QUOTEDPATH quoted) noexcept : mKind(KIND::Path), mText(quoted.path) {}
     explicit constexpr FAILUREPART(std::signed_integral auto number) noexcept : mKind(KIND::Signed), mSigned(number) {}
     explicit constexpr FAILUREPART(std::unsigned_integral auto number) noexcept
         : mKind(KIND::Unsigned), mUnsigned(number) {}
@@ -31,7 +38,7 @@ public:
 
 private:
     friend class FAILURETEXT;
-    enum class KIND : unsigned char { Text, Quoted, Signed, Unsigned, Double };
+    enum class KIND : unsigned char { Text, Quoted, Path, Signed, Unsigned, Double };
 
     KIND mKind;
     std::string_view mText;

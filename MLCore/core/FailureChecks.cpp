@@ -32,8 +32,9 @@ void ThrowFailure(short code, std::initializer_list<FAILUREPART> parts) {
     }
 }
 
-void ThrowLastError(std::initializer_list<FAILUREPART> parts) {
-    const unsigned int code = platform::LastError();
+void ThrowLastError(std::initializer_list<FAILUREPART> parts) { ThrowSystemCode(platform::LastError(), parts); }
+
+void ThrowSystemCode(unsigned int code, std::initializer_list<FAILUREPART> parts) {
     FAILURETEXT text(parts);
     AddSystemMessage(text, code);
     try {

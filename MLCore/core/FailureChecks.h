@@ -27,12 +27,14 @@ namespace MLCore {
 /// memory for it, the failure has no text.
 [[noreturn]] MLCORE_API void ThrowFailure(short code, std::initializer_list<FAILUREPART> parts);
 
-/// Throws the system's last error with the text of all parts and the system's message: "cannot open 'x.csv': No such
+/// Throws a Win32 code or HRESULT with the text of all parts and the system's message: "cannot open 'x.csv': No such
 /// file or directory".
+[[noreturn]] MLCORE_API void ThrowSystemCode(unsigned int code, std::initializer_list<FAILUREPART> parts);
+/// The same with the system's last error.
 [[noreturn]] MLCORE_API void ThrowLastError(std::initializer_list<FAILUREPART> parts);
 
 /// Throws (code, code) with a text: one short English sentence that says what was found, where, and what was wanted.
-/// The parts are texts, numbers and Quoted() texts, written one after the other without blanks between them.
+/// The parts are texts, numbers, Quoted() texts and QuotedPath() paths, written one after the other without blanks between them.
 template <class... Parts>
 [[noreturn]] void FailWith(short code, const Parts&... parts) {
     ThrowFailure(code, {FAILUREPART(parts)...});
@@ -43,6 +45,12 @@ template <class... Parts>
 template <class... Parts>
 [[noreturn]] void FailWithLastError(const Parts&... parts) {
     ThrowLastError({FAILUREPART(parts)...});
+}
+
+/// The same with `code`, a Win32 code or an HRESULT, for the last error.
+template <class... Parts>
+[[noreturn]] void FailWithSystemCode(unsigned int code, const Parts&... parts) {
+    ThrowSystemCode(code, {FAILUREPART(parts)...});
 }
 
 /// Throws as FailWith() does unless `condition` holds. `code` must not be 0. The parts are always evaluated: where that

@@ -95,7 +95,7 @@ public:
         const bool isGivenSame = mGivenPath && platform::AbsolutePath(mGivenPath->c_str()) == path;
         mHasFailed = !mOutput.Open(path.c_str()) && (!isGivenSame || !mOutput.Open(mGivenPath->c_str()));
         if (mHasFailed) {
-            FailWithLastError("cannot open the log file ", Quoted(path));
+            FailWithLastError("cannot open the log file ", QuotedPath(path));
         }
     }
     void Close() noexcept { mOutput.Close(); }

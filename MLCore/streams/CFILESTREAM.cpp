@@ -1,11 +1,7 @@
 #include <MLCore/streams/CFILESTREAM.h>
 
-#include <MLCore/streams/detail/PATHTEXT.h>
-
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
-#include <new>
 #include <utility>
 
 namespace MLCore {
@@ -40,22 +36,13 @@ unsigned int FileFlags(CSTREAM::OpenMode mode) noexcept {
 
 /// Throws the system's last error with its message. `operation`: "open", "write to".
 void CFILESTREAM::FailSystem(const char* operation) const {
-    const PATHTEXT path(mPath);
-    FailWithLastError("cannot ", operation, " ", path.lead, path.end);
+    FailWithLastError("cannot ", operation, " ", QuotedPath(mPath));
 }
 
 /// Throws what the system would say of an operation that the open mode forbids.
 void CFILESTREAM::FailMode(const char* operation) const {
-    const PATHTEXT path(mPath);
-    char text[PATHTEXT::kMostShown + 100];
-    std::snprintf(text, sizeof(text), "cannot %s %s'%.*s': the stream was made for %s only", operation, path.lead,
-                  static_cast<int>(path.end.text.size()), path.end.text.data(),
-                  Has(ReadWrite) ? "appending" : "reading");
-    try {
-        throw FrameworkException(kAccessDenied, text);
-    } catch (const std::bad_alloc&) {
-        throw FrameworkException(kAccessDenied);
-    }
+    FailWithSystemCode(kAccessDenied, "cannot ", operation, " ", QuotedPath(mPath), ", opened for ",
+                       Has(ReadWrite) ? "appending" : "reading", " only");
 }
 
 const char* CFILESTREAM::GetFailurePath() const noexcept { return mPath.c_str(); }

@@ -127,6 +127,8 @@ TEST(FailureTextTest, QuotedTextsAreCutAndEscaped) {
     EXPECT_EQ(TextOf(Quoted({"\0\n\x1F \x7F\x80", 6})), "'\\x00\\x0A\\x1F \\x7F\x80'");
     EXPECT_EQ(TextOf(Quoted(std::string(60, 'x'))), "'" + std::string(60, 'x') + "'");
     EXPECT_EQ(TextOf(Quoted(std::string(61, 'x'))), "'" + std::string(60, 'x') + "...'");
+    EXPECT_EQ(TextOf(QuotedPath(std::string(60, 'x'))), "'" + std::string(60, 'x') + "'");
+    EXPECT_EQ(TextOf(QuotedPath("y/" + std::string(58, 'x') + ".c")), "'..." + std::string(58, 'x') + ".c'");
 }
 
 TEST(FailureTextTest, LongTextsAreCut) {

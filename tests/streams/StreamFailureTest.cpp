@@ -197,7 +197,7 @@ TEST(StreamFailureTest, FilesNameTheirPathAndTheReason) {
     const std::string missing = "no-such-folder/and-a-name-so-long-that-its-beginning-is-left-out/orders.csv";
     const auto failure = FailureOf([&] { CFILESTREAM(missing).Open(); });
     EXPECT_TRUE(failure.code == 2 || failure.code == 3) << failure.code;
-    EXPECT_EQ(failure, Saying(failure.msg, "cannot open ...'", "is-left-out/orders.csv': "));
+    EXPECT_EQ(failure, Saying(failure.msg, "cannot open '...", "is-left-out/orders.csv': "));
     EXPECT_GT(failure.text.size(), failure.text.find("': ") + 3) << "the system's reason";
 
     const support::TEMPFILE scratch;
@@ -207,12 +207,12 @@ TEST(StreamFailureTest, FilesNameTheirPathAndTheReason) {
     CFILESTREAM appender(scratch.path, CSTREAM::ReadWrite | CSTREAM::Append);
     reader.Open();
     const auto refused = FailureOf([&] { reader << "text"; });
-    EXPECT_EQ(refused, Saying(-3005, "cannot write to", name.c_str(), "the stream was made for reading only"));
+    EXPECT_EQ(refused, Saying(-3005, "cannot write to", name.c_str(), "opened for reading only"));
     EXPECT_EQ(refused.code, 5U);
     reader.Close();
     appender.Open();
     EXPECT_EQ(FailureOf([&] { appender.SetSize(1); }),
-              Saying(-3005, "cannot set the size of", name.c_str(), "the stream was made for appending only"));
+              Saying(-3005, "cannot set the size of", name.c_str(), "opened for appending only"));
     EXPECT_EQ(FailureOf([] { CFILESTREAM(static_cast<const char*>(nullptr)); }), Saying(-100, "path"));
 }
 

@@ -30,7 +30,11 @@ void FAILURETEXT::Add(const FAILUREPART& part) noexcept {
         case FAILUREPART::KIND::Text:
             return Add(part.mText);
         case FAILUREPART::KIND::Quoted:
-            return AddQuoted(part.mText);
+            return AddQuoted({}, part.mText.substr(0, kMaxQuoted), part.mText.size() > kMaxQuoted ? kCut : "");
+        case FAILUREPART::KIND::Path: {
+            const std::size_t left = part.mText.size() > kMaxQuoted ? part.mText.size() - kMaxQuoted : 0;
+            return AddQuoted(left > 0 ? kCut : "", part.mText.substr(left), {});
+        }
         case FAILUREPART::KIND::Signed:
             return AddNumber(part.mSigned);
         case FAILUREPART::KIND::Unsigned:
@@ -49,10 +53,11 @@ void FAILURETEXT::Add(std::string_view text) noexcept {
     }
 }
 
-void FAILURETEXT::AddQuoted(std::string_view text) noexcept {
+void FAILURETEXT::AddQuoted(std::string_view before, std::string_view text, std::string_view after) noexcept {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     Add("'");
-    for (const char character : text.substr(0, kMaxQuoted)) {
+    Add(before);
+    for (const char character : text) {
         const auto byte = static_cast<unsigned char>(character);
         if (byte < 0x20 || byte == 0x7F) {
             const char escaped[] = {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 0xFU]};
@@ -61,7 +66,8 @@ void FAILURETEXT::AddQuoted(std::string_view text) noexcept {
             Add(std::string_view(&character, 1));
         }
     }
-    Add(text.size() > kMaxQuoted ? "...'" : "'");
+    Add(after);
+    Add("'");
 }
 
 template <class Number>

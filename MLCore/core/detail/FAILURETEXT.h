@@ -26,7 +26,7 @@ public:
     [[nodiscard]] const char* Get() const noexcept { return mText.data(); }
 
 private:
-    void AddQuoted(std::string_view text) noexcept;
+    void AddQuoted(std::string_view before, std::string_view text, std::string_view after) noexcept;
     template <class Number>
     void AddNumber(Number number) noexcept;
 

@@ -1,6 +1,6 @@
 #include <MLCore/streams/detail/CURSORSTREAM.h>
 
-#include <MLCore/streams/detail/PATHTEXT.h>
+#include <MLCore/core/FailureChecks.h>
 
 namespace MLCore {
 
@@ -57,8 +57,7 @@ const char* CURSORSTREAM::GetFailurePath() const noexcept { return nullptr; }
 void CURSORSTREAM::FailClosed(const char* operation) const {
     const char* const path = GetFailurePath();
     if (path != nullptr) {
-        const PATHTEXT shown(path);
-        FailWith(kErrStreamClosed, "cannot ", operation, ": the stream of ", shown.lead, shown.end, " is closed");
+        FailWith(kErrStreamClosed, "cannot ", operation, ": the stream of ", QuotedPath(path), " is closed");
     }
     FailWith(kErrStreamClosed, "cannot ", operation, ": the stream is closed");
 }
