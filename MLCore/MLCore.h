@@ -1,5 +1,5 @@
-/// The whole library, except the services of the system (MLCore/platform/), whose headers are included one by one. A program that
-/// wants short compile times includes the headers of the classes that it uses instead.
+/// The whole library except MLCore/platform/, whose headers are included one by one. A program that wants short compile
+/// times includes the headers of the classes that it uses instead.
 #pragma once
 
 #include <MLCore/core/CCLASSTYPEINFO.h>

@@ -16,8 +16,7 @@ protected:
     virtual ~PROTOCOL();
 };
 
-/// Produces the PROTOCOL* of one protocol for an object. The name with its underscores is the library's established
-/// one.
+/// Produces the PROTOCOL* of one protocol for an object. The name keeps its established spelling.
 class MLCORE_API __protocol_base__ {
 public:
     virtual ~__protocol_base__();

@@ -37,14 +37,14 @@ public:
     /// the key.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key);
     /// Sets the property `key` to `value` (may be null); the object adds its own reference. Fails with kErrUnknownKey
-    /// when the class does not know the key or does not let it be set.
+    /// when the class does not know the key, or when the property cannot be set.
     virtual void SetKeyValue(const std::string& key, COBJECT* value);
-    /// The value at the end of `keyPath` (CKEYPARSER describes the form). A null on the way gives null. Fails with
-    /// kErrUnknownKey when the path is malformed, a key is unknown, an index is out of range, or the object at an index
-    /// step has no elements; for a path of several steps the text names the path and the step.
+    /// The value at the end of `keyPath` (CKEYPARSER describes the format). A null before the end gives null. Fails
+    /// with kErrUnknownKey when the path is malformed, a key is unknown, an index is out of range, or the object at an
+    /// index step has no elements; for a path of several steps the text names the path and the step.
     [[nodiscard]] virtual CSHAREOBJECTPTR<COBJECT> GetKeyPathValue(const std::string& keyPath);
     /// Sets the property, or the element of an array, at the end of `keyPath`. Fails as GetKeyPathValue() does, as
-    /// SetKeyValue() of the last object does, and with kErrUnknownKey for a null on the way.
+    /// SetKeyValue() of the last object does, and with kErrUnknownKey for a null before the end.
     virtual void SetKeyPathValue(const std::string& keyPath, COBJECT* value);
     /// 1 when the class conforms to `protocol`.
     [[nodiscard]] virtual int ConformsToProtocol(const CCLASSTYPEINFO* protocol) const;

@@ -39,8 +39,8 @@ public:
     /// identifier already taken goes to the new class. Fails with kErrNull (-100) when the name or the creator is null.
     void RegisterClass(const char* className, const char* classIdentifier, CREATOR creator);
     void RegisterClass(const char* className, CREATOR creator);
-    /// Removes the class under this name with its identifier, unless another class has taken that over. Unknown or
-    /// null names are ignored.
+    /// Removes the class under this name with its identifier, unless another class has taken over the identifier.
+    /// Unknown or null names are ignored.
     void UnregisterClass(const char* className);
 
     /// 1 when a class of this name, or identifier, is registered (null: 0).

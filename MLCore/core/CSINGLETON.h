@@ -41,7 +41,7 @@ public:
     /// passes through, and the next call tries again. T's constructor must not call it.
     static T* GetInstance();
     /// Deletes the instance, if one exists; a later GetInstance() creates a new one. Must not be called while another
-    /// thread uses the instance or calls GetInstance(), nor by T's destructor.
+    /// thread uses the instance or calls GetInstance(). T's destructor must not call it.
     static void Free();
 
 protected:
@@ -99,7 +99,7 @@ void CSINGLETON<T, Policy>::Free() {
 template <class T, class Policy>
 CSINGLETON<T, Policy>::CSINGLETON() {
     if constexpr (std::is_same_v<Policy, autorelease>) {
-        // Once for all that are created until the end; whoever creates another one then has that freed in its turn.
+        // Registered once. An instance that is created during the exit registers again, so it is freed too.
         static bool isRegistered = false;
         isRegistered = isRegistered || std::atexit([] {
                                            isRegistered = false;
@@ -110,7 +110,7 @@ CSINGLETON<T, Policy>::CSINGLETON() {
 
 template <class T, class Policy>
 CSINGLETON<T, Policy>::~CSINGLETON() {
-    // Not so when T's constructor has failed: then the flag is still in use, and GetInstance resets it.
+    // Skipped when T's constructor has failed: the flag is then still in use, and GetInstance() resets it.
     if (static_cast<CSINGLETON*>(mInstance) == this) {
         mInstance = nullptr;
         ResetInit();

@@ -64,7 +64,7 @@ private:
 };
 
 /// The description of `Class`, which derives from `Base` (void for a root or a protocol) and adds `Protocols`. Each of
-/// them must be a base class of Class that is not virtual.
+/// them must be a non-virtual base class of Class.
 template <class Class, class Base, class... Protocols>
 class CLASSDESCRIPTION final : public CCLASSTYPEINFO {
 public:

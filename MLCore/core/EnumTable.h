@@ -7,8 +7,8 @@
 namespace MLCore {
 
 /// True when row i of a table belongs to the enumerator i, for all `count` enumerators. With
-/// `static_assert(IsIndexedBy(kRows, &ROW::type, kTypeCount))` a missing, a double or a misplaced row is an error of the
-/// compilation.
+/// `static_assert(IsIndexedBy(kRows, &ROW::type, kTypeCount))` a table with a missing, repeated or misplaced row does
+/// not compile.
 template <class Row, std::size_t rowCount, class Enum>
 [[nodiscard]] consteval bool IsIndexedBy(const Row (&rows)[rowCount], Enum Row::*enumerator, std::size_t count);
 

@@ -16,7 +16,7 @@ inline constexpr short kErrBadTypeId = 123;        ///< std::bad_typeid
 inline constexpr short kErrUnknownClass = 123;     ///< a class that the factory does not know
 inline constexpr short kErrStreamFailure = 124;    ///< std::ios_base::failure
 inline constexpr short kErrRange = 125;            ///< std::range_error
-inline constexpr short kErrOverflow = 126;         ///< std::overflow_error; a number too large for its stored form
+inline constexpr short kErrOverflow = 126;         ///< std::overflow_error; a number too large to be stored
 inline constexpr short kErrUnderflow = 127;        ///< std::underflow_error
 inline constexpr short kErrRuntime = 128;          ///< std::runtime_error
 inline constexpr short kErrLength = 129;           ///< std::length_error
@@ -25,13 +25,13 @@ inline constexpr short kErrOutOfRange = 131;       ///< std::out_of_range
 inline constexpr short kErrInvalidArgument = 132;  ///< std::invalid_argument
 inline constexpr short kErrLogic = 133;            ///< std::logic_error
 inline constexpr short kErrOtherException = 134;   ///< any other std::exception
-inline constexpr short kErrValueType = 138;     ///< a value of another type than asked for, or a text that is not one
-inline constexpr short kErrStreamClosed = 141;  ///< an operation on a closed stream
-inline constexpr short kErrUnsupported = 150;   ///< an operation that the class does not support
-inline constexpr short kErrUnknownKey = 151;    ///< an unknown key, an index out of range, a malformed path
+inline constexpr short kErrValueType = 138;        ///< a value of the wrong type, or a text that is not one
+inline constexpr short kErrStreamClosed = 141;     ///< an operation on a closed stream
+inline constexpr short kErrUnsupported = 150;      ///< an operation that the class does not support
+inline constexpr short kErrUnknownKey = 151;       ///< an unknown key, an index out of range, a malformed path
 
-/// The meaning of a code as a short English sentence without a full stop: "the stream is closed". Never null: the codes
-/// from -3000 downward are the operating system's or COM's, and a number that is not a code is described as such. The
+/// The meaning of a code as a short English sentence without a full stop: "the stream is closed". Never null: it also
+/// describes the codes of the operating system and of COM, from -3000 downward, and numbers that are not codes. The
 /// text of a FrameworkException says more, if it has one.
 [[nodiscard]] MLCORE_API const char* DescribeFailure(short code) noexcept;
 

@@ -1,5 +1,5 @@
 /// \file
-/// The class of an object itself, where a class derived from it may do things in its own way.
+/// Tests of the exact class of an object: a derived class may override its functions.
 #pragma once
 
 #include <typeinfo>
@@ -7,7 +7,7 @@
 namespace MLCore {
 
 /// True when `object` is of one of these classes itself, `IsExactly<CVALUEOBJECT>(*object)`; false for an object of a
-/// class derived from them. Code that takes a short cut around a virtual function asks this first.
+/// class derived from them. Code that avoids the call of a virtual function must check this first.
 template <class... Classes, class Object>
 [[nodiscard]] bool IsExactly(const Object& object) noexcept {
     static_assert(sizeof...(Classes) > 0, "name the classes: IsExactly<CVALUEOBJECT>(object)");

@@ -1,6 +1,5 @@
 /// The checks that turn a status or a condition into a FrameworkException. Each returns when the check passes and
-/// throws otherwise. The library calls these instead of throwing, and so may applications that want failures of the
-/// same shape.
+/// throws otherwise. The library calls these instead of throwing, and applications may call them too.
 ///
 /// New code calls Require() and FailWith(), which give the failure a text.
 ///
@@ -41,7 +40,7 @@ template <class... Parts>
 }
 
 /// Throws the system's last error, as FailLastError() does, with a text: the parts, ": ", and the system's message.
-/// Must be called before anything else that may change the last error; so the parts must not call the system.
+/// Must be called before anything else that may change the last error, so the parts must not call the system.
 template <class... Parts>
 [[noreturn]] void FailWithLastError(const Parts&... parts) {
     ThrowLastError({FAILUREPART(parts)...});
@@ -53,8 +52,8 @@ template <class... Parts>
     ThrowSystemCode(code, {FAILUREPART(parts)...});
 }
 
-/// Throws as FailWith() does unless `condition` holds. `code` must not be 0. The parts are always evaluated: where that
-/// costs something, call FailWith() under an `if`.
+/// Throws as FailWith() does unless `condition` holds. `code` must not be 0. The parts are always evaluated. If that
+/// takes time, call FailWith() under an `if` instead.
 template <class... Parts>
 void Require(bool condition, short code, const Parts&... parts) {
     if (!condition) [[unlikely]] {
@@ -80,16 +79,16 @@ MLCORE_API void FailCoherErr(unsigned short code, const char* text);
 /// Throws a coherence error on field number `field` with `text` (copied; may be null) when `code` is not 0.
 MLCORE_API void FailCoherFieldErr(unsigned short code, unsigned short field, const char* text);
 
-/// Throws (1, 0) when `value` is 0.
+/// Throws (kErrBoolean, 0), which is (1, 0), when `value` is 0.
 MLCORE_API void FailFALSE(int value);
 
-/// Throws (1, 0) when `value` is not 0.
+/// Throws (kErrBoolean, 0) when `value` is not 0.
 MLCORE_API void FailTRUE(int value);
 
 /// Throws kErrNull (-100) when `pointer` is null.
 MLCORE_API void FailNull(const void* pointer);
 
-/// FailNull under its other name.
+/// The same as FailNull().
 MLCORE_API void FailNullPtr(const void* pointer);
 
 /// For system calls that return 0 on failure: throws the system's last error when `result` is 0. On Linux `errno` is

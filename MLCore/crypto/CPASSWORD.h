@@ -29,9 +29,9 @@ namespace MLCore {
 /// "ABCDEFGHJKLMNPQRSTWXYZ", lower case "abcdefgijkmnopqrstwxyz", digits "123456789", symbols "*$-+?_&=!%{}/".
 ///
 /// Failures are FrameworkExceptions: the system's last error when it gives no random bytes or does not protect memory,
-/// kErrNull (-100) without memory for secrets; or std::bad_alloc without other memory. Their texts never say anything
-/// about a content. A failed call leaves the password unchanged, with one exception: memory that the system refuses to
-/// seal stays readable until the next Unlock() seals it.
+/// and kErrNull (-100) without memory for secrets. Without other memory, std::bad_alloc is thrown. Their texts never
+/// describe the content. A failed call leaves the password unchanged, with one exception: memory that the system
+/// refuses to seal stays readable until the next Unlock() seals it.
 ///
 /// One object must be used by one thread at a time. Each object takes whole pages of memory: the class is meant for a
 /// few thousand secrets at most.

@@ -7,7 +7,7 @@
 namespace MLCore {
 
 /// The calendar of Portuguese banks. Its holidays are those of CCALENDARPORTOSTRATEGY, on purpose; it is a separate
-/// class because the two may differ one day.
+/// class because the two may differ in the future.
 class MLCORE_API CCALENDARBANQUEPORTOSTRATEGY : public CCALENDARSTRATEGY {
 public:
     /// A new calendar with the default settings.

@@ -10,8 +10,8 @@
 namespace MLCore {
 
 /// A business calendar: which weekdays are open for business (ouvré), which dates are public holidays (férié), which
-/// days are worked (travaillé), on which day a week starts and which week is the first of a year. Dates ask it wherever
-/// they take a strategy.
+/// days are worked (travaillé), on which day a week starts and which week is the first of a year. Every function of a
+/// date that takes a strategy uses it.
 ///
 /// To make your own calendar, derive from this class or from one of the library's, and override IsFerie(). Override
 /// IsTravaille() too where worked days follow another rule:
@@ -27,9 +27,9 @@ namespace MLCore {
 ///
 /// By default Monday to Friday are open, weeks start on Monday, and week 1 has at least four days in the new year.
 ///
-/// A strategy is a shared object without a lock. Its settings may be changed at any time and count from the next
-/// question; a thread that asks while another one changes them gets the old or the new ones. Nothing here fails. What
-/// an override throws passes through the date that asked.
+/// A strategy is a shared object without a lock. Its settings may be changed at any time and apply from the next call.
+/// A thread that reads them during a change gets the old or the new ones. Nothing here fails. The exceptions of an
+/// override pass through the function that called it.
 class MLCORE_API CCALENDARSTRATEGY : public CSHAREOBJECT {
 public:
     /// Which week is week 1 of a year.
@@ -45,7 +45,7 @@ public:
     CCALENDARSTRATEGY(const CCALENDARSTRATEGY&) = default;
 
     /// 1 when the weekday is open for business. Takes the negative weekdays of CDATE::GetDayOfWeek() too (-6..-1); any
-    /// other number gives 0. Walks from day to day ask this once for each day.
+    /// other number gives 0. A walk from day to day calls this once for each day.
     [[nodiscard]] virtual int IsOuvre(CDATE::eDay day) const;
     /// Opens (not 0) or closes (0) a weekday; a number outside -6..6 is ignored.
     virtual void SetOuvre(CDATE::eDay day, int isOuvre);
@@ -55,13 +55,13 @@ public:
     [[nodiscard]] virtual CDATE::eDay GetFirstDayOfWeek();
     /// Stores the weekday as it is; weeks start on it modulo 7.
     virtual void SetFirstDayOfWeek(CDATE::eDay day);
-    /// 1 on a public holiday. Called for dates of any fields, also for those that are not valid.
+    /// 1 on a public holiday. It is also called for dates that are not valid.
     [[nodiscard]] virtual int IsFerie(const CDATE& date) const = 0;
     /// 1 on a worked day; by default, on an open weekday that is not a holiday.
     [[nodiscard]] virtual int IsTravaille(const CDATE& date) const;
 
-    /// Easter Sunday of the year as a date: see EasterOf() in Easter.h. For years below 0 it is what the formula gives;
-    /// no calendar here has movable holidays in them.
+    /// Easter Sunday of the year as a date: see EasterOf() in Easter.h. For a year below 0 it returns the result of the
+    /// formula; the library's calendars have no movable holidays in such years.
     [[nodiscard]] static CDATE GetPaquesDate(short year) noexcept;
 
 protected:

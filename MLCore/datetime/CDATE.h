@@ -26,15 +26,14 @@ class CCALENDARSTRATEGY;
 ///     CDATE next = NextDateOuvre(date);             // 1/3/2024: the next business day of the current calendar
 ///     int isRead = date.FromString("30/02/2024");   // 0, and the date is unchanged: parsers return 1 or 0
 ///
-/// A date holds what it is given: 31/2/2024 can be stored, compared and counted with; IsDate() says that it is not a
-/// valid date. The null date 0/0/0 sorts before all valid dates. Years run from 0; arithmetic goes beyond as long as
-/// the year fits 16 bits, and gives the null date where it does not.
+/// A date stores any fields: 31/2/2024 can be stored, compared and counted with; IsDate() says that it is not a valid
+/// date. The null date 0/0/0 sorts before all valid dates. Valid years begin with 0. Arithmetic also gives earlier
+/// years if they fit 16 bits, and the null date for a year that does not fit.
 ///
-/// No operation fails. Memory is taken only for texts and by the first question to the current calendar; a lack of it
-/// and what an application's own strategy throws pass through.
+/// No operation fails. Only texts and the first use of the current calendar take memory; without it, std::bad_alloc
+/// passes through. Exceptions of an application's own strategy pass through too.
 ///
-/// Wherever a CCALENDARSTRATEGY* is taken, it is borrowed for the call, and null means the current calendar
-/// (CCALENDARMANAGER).
+/// A CCALENDARSTRATEGY* is borrowed for the call, and null means the current calendar (CCALENDARMANAGER).
 class MLCORE_API CDATE {
 public:
     enum eDay : int { Monday, Tuesday, Wednesday, Thursday, Friday, Saturday, Sunday };
@@ -56,9 +55,9 @@ public:
 
     /// The null date.
     constexpr CDATE() noexcept = default;
-    /// Stores the fields as they are. The day comes first: in a constant expression a day above 31 or a month above 12
-    /// does not compile, and neither does CDATE(2026, 4, 30) anywhere else, if the compiler optimizes and is g++ or
-    /// clang.
+    /// Stores the fields as they are. The day comes first. In a constant expression a day above 31 or a month above 12
+    /// does not compile. When g++ or clang optimizes, the constants in CDATE(2026, 4, 30) do not compile elsewhere
+    /// either.
     constexpr CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept;
     /// Takes wDay, wMonth and wYear.
     explicit CDATE(const _SYSTEMTIME& time) noexcept;
@@ -112,8 +111,8 @@ public:
     /// The day of the year, 1 on 1 January; 0 when the date is not valid.
     [[nodiscard]] std::int16_t GetDayNumber() const noexcept;
     /// The number of the week under the strategy's first day of the week and rule for week 1. `year` (may be null)
-    /// receives the year that the week belongs to; where that year does not fit 16 bits, the date's own. A date that is
-    /// not valid gives 0 and its year field.
+    /// receives the year that the week belongs to, or the date's own year if that one does not fit 16 bits. A date that
+    /// is not valid gives 0 and its year field.
     [[nodiscard]] std::int16_t GetWeekNumber(std::int16_t* year = nullptr, CCALENDARSTRATEGY* strategy = nullptr) const;
     /// The number of the bimestre (1..6), trimestre (1..4) and semestre (1..2) in the year, computed from the month
     /// alone.
@@ -128,15 +127,15 @@ public:
     /// 1 on a public holiday (férié).
     [[nodiscard]] int IsFerie(CCALENDARSTRATEGY* strategy = nullptr) const;
 
-    /// Days from 1 January 1904, negative before it. Defined for any fields.
+    /// Days from 1 January 1904, negative for earlier dates. Defined for any fields.
     [[nodiscard]] constexpr std::int32_t ComputeDaysFrom1904() const noexcept {
         return serialday::FromFields(mDay, mMonth, mYear);
     }
     /// The exact inverse; the null date when the year does not fit 16 bits.
     constexpr void From1904(long serial) noexcept;
 
-    /// Counts against another date: never negative, whichever of the two comes first. Days, weeks and business days are
-    /// -1 when one of the two is not valid; the others take the fields as they are.
+    /// The distance to another date, never negative, in either order. Days, weeks and business days are -1 when one of
+    /// the two is not valid; the others take the fields as they are.
     [[nodiscard]] std::int32_t ComputeDays(const CDATE& other) const noexcept;
     /// The number of week ends passed from the earlier to the later date.
     [[nodiscard]] std::int32_t ComputeWeeks(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
@@ -150,21 +149,21 @@ public:
     [[nodiscard]] std::int32_t ComputeDaysOuvre(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
     /// The same for worked days.
     [[nodiscard]] std::int32_t ComputeDaysTravaille(const CDATE& other, CCALENDARSTRATEGY* strategy = nullptr) const;
-    /// The count of the kind asked for; -1 when one of the two is not valid or the kind is unknown.
+    /// The count for this kind of period; -1 when one of the two is not valid or the kind is unknown.
     [[nodiscard]] std::int32_t Echelonnement(const CDATE& other, eTypeEchelonnement type,
                                              CCALENDARSTRATEGY* strategy = nullptr) const;
 
-    /// Moves by days; negative numbers move back. Arithmetic makes no exception for the null date and counts on from
-    /// its fields: null + 1 day is 1/1/0. Call IsNull() first where a date may be null.
+    /// Moves by days; negative numbers move back. Arithmetic treats the null date like any other and counts from its
+    /// fields: null + 1 day is 1/1/0. Call IsNull() first where a date may be null.
     MLCORE_TEMPLATE_API constexpr CDATE& AddDays(long days) noexcept;
-    /// Keeps the day where the month has it and lowers it where not: 31 January + 1 month is the end of February.
+    /// Keeps the day if the new month has it, and lowers it otherwise: 31 January + 1 month is the end of February.
     MLCORE_TEMPLATE_API constexpr CDATE& AddMonths(long months) noexcept;
     /// AddMonths() of 12 months a year: 29 February 2024 + 1 year is 28 February 2025.
     MLCORE_TEMPLATE_API constexpr CDATE& AddYears(long years) noexcept;
     /// Moves by `days` business days, not counting the day it starts from, and stops at MinDate or MaxDate; a date at
-    /// or beyond the bound that it would move towards stays. Where no day of the week is open for business it becomes
-    /// MinDate for negative `days`, MaxDate otherwise, 0 included. When the strategy throws, the date stays as it was.
-    /// Takes time as ComputeDaysOuvre() does.
+    /// or beyond the bound in its direction stays the same. If no day of the week is open for business, it becomes
+    /// MinDate for negative `days`, MaxDate otherwise, 0 included. When the strategy throws, the date stays the same.
+    /// Takes as much time as ComputeDaysOuvre().
     CDATE& AddDaysOuvre(long days, CCALENDARSTRATEGY* strategy = nullptr);
     /// The same by worked days; only the bounds stop it.
     CDATE& AddDaysTravaille(long days, CCALENDARSTRATEGY* strategy = nullptr);
@@ -178,7 +177,7 @@ public:
     friend CDATE operator+(CDATE date, long days) noexcept { return date += days; }
     friend CDATE operator-(CDATE date, long days) noexcept { return date -= days; }
     friend CDATE operator+(long days, CDATE date) noexcept { return date += days; }
-    /// The number of days between, negative when the left one is the earlier.
+    /// The number of days from right to left, negative when the left one is the earlier.
     friend constexpr std::int32_t operator-(const CDATE& left, const CDATE& right) noexcept {
         return left.ComputeDaysFrom1904() - right.ComputeDaysFrom1904();
     }
@@ -203,20 +202,20 @@ public:
     [[nodiscard]] std::uint16_t ToSDate() const noexcept;
     /// 32 bits: day, month << 8, year << 16.
     [[nodiscard]] constexpr std::int32_t ToLDate() const noexcept { return ComparisonKey(); }
-    /// The OLE Automation date (days from 30 December 1899); 0.0 for the null date and for what the system refuses. It
-    /// takes years from 100 to 9999, and a year below 100 as two digits of a year near our time (0 is 2000, 99 is
-    /// 1999).
+    /// The OLE Automation date (days from 30 December 1899); 0.0 for the null date and for a date that the system
+    /// refuses. The system accepts the years 100 to 9999. It takes a year below 100 as the last two digits of a year
+    /// near the present (0 is 2000, 99 is 1999).
     [[nodiscard]] double ToWDate() const noexcept;
     /// The fields, wDayOfWeek (0 = Sunday) and the time 0. <MLCore/platform/WinTypes.h> completes the type.
     [[nodiscard]] _SYSTEMTIME ToSystemTime() const noexcept;
 
-    /// Reads a date in one of many forms: YYYY-MM-DD, optionally with "T" and a time as in FromStringXML(); DDMMYYYY;
+    /// Reads a date in one of many formats: YYYY-MM-DD, optionally with "T" and a time as in FromStringXML(); DDMMYYYY;
     /// DDMMYY; and the last two with "/" or "-" between. Returns 1, or 0 and leaves the date unchanged; null gives 0.
     ///
-    /// It is lenient, tries the forms in this order, and reads some texts as dates that nobody meant: "05-03-24" is 24
-    /// March of the year 5, because the first form checks no lengths; "2010-13-01" fails in it and then matches a later
-    /// form. This is kept for existing data. Where the form is known, use its own reader. All readers return as this
-    /// one does.
+    /// It is lenient, tries the formats in this order, and reads some texts as dates that nobody meant. "05-03-24" is
+    /// 24 March of the year 5, because the first format has no fixed lengths; "2010-13-01" does not match it and then
+    /// matches a later one. This is kept for existing data. If the format is known, use its own reader. All readers
+    /// have the same results as this one.
     int FromString(const char* text) noexcept;
     /// Reads DDMMYYYY from the first 8 characters, as numbers in C read them ("1a" is 1); the rest is ignored.
     int FromStringLong(const char* text) noexcept;
@@ -232,7 +231,8 @@ public:
 private:
     static constexpr bool IsMonth(int month) noexcept { return static_cast<unsigned>(month) - 1U < 12U; }
     static constexpr int IsYearBissextile(long year) noexcept;
-    // AddMonths() for a month outside 1..12. Takes the fields: for a whole date callers would keep theirs in memory.
+    // AddMonths() for a month outside 1..12. Takes the fields: with a CDATE as the parameter, callers would keep their
+    // date in memory.
     [[nodiscard]] static CDATE MonthsFromNoMonth(int day, int month, int year, long months) noexcept;
     [[nodiscard]] constexpr std::int32_t ComparisonKey() const noexcept {
         return mDay | (mMonth * 256) | (mYear * 65536);
@@ -280,7 +280,7 @@ constexpr std::int16_t CDATE::GetSemestreNumber() const noexcept {
 }
 
 constexpr void CDATE::From1904(long serial) noexcept {
-    // A mask instead of a branch, so that compilers can convert many at once.
+    // A mask instead of a branch, so that compilers can convert several dates in one instruction.
     const auto day = static_cast<std::int32_t>(serial);
     const int mask = -static_cast<int>(day == serial && day >= serialday::kFirst && day <= serialday::kLast);
     const serialday::FIELDS fields = serialday::ToFields(day);
@@ -334,7 +334,7 @@ constexpr int CDATE::DaysInMonth(int month, int year) noexcept {
 }
 
 constexpr int CDATE::IsYearBissextile(long year) noexcept {
-    // Of the years that 4 divides and 25 too, the centuries, only those that 16 divides.
+    // A year is a leap year if 4 divides it, a century only if 16 divides it.
     return (year & (year % 25 != 0 ? 3 : 15)) == 0 ? 1 : 0;
 }
 
@@ -345,8 +345,8 @@ constexpr int CDATE::IsYearBissextile(long year) noexcept {
 [[nodiscard]] MLCORE_API CDATE AddDaysOuvre(CDATE date, long days, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATE AddDaysTravaille(CDATE date, long days, CCALENDARSTRATEGY* strategy = nullptr);
 
-/// The nearest business day after, or before, the date, and never the date itself. MaxDate, or MinDate, where there is
-/// none up to it, and where no day of the week is open for business.
+/// The nearest business day after (or before) the date, never the date itself. MaxDate (or MinDate) if there is none up
+/// to that bound, or if no day of the week is open for business.
 [[nodiscard]] MLCORE_API CDATE NextDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
 [[nodiscard]] MLCORE_API CDATE PreviousDateOuvre(const CDATE& date, CCALENDARSTRATEGY* strategy = nullptr);
 /// The same for worked days; only the bounds stop the search.

@@ -47,7 +47,7 @@ public:
     friend CDATETIME operator+(CDATETIME moment, const CTIMESPAN& span) noexcept { return moment += span; }
     friend CDATETIME operator-(CDATETIME moment, const CTIMESPAN& span) noexcept { return moment -= span; }
     friend CDATETIME operator+(const CTIMESPAN& span, CDATETIME moment) noexcept { return moment += span; }
-    /// The span from right to left, negative when the left one is the earlier; zones play no part.
+    /// The span from right to left, negative when the left one is the earlier, without regard to zones.
     friend CTIMESPAN operator-(const CDATETIME& left, const CDATETIME& right) noexcept {
         return CTIMESPAN(left.SecondsFrom1904() - right.SecondsFrom1904());
     }
@@ -64,7 +64,7 @@ public:
     friend constexpr std::weak_ordering operator<=>(const CDATETIME&, const CDATETIME&) noexcept = default;
 
     /// ToLocalZone() converts from UTC to the process's local time, ToGMZone() back. A local time that occurs twice is
-    /// taken as the earlier moment; one that is skipped counts on from the time before the gap. Dates outside the
+    /// taken as the earlier moment; one that is skipped is counted from the time before the gap. Dates outside the
     /// system's range use the offset of the nearest year in it.
     void ToLocalZone() noexcept;
     void ToGMZone() noexcept;
@@ -74,8 +74,8 @@ public:
     /// The value is taken as local time and written in UTC: "2024-03-05T07:05:09"; "" for null, and where UTC leads to
     /// a year that does not fit 16 bits.
     [[nodiscard]] std::string ToStringXML() const;
-    /// Reads what ToString() writes for the years 0 to 9999, the date as CDATE::FromStringLong() does. "" gives the
-    /// null date-time. Returns 1, or 0 and leaves the value unchanged; a null pointer gives 0.
+    /// Reads the text that ToString() writes for the years 0 to 9999. CDATE::FromStringLong() reads its date. "" gives
+    /// the null date-time. Returns 1, or 0 and leaves the value unchanged; a null pointer gives 0.
     int FromString(const char* text) noexcept;
     /// Reads a date and, after "T", a time as CTIME::FromStringXML() reads it. Takes them as UTC and stores local time.
     /// "" gives the null date-time. Returns 1, or 0 and leaves the value unchanged; a null pointer gives 0.

@@ -137,7 +137,7 @@ public:
     ///
     /// A zone offset is *applied with its own sign*: 10:00:00+02:00 gives 12:00:00. That is the reverse of converting
     /// local time to UTC, and it is intended. The result wraps around midnight; a date before the time stays the same.
-    /// The compact form takes no numeric offset.
+    /// The compact format takes no numeric offset.
     ///
     /// After a date and "T" ("2024-03-05T23:30:00") the result is taken as UTC on that date and converted to local
     /// time.

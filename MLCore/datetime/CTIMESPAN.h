@@ -45,8 +45,8 @@ public:
     friend constexpr bool operator==(const CTIMESPAN&, const CTIMESPAN&) noexcept = default;
     friend constexpr std::strong_ordering operator<=>(const CTIMESPAN&, const CTIMESPAN&) noexcept = default;
 
-    /// Hours, minutes and seconds as "7:05:09", "125:00:00", "-0:05:00": the sign first, then the hours without zeros
-    /// in front.
+    /// Hours, minutes and seconds as "7:05:09", "125:00:00", "-0:05:00": the sign first, then the hours without leading
+    /// zeros.
     [[nodiscard]] std::string ToString() const;
 
 private:

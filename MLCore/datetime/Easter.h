@@ -17,8 +17,8 @@ struct EASTERSUNDAY {
 /// Easter Sunday of the year in the Gregorian calendar: 22 March at the earliest, 25 April at the latest.
 ///
 /// This is the anonymous computus that Meeus, Jones and Butcher published (J. Meeus, "Astronomical Algorithms", chapter
-/// 8). For the years before 1583, when the Gregorian calendar begins, it gives the day that its rule leads to. A year
-/// below 0 gives what the formula makes of it, which need not be a date. No year fails.
+/// 8). For the years before 1583, when the Gregorian calendar begins, it gives the day by the same rule. For a year
+/// below 0 the result is not always a valid date. No year fails.
 [[nodiscard]] constexpr EASTERSUNDAY EasterOf(int year) noexcept;
 
 constexpr EASTERSUNDAY EasterOf(int year) noexcept {

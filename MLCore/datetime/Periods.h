@@ -6,8 +6,8 @@
 ///     CDATE monday = FirstDateEchelonnement(date, CDATE::EchelonWeek);          // 12/8/2024, by the current calendar
 ///     CDATETIME monthEnd = LastDateTimeMonth(CDATETIME(date, CTIME(8, 0, 0)));  // 31/8/2024 23:59:59
 ///
-/// The arguments are not checked: a date that is not valid gives what the rule makes of its fields (the first day of
-/// the null date's month is 1/0/0). Only FirstDateEchelonnement() and LastDateEchelonnement() give the null date, for a
+/// The arguments are not checked: for a date that is not valid, the rule is applied to its fields (the first day of the
+/// null date's month is 1/0/0). Only FirstDateEchelonnement() and LastDateEchelonnement() give the null date, for a
 /// date that is not valid and for an unknown kind. A null strategy means the current calendar; weeks start on its first
 /// day of the week. Nothing fails.
 #pragma once

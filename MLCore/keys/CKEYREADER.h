@@ -8,8 +8,7 @@
 
 namespace MLCore {
 
-/// Reads what a CKEYWRITER wrote, from the first element to the last: a key stream. CXMLKEYREADER is the one that reads
-/// XML.
+/// Reads the elements that a CKEYWRITER wrote, from the first to the last: a key stream. CXMLKEYREADER reads XML.
 ///
 ///     if (reader.GetElementName() == "key") {
 ///         reader.BeginElement("key");
@@ -22,7 +21,7 @@ namespace MLCore {
 /// (138); the text of the failure begins with the place: "line 3, column 17, in <key>: attribute 'key' is missing".
 class MLCORE_API CKEYREADER {
 public:
-    /// Where a reader has come to.
+    /// The position of a reader.
     struct PLACE {
         unsigned long long line;    ///< from 1; 0 where the stream has no lines
         unsigned long long column;  ///< from 1, in characters
@@ -33,18 +32,18 @@ public:
 
     /// 1 when there is a further element at this level: the one that the reader stands on.
     [[nodiscard]] virtual int HasElement() = 0;
-    /// Its name, until the reader is used again. Fails with kErrValueType when there is none.
+    /// Its name, valid until the reader is used again. Fails with kErrValueType when there is none.
     [[nodiscard]] virtual const std::string& GetElementName() = 0;
     /// Enters the element that the reader stands on. Fails with kErrValueType when it has another name, or there is
     /// none.
     virtual void BeginElement(std::string_view name) = 0;
     /// Leaves the element entered last. Fails with kErrValueType when it holds a child that was not read, an attribute
-    /// that was not asked for, or text other than blanks that was not taken.
+    /// that was not requested, or text other than blanks that was not taken.
     virtual void EndElement() = 0;
-    /// 1 when the element entered last has the attribute, which counts as asked for. Must be called before a child of
-    /// the element is entered.
+    /// 1 when the element entered last has the attribute, which then counts as requested. Must be called before a child
+    /// of the element is entered.
     [[nodiscard]] virtual int HasAttribute(std::string_view name) = 0;
-    /// The attribute's value, until the reader is used again. Fails with kErrValueType when there is none.
+    /// The attribute's value, valid until the reader is used again. Fails with kErrValueType when there is none.
     [[nodiscard]] virtual const std::string& GetAttribute(std::string_view name) = 0;
     /// Takes the text of the element entered last; "" when it has children, or its text was taken.
     [[nodiscard]] virtual std::string GetText() = 0;

@@ -15,21 +15,21 @@ class CRANDOMSTREAM;
 /// Reads a key stream from XML 1.0 in code page 1252 or, as other programs write it, in UTF-8 (docs/formats/keys.md).
 /// Comments and processing instructions are skipped. Everything else that a CXMLKEYWRITER does not write fails with
 /// kErrValueType (138): a character that the code page lacks, a document type, an unknown entity, mismatched tags,
-/// other names, text beside elements, and whatever exceeds CXMLKEYWRITER's limits. The text of the failure names line,
-/// column, element, and what was expected:
+/// other names, text beside elements, and everything that exceeds the limits of CXMLKEYWRITER. The text of the failure
+/// names the line, the column, the element and the expected content:
 ///
 ///     line 3, column 17, in <compound>: </and> found, </compound> wanted
 ///
-/// Before the outermost element may stand, in this order: the byte-order mark of UTF-8, blanks, the declaration, then
-/// blanks, comments and instructions. So documents may follow each other in a stream, a reader for each. The
-/// declaration states version 1.0 first, then the encoding "windows-1252" or "UTF-8", in any case; without one it is
-/// UTF-8.
+/// These may precede the outermost element, in this order: the byte-order mark of UTF-8, blanks, the declaration, then
+/// blanks, comments and instructions. So several documents may follow each other in a stream; each needs a new reader.
+/// The declaration states version 1.0 first, then the encoding "windows-1252" or "UTF-8", in any case; without one it
+/// is UTF-8.
 ///
 /// Lines are counted from the first byte that the reader reads. A line ends with LF; a CR alone does not count.
 ///
 /// Reading takes linear time, and memory for the elements entered. When the outermost element has been left, the stream
-/// stands directly after it; one that is not a CRANDOMSTREAM is read byte by byte for that. After a failure the reader
-/// must not be used again. Then, and while it reads, the position of the stream is unspecified.
+/// stands directly after it. For this, a stream that is not a CRANDOMSTREAM is read byte by byte. After a failure the
+/// reader must not be used again. Then, and while it reads, the position of the stream is unspecified.
 class MLCORE_API CXMLKEYREADER : public CKEYREADER {
 public:
     /// The stream must be open and must outlive the reader, which does not own it. Nothing is read yet.
@@ -63,7 +63,7 @@ private:
         unsigned long long line = 1;
         unsigned long long column = 1;
     };
-    /// What the reader has found ahead: not looked yet, a start tag (in mNext), or the end of the element entered last.
+    /// The next item: not read yet, a start tag (in mNext), or the end of the element entered last.
     enum class AHEAD { Unknown, Element, End };
 
     int PeekByte();
@@ -110,7 +110,7 @@ private:
     std::size_t mAt = 0;
     std::size_t mSize = 0;
 
-    // Lines are counted as late as can be: when the bytes make room for others, or when a failure names a place.
+    // Lines are counted as late as possible: when other bytes replace these, or when a failure names a place.
     static constexpr std::size_t kGone = static_cast<std::size_t>(-1);
     POSITION mPosition;          // of the first of mBytes
     POSITION mTag;               // of the tag read last, if mTagAt is kGone

@@ -21,12 +21,12 @@ class COSTREAM;
 ///       <value type="string" value="Dupont"/>
 ///     </equal>
 ///
-/// The declaration is written with the first element. There is one outermost element; a second one fails with
-/// kErrValueType (138), and so does everything that the reader would refuse: the text of the failure names the element
-/// begun last and what cannot be written. A call that fails with kErrValueType changes nothing.
+/// The declaration is written with the first element. There is one outermost element. A second one fails with
+/// kErrValueType (138), and so does everything that the reader would refuse. The text of the failure names the element
+/// begun last and the part that cannot be written. A call that fails with kErrValueType changes nothing.
 ///
-/// The stream gets raw writes of some thousand bytes; it has everything once the outermost element has ended. Its
-/// failures pass through; the writer must not be used after one.
+/// The stream gets raw writes of some thousand bytes, the last one when the outermost element ends. Its failures pass
+/// through; the writer must not be used after one.
 class MLCORE_API CXMLKEYWRITER : public CKEYWRITER {
 public:
     /// The stream must be open and must outlive the writer, which does not own it. Line ends are LF.

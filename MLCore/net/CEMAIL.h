@@ -19,9 +19,9 @@ namespace MLCore {
 ///
 /// One dot after the last word is accepted in both parts, on purpose: "john.@example.com.".
 ///
-/// Only the spelling is checked. The domain need not exist, and the lengths are not limited as in RFC 5321. Display
-/// names ("John <john@example.com>"), comments and spaces between words are refused. Letters outside ASCII are accepted
-/// only inside quotes and brackets, as bytes of any encoding.
+/// Only the spelling is checked. A domain that does not exist is accepted, and the lengths are not limited as in RFC
+/// 5321. Display names ("John <john@example.com>"), comments and spaces between words are refused. Letters outside
+/// ASCII are accepted only inside quotes and brackets, as bytes of any encoding.
 ///
 ///     CEMAIL email("\"j@s\".smith@example.com");
 ///     email.IsValid();       // 1

@@ -17,8 +17,8 @@ constexpr struct {
     char character;
 } kEntities[] = {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
 
-/// Characters that parsers normalise or may refuse. The bytes that the code page leaves undefined stand for the controls of the
-/// same number.
+/// Characters that parsers normalise or may refuse. The bytes that the code page leaves undefined stand for the
+/// controls of the same number.
 constexpr std::string_view kByNumber = "\t\n\r\x7F\x81\x8D\x8F\x90\x9D";
 
 /// By byte.
