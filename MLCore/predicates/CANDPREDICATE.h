@@ -4,7 +4,7 @@
 
 namespace MLCore {
 
-/// All members are true.
+/// True when all members are true.
 class MLCORE_API CANDPREDICATE : public JUNCTION<CANDPREDICATE, CCOMPOUNDPREDICATE::Type::AND> {
     MLCORE_CLASS(CANDPREDICATE, CCOMPOUNDPREDICATE)
     friend JUNCTION;

@@ -4,8 +4,8 @@
 
 namespace MLCore {
 
-/// The value lies between two bounds, both included. The comparison is false when one of the three is null or not a
-/// value object.
+/// True when the value lies between two bounds, both included. The comparison is false when one of the three is null or
+/// not a value object.
 class MLCORE_API CCOMPARISONBETWEENPREDICATE : public CCOMPARISONPREDICATE {
     MLCORE_CLASS(CCOMPARISONBETWEENPREDICATE, CCOMPARISONPREDICATE)
 

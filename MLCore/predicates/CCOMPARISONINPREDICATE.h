@@ -4,9 +4,9 @@
 
 namespace MLCore {
 
-/// The value is an element of a collection, usually of a CLISTEXPRESSION: it is Equal to one of the elements under
-/// the option. The comparison is false when the value is null or not a value object, and when the other side is not a
-/// collection. Costs up to one comparison for each element.
+/// True when the value is an element of a collection, usually of a CLISTEXPRESSION: it is Equal to one of the elements
+/// under the option. The comparison is false when the value is null or not a value object, and when the other side is
+/// not a collection. Costs up to one comparison for each element.
 class MLCORE_API CCOMPARISONINPREDICATE : public CCOMPARISONPREDICATE {
     MLCORE_CLASS(CCOMPARISONINPREDICATE, CCOMPARISONPREDICATE)
 

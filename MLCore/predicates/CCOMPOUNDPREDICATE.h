@@ -22,8 +22,8 @@ public:
     /// The members in order. Must not be changed.
     [[nodiscard]] const CARRAY& GetPredicates() const noexcept { return *mMembers->array; }
 
-    /// Evaluates the members in order, up to the first that decides. AND without members is true, OR without members
-    /// false.
+    /// Evaluates the members in order, up to the first one that decides. AND without members is true, OR without
+    /// members false.
     [[nodiscard]] int Evaluate(COBJECT* object, CDICTIONARY& variables) const override;
     [[nodiscard]] int Evaluate(COBJECT* object) const override;
     void Accept(CPREDICATEVISITOR& visitor) const override;
@@ -40,7 +40,7 @@ protected:
     CCOMPOUNDPREDICATE(Type type, const CARRAY& predicates);
     /// Fails with kErrNull for a null member.
     CCOMPOUNDPREDICATE(Type type, std::initializer_list<CSHAREOBJECTPTR<CPREDICATE>> predicates);
-    /// The copy shares the list of members: what AddPredicate() adds to one is a member of both.
+    /// The copy shares the list of members: a member that AddPredicate() adds to one belongs to both.
     CCOMPOUNDPREDICATE(const CCOMPOUNDPREDICATE&) = default;
     ~CCOMPOUNDPREDICATE() override;
 

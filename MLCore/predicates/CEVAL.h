@@ -7,8 +7,7 @@
 
 namespace MLCore {
 
-/// Evaluates predicates with one set of variables. A class may derive from it to observe or to change what is
-/// evaluated.
+/// Evaluates predicates with one set of variables. A class may derive from it to observe or change evaluations.
 class MLCORE_API CEVAL {
 public:
     /// Without variables.

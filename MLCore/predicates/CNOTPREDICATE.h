@@ -4,7 +4,7 @@
 
 namespace MLCore {
 
-/// Its one member is false.
+/// True when its one member is false.
 class MLCORE_API CNOTPREDICATE : public CCOMPOUNDPREDICATE {
     MLCORE_CLASS(CNOTPREDICATE, CCOMPOUNDPREDICATE)
 

@@ -4,7 +4,7 @@
 
 namespace MLCore {
 
-/// At least one member is true.
+/// True when at least one member is true.
 class MLCORE_API CORPREDICATE : public JUNCTION<CORPREDICATE, CCOMPOUNDPREDICATE::Type::OR> {
     MLCORE_CLASS(CORPREDICATE, CCOMPOUNDPREDICATE)
     friend JUNCTION;

@@ -20,8 +20,8 @@ class CPREDICATE;
 ///                          //     CKEYEXPRESSION(name)
 ///                          //     CVALUEEXPRESSION(O'Brien)
 ///
-/// The constructor walks the predicate once, which is not used afterwards. The cost is linear in the length of the
-/// texts.
+/// The constructor walks the predicate once. The predicate is not used afterwards. The cost is linear in the length of
+/// the texts.
 ///
 /// | Predicate        | Query text (without the double quotes)                                   |
 /// |------------------|--------------------------------------------------------------------------|
@@ -42,7 +42,7 @@ class CPREDICATE;
 /// | variable, object | its name, unchanged                                                      |
 ///
 /// An application's own predicates and expressions are written as their dumps, which no database accepts as a
-/// condition. If the Accept() of one shows another in its place, that one is written.
+/// condition. If the Accept() of such a class shows another node in its place, that node is written.
 ///
 /// *Only texts are quoted.* Keys and names must come from the program, never from its user: they could hold a
 /// condition.

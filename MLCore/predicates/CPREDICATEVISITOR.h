@@ -29,7 +29,7 @@ public:
     virtual int VisitExpression(const CEXPRESSION& expression) = 0;
     /// A result other than 0 asks for the members or operands.
     virtual int VisitPredicate(const CPREDICATE& predicate) = 0;
-    /// Is called after the members and operands, and also where they were not asked for. Does nothing.
+    /// Called after the members and operands, also when they were not asked for. By default it does nothing.
     virtual void LeavePredicate(const CPREDICATE& predicate);
 
 protected:

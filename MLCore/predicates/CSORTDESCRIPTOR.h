@@ -10,8 +10,8 @@
 
 namespace MLCore {
 
-/// One key of a sort order, and its direction. It does not change. A sort order is an array of descriptors, and its first key
-/// decides first. CSORTDESCRIPTORBUILDER reads a sort order from a text, SortArray() applies it.
+/// One key of a sort order, and its direction. A descriptor does not change. A sort order is an array of descriptors,
+/// and its first key decides first. CSORTDESCRIPTORBUILDER reads a sort order from a text, SortArray() applies it.
 class MLCORE_API CSORTDESCRIPTOR : public COBJECT {
     MLCORE_CLASS(CSORTDESCRIPTOR, COBJECT)
 

@@ -16,8 +16,8 @@ namespace MLCore {
 ///     text    = segment *( ";" segment )
 ///     segment = *" " [ sign *" " ] [ key ] *" "      sign = "+" (ascending, also without a sign) / "-" (descending)
 ///
-/// A key keeps the spaces inside it, and signs that are not before it. Of several signs the last one holds. A segment without a
-/// key gives no descriptor. No text fails.
+/// A key keeps the spaces inside it, and signs that are not before it. Of several signs the last one counts. A segment
+/// without a key gives no descriptor. No text fails.
 class MLCORE_API CSORTDESCRIPTORBUILDER {
 public:
     CSORTDESCRIPTORBUILDER();

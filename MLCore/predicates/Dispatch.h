@@ -36,10 +36,10 @@ namespace MLCore {
 /// CEXPRESSION.
 ///
 /// The callables are lambdas or other function objects with a parameter `const X&`. Together they are one set of
-/// overloads, and the usual rules choose between them: one that takes a base class is called for all derived classes
-/// that have none of their own. So a callable for CEXPRESSION is called for all the rest. Without one, a class of the
-/// library for which there is no callable does not compile, and at run time an expression that derives from
-/// CEXPRESSION alone fails with kErrBadCast (121).
+/// overloads, and the usual rules choose between them: one that takes a base class is called for every derived class
+/// that has no callable. So a callable for CEXPRESSION is called for all the rest. Without it, the call does not
+/// compile if a class of the library has no callable. At run time, an expression that derives from CEXPRESSION alone
+/// then fails with kErrBadCast (121).
 ///
 /// Returns the result of the call; all calls must return the same type. A single callable is not copied.
 template <class... Callables>
@@ -49,8 +49,8 @@ decltype(auto) Dispatch(const CEXPRESSION& expression, Callables&&... callables)
 /// CCOMPARISONBINARYPREDICATE, CCOMPARISONINPREDICATE, CCOMPARISONBETWEENPREDICATE and CSEARCHTEXTPREDICATE. The
 /// comparisons of BinaryPredicates.h are CCOMPARISONBINARYPREDICATE here; GetComparisonType() says which.
 ///
-/// An application's own predicate may count as the base classes CCOMPOUNDPREDICATE, CCOMPARISONPREDICATE or
-/// CPREDICATE. For these the failure at run time applies, when no callable takes them.
+/// An application's own predicate may count as the base classes CCOMPOUNDPREDICATE, CCOMPARISONPREDICATE or CPREDICATE.
+/// If no callable takes one of these, the call fails at run time.
 template <class... Callables>
 decltype(auto) Dispatch(const CPREDICATE& predicate, Callables&&... callables);
 

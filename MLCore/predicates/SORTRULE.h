@@ -13,13 +13,13 @@ namespace MLCore {
 ///     };
 ///     const auto sorted = SortArray(invoices, CSORTDESCRIPTORBUILDER::Create("paid;-number"), kRules);
 struct SORTRULE {
-    /// How texts compare. A number that is none of these is taken for the first, as for Nulls.
+    /// How texts compare. An unknown value counts as the first one, here and for Nulls.
     enum class Texts : std::int32_t {
         ByOption,   ///< as value objects compare them under the option of the sort; CaseInsensitive may ask the system
         ByTable,    ///< CompareNoCaseByTable(): as a dictionary, without case, and the same on every system
         Naturally,  ///< CompareNaturally(): by the table too, and numbers inside texts by their value
     };
-    /// Where elements whose value is null stand.
+    /// The place of elements whose value is null.
     enum class Nulls : std::int32_t {
         Least,  ///< first in an ascending order, last in a descending one
         First,

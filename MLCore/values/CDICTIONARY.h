@@ -12,13 +12,14 @@
 
 namespace MLCore {
 
-/// Objects under text keys, each held by one reference. Values may be null. CMEMDICTIONARY makes dictionaries in memory.
+/// Objects under text keys, each held by one reference. Values may be null. CMEMDICTIONARY makes dictionaries in
+/// memory.
 ///
 ///     record->SetKeyValue("customer", customer);
 ///     record->GetKeyPathValue("customer.name");
 ///
-/// A key may hold any bytes. The order is that of the keys' bytes, as unsigned. A key path cannot reach the empty key, nor one
-/// that holds ".", "[" or "]".
+/// A key may hold any bytes. Keys are ordered by their bytes, as unsigned numbers. A key path cannot reach the empty
+/// key or a key that holds ".", "[" or "]".
 class MLCORE_API CDICTIONARY : public COBJECT {
     MLCORE_CLASS(CDICTIONARY, COBJECT)
 

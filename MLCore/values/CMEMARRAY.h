@@ -7,21 +7,21 @@
 
 namespace MLCore {
 
-/// The array in memory. Appending takes constant time on average, reaching an element always.
+/// The array in memory. Appending takes constant time on average. Access to an element always takes constant time.
 class MLCORE_API CMEMARRAY : public CARRAY {
     MLCORE_CLASS(CMEMARRAY, CARRAY)
 
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create();
-    /// An empty array with room for about `capacity` elements. This is a hint: a negative one counts as 0, one above 65536
-    /// as 65536.
+    /// An empty array with room for about `capacity` elements. This is a hint: a negative one counts as 0, one above
+    /// 65536 as 65536.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(long capacity);
-    /// Arrays of these objects, null ones included.
+    /// An array of these objects, nulls included.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* object);
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* first, COBJECT* second);
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(std::initializer_list<COBJECT*> objects);
-    /// An array of the `count` objects at `objects`; empty when `count` is not positive. Fails with kErrNull (-100) when
-    /// `objects` is null and `count` positive.
+    /// An array of the `count` objects at `objects`; empty when `count` is not positive. Fails with kErrNull (-100)
+    /// when `objects` is null and `count` positive.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(COBJECT* const* objects, long count);
     /// An array of these objects; it takes over the references.
     [[nodiscard]] static CSHAREOBJECTPTR<CARRAY> Create(std::vector<CSHAREOBJECTPTR<COBJECT>> objects);

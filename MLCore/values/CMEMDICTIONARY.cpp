@@ -114,7 +114,8 @@ CSHAREOBJECTPTR<COBJECT> CMEMDICTIONARY::GetKeyValue(const std::string& key) {
     return found != nullptr ? found->object : nullptr;
 }
 
-// What leaves the dictionary is released last, when the dictionary is whole again: the destructor of an object may change it.
+// What leaves the dictionary is released last, when the dictionary is whole again: the destructor of an object may
+// change it.
 
 void CMEMDICTIONARY::SetKeyValue(const std::string& key, COBJECT* value) {
     CSHAREOBJECTPTR<COBJECT> other(value);

@@ -13,8 +13,8 @@ public:
     [[nodiscard]] static CSHAREOBJECTPTR<CDICTIONARY> Create();
     /// One value (may be null) under one key.
     [[nodiscard]] static CSHAREOBJECTPTR<CDICTIONARY> Create(const std::string& key, COBJECT* value);
-    /// `count` values under the keys at the same places; of equal keys the last one holds. Empty when `count` is not positive.
-    /// Fails with kErrNull (-100) when `keys` or `values` is null and `count` positive.
+    /// `count` values under the keys at the same places; of equal keys the last one counts. Empty when `count` is not
+    /// positive. Fails with kErrNull (-100) when `keys` or `values` is null and `count` positive.
     [[nodiscard]] static CSHAREOBJECTPTR<CDICTIONARY> Create(const std::string* keys, COBJECT* const* values,
                                                              long count);
 

@@ -30,7 +30,8 @@ private:
         const std::size_t index = Index();
         mSerial = index < mSet->mEntries.size() ? mSet->mEntries[index].serial : mSet->mNextSerial;
     }
-    // The first element with this serial or a later one. Its index is remembered: holes stay holes until the entries move.
+    // The first element with this serial or a later one. Its index is remembered: holes stay holes until the entries
+    // move.
     std::size_t Index() const {
         const std::vector<ENTRY>& entries = mSet->mEntries;
         if (mMoves != mSet->mMoves) {

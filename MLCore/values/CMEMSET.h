@@ -16,15 +16,15 @@ class MLCORE_API CMEMSET : public CSET {
 
 public:
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create();
-    /// Sets of these objects, except nulls.
+    /// A set of these objects, except nulls.
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(COBJECT* object);
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(COBJECT* first, COBJECT* second);
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(std::initializer_list<COBJECT*> objects);
-    /// A set of the `count` objects at `objects`; empty when `count` is not positive. Fails with kErrNull (-100) when `objects`
-    /// is null and `count` positive.
+    /// A set of the `count` objects at `objects`; empty when `count` is not positive. Fails with kErrNull (-100) when
+    /// `objects` is null and `count` positive.
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(COBJECT* const* objects, long count);
-    /// A set of the elements of an array. Fails with kErrNull when it is null. To make a set whose one element is an array,
-    /// pass a COBJECT*.
+    /// A set of the elements of an array. Fails with kErrNull when it is null. To make a set whose one element is an
+    /// array, pass a COBJECT*.
     [[nodiscard]] static CSHAREOBJECTPTR<CSET> Create(CARRAY* objects);
 
     [[nodiscard]] long GetCount() const override;
@@ -36,7 +36,8 @@ public:
 
 private:
     class ELEMENTITERATOR;
-    // A removed element leaves a hole until Compact(). Serials grow along the entries and outlast the moves of Compact().
+    // A removed element leaves a hole until Compact(). Serials grow along the entries and outlast the moves of
+    // Compact().
     struct ENTRY {
         std::uint64_t serial;
         CSHAREOBJECTPTR<COBJECT> object;

@@ -16,9 +16,10 @@ namespace MLCore {
 ///     for (const CSHAREOBJECTPTR<COBJECT>& order : orders) ...  // the same, see ELEMENTCURSOR.h
 ///
 /// An iterator keeps its collection alive, and the collection may change meanwhile. In an array the iterator keeps its
-/// index: inserting or removing before it shifts the elements under it. In dictionaries and sets it keeps its element; when
-/// that is removed, it stands on the following one, and Next() stays there. It visits every remaining element, and every one
-/// that is added after it before the end is reached: a loop that adds an element at each step does not end.
+/// index: after an insertion or removal before it, it stands on another element. In dictionaries and sets it keeps its
+/// element; when that is removed, it stands on the following one, and Next() stays there. It visits every remaining
+/// element. It also visits every element that is added after it before it reaches the end, so a loop that adds an
+/// element at each step does not end.
 class MLCORE_API COBJECTITERATOR : public CITERATOR {
 public:
     ~COBJECTITERATOR() override;

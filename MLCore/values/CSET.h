@@ -12,11 +12,11 @@
 
 namespace MLCore {
 
-/// A collection that holds each object once, by one reference. Objects are the same by identity, not by contents. Null is never
-/// an element. The order is that of insertion. CMEMSET makes sets in memory.
+/// A collection that holds each object once, by one reference. Objects are compared by identity, not by contents. Null
+/// is never an element. The order is that of insertion. CMEMSET makes sets in memory.
 ///
-/// The operations with another set or an array fail with kErrNull (-100) when it is null, and are linear in the elements of
-/// both. The other set may be this one.
+/// The operations with another set or an array fail with kErrNull (-100) when it is null, and are linear in the
+/// elements of both. The other set may be this one.
 class MLCORE_API CSET : public COBJECT {
     MLCORE_CLASS(CSET, COBJECT)
 
@@ -33,7 +33,7 @@ public:
     virtual void Intersect(CSET* other);
     /// Adds the elements of `other`.
     virtual void Union(CSET* other);
-    /// Removes the elements of `other`. The spelling is the library's established one.
+    /// Removes the elements of `other`. The name keeps its established spelling.
     virtual void Substract(CSET* other);
 
     [[nodiscard]] virtual long GetCount() const = 0;
@@ -47,7 +47,7 @@ public:
     /// A new iterator on the first element. The caller deletes it.
     [[nodiscard]] virtual COBJECTITERATOR* CreateIterator() const = 0;
 
-    /// As those of CARRAY, in the order of insertion.
+    /// These work like those of CARRAY, in the order of insertion.
     [[nodiscard]] CSHAREOBJECTPTR<COBJECT> GetKeyValue(const std::string& key) override;
     void SetKeyValue(const std::string& key, COBJECT* value) override;
 

@@ -44,8 +44,8 @@ constexpr bool IsType(CVALUE::Type type) noexcept { return static_cast<std::size
 template <std::size_t size>
 using SIZE = std::integral_constant<std::size_t, size>;
 
-/// Calls `operation` with the size of a type whose blocks are all of one size, as a constant: then copying and comparing
-/// take a few instructions and no call.
+/// Calls `operation` with the size of a type whose blocks are all of one size, as a constant: then copying and
+/// comparing take a few instructions and no call.
 template <class OPERATION>
 void WithSize(CVALUE::Type type, const OPERATION& operation) {
     switch (type) {

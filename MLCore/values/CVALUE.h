@@ -23,7 +23,7 @@
 
 namespace MLCore {
 
-/// The types that a CVALUE refuses to be made of: characters, enumerations, numbers of other widths and pointers to other
+/// The types that no CVALUE can be made from: characters, enumerations, numbers of other widths and pointers to other
 /// types. Without this some of them would become a Bool.
 template <class T>
 concept NotAValue = std::is_enum_v<T> ||
@@ -41,12 +41,12 @@ concept NotAValue = std::is_enum_v<T> ||
 ///     value = "abc";                               // now a String
 ///     const std::string text = value.ToString();   // ToLong() would fail: kErrValueType (138)
 ///
-/// A value never converts. It has the type of what it was made of, only the accessor of that type reads it, and two
-/// values of different types are never equal. An `int` makes a Bool, because the library's booleans are `int`: write 5L for
-/// a number.
+/// A value never converts. It has the type that it was made from. Only the accessor of that type reads it, and two
+/// values of different types are never equal. An `int` makes a Bool, because the library's booleans are `int`: write 5L
+/// for a number.
 ///
-/// A value takes 12 bytes and owns what it points to: copies are deep, except that copies of an object share it. A
-/// moved-from value is Unknown. Integers, times and booleans need no further memory.
+/// A value takes 12 bytes and owns its content: copies are deep, except that copies of an object share it. A moved-from
+/// value is Unknown. Integers, times and booleans need no further memory.
 class MLCORE_API CVALUE {
 public:
     enum class Type : std::int32_t {
@@ -100,8 +100,8 @@ public:
     /// VT_DATE DateTime. Other types, and numbers that are not a valid date, fail with kErrValueType.
     CVALUE(const _variant_t& value);
     /// Copies GetTypeSize(type, data) bytes from `data`, or as many zeros when `data` is null. For an object `data` is
-    /// the CSHAREOBJECT* itself, so that CVALUE(v.GetType(), v.GetValue()) copies any value. Fails with kErrValueType for
-    /// an unknown type.
+    /// the CSHAREOBJECT* itself, so that CVALUE(v.GetType(), v.GetValue()) copies any value. Fails with kErrValueType
+    /// for an unknown type.
     CVALUE(Type type, const void* data);
     template <NotAValue T>
     CVALUE(T) = delete;
@@ -112,8 +112,8 @@ public:
     inline CVALUE& operator=(CVALUE&& other) noexcept;
     inline ~CVALUE();
 
-    /// Frees or releases the content. The type stays, and the value is then the zero of its type: 0, "", the null date, no
-    /// object.
+    /// Frees or releases the content. The type stays, and the value is then the zero of its type: 0, "", the null date,
+    /// no object.
     inline void Clear() noexcept;
     /// Makes the value the zero of `type`. Fails with kErrValueType for an unknown type and leaves the value as it was.
     void SetType(Type type) { *this = CVALUE(type, nullptr); }
@@ -124,16 +124,19 @@ public:
     /// 1 when the type is Unknown.
     [[nodiscard]] int IsNull() const noexcept { return mType == Type::Unknown ? 1 : 0; }
     /// The stored bytes, valid until the value changes. They lie in the value itself or, for an allocated type, in its
-    /// block; for an object this is the pointer to it. Null for Unknown, a null object and an allocated type after Clear().
+    /// block; for an object this is the pointer to it. Null for Unknown, a null object and an allocated type after
+    /// Clear().
     [[nodiscard]] const void* GetValue() const noexcept { return OwnsPayload() ? Block() : mPayload; }
     /// The number of stored bytes. Fails with kErrValueType for Unknown.
     [[nodiscard]] std::size_t GetSize() const;
     /// The number of bytes that a type stores; 0 for Unknown and an unknown type. For String it is the length of `text`
     /// (may be null) plus 1; the other types do not read `text`.
     [[nodiscard]] static std::size_t GetTypeSize(Type type, const char* text = nullptr) noexcept;
-    /// 1 when values of the type hold a pointer: Unknown (always null), Date, String, Float, Double, DateTime, Object, Guid.
+    /// 1 when values of the type hold a pointer: Unknown (always null), Date, String, Float, Double, DateTime, Object,
+    /// Guid.
     [[nodiscard]] static constexpr int IsAllocatedType(Type type) noexcept;
-    /// The type in a sentence, for the texts of failures: "a Date", "an Object", "null" for Unknown, "of an unknown type".
+    /// The name of the type in a sentence, for the texts of failures: "a Date", "an Object", "null" for Unknown, "of an
+    /// unknown type".
     [[nodiscard]] static const char* DescribeType(Type type) noexcept;
 
     // The stored content. All fail with kErrValueType when the value is not of exactly this type.
@@ -155,13 +158,13 @@ public:
     inline operator const char*() const;
     /// The span from midnight to a Time.
     [[nodiscard]] CTIMESPAN ToTimeSpan() const { return CTIMESPAN(ToTime().GetTotalSeconds()); }
-    /// The variant of the same content: the constructor from a variant makes this value of it again, with three exceptions.
-    /// A Bool becomes 0 or 1. Date and Time become VT_DATE, as DateTime does: a date at midnight, a time on day 0. A null
-    /// date, whatever its time, becomes the variant date 0, as 30 December 1899 at midnight does. Unknown makes VT_EMPTY.
-    /// Fails with kErrValueType for Guid, Object and dates that no variant can hold.
+    /// The variant with the same content. The constructor from a variant makes the same value from it, with three
+    /// exceptions. A Bool becomes 0 or 1. Date and Time become VT_DATE, as DateTime does: a date at midnight, a time on
+    /// day 0. A null date, whatever its time, becomes the variant date 0, as 30 December 1899 at midnight does. Unknown
+    /// makes VT_EMPTY. Fails with kErrValueType for Guid, Object and dates that no variant can hold.
     [[nodiscard]] _variant_t ToVariant() const;
 
-    /// Refused: `if (value)` would read the text, and fail for every other type. IsNull() and ToBool() are the questions to ask.
+    /// Refused: `if (value)` would read the text, and fail for every other type. Call IsNull() or ToBool() instead.
     template <std::same_as<bool> B>
     operator B() const = delete;
 
@@ -171,7 +174,8 @@ public:
         return left.mType == right.mType &&
                (left.Payload() == right.Payload() || (left.OwnsPayload() && left.IsSameContent(right)));
     }
-    // With a plain value: false for any other type, then the plain type's own equality. Either side may stand on the left.
+    // With a plain value: false for any other type, then the plain type's own equality. Either side may stand on the
+    // left.
     friend bool operator==(const CVALUE& value, short other) noexcept { return value.Is(Type::Short, other); }
     friend bool operator==(const CVALUE& value, unsigned short other) noexcept { return value.Is(Type::UShort, other); }
     friend bool operator==(const CVALUE& value, int other) noexcept { return value.Is(Type::Bool, other); }
@@ -201,7 +205,7 @@ public:
         return value.Is(Type::Time, other.GetTotalSeconds());
     }
     friend bool operator==(const CVALUE& value, const _GUID& other) noexcept { return value.IsGuid(other); }
-    /// True for the value that the variant makes; false when the variant makes none.
+    /// True for the value that the variant makes; false if no value can be made from it.
     friend bool operator==(const CVALUE& value, const _variant_t& other) { return value.IsVariant(other); }
 
     /// Refused: it would compare the addresses of texts. CVALUEOBJECT compares values of different types.
@@ -272,7 +276,7 @@ private:
 
 static_assert(sizeof(CVALUE) == 12 && alignof(CVALUE) == 4);
 
-// Copied, read and compared wherever a predicate is evaluated, so all that follows is inline.
+// Every evaluation of a predicate copies, reads and compares values, so everything below is inline.
 
 CVALUE::CVALUE(const CVALUE& other) : mType(other.mType) {
     if (OwnsPayload()) {

@@ -14,13 +14,14 @@
 
 namespace MLCore {
 
-/// A value as a shared object. As an object it can be an element of a collection, come from a key path, and be compared as
-/// predicates compare.
+/// A value as a shared object. As an object it can be an element of a collection or the value of a key path. It
+/// compares as predicates compare.
 ///
 ///     CSHAREOBJECTPTR<CVALUEOBJECT> name = CVALUEOBJECT::Create("Ren\xE9");
-///     name->Cmp("rene", CVALUEOBJECT::ComparisonType::Equal, CVALUEOBJECT::ComparisonOption::DiacriticInsensitive);  // 1
+///     name->Cmp("rene", CVALUEOBJECT::ComparisonType::Equal,
+///               CVALUEOBJECT::ComparisonOption::DiacriticInsensitive);  // 1
 ///
-/// Comparing brings the two sides together by the type of this side, while == of CVALUE is false for different types:
+/// A comparison goes by the type of this side, while == of CVALUE is false for different types:
 ///
 /// | this side  | the other side | how                                                                 |
 /// |------------|----------------|---------------------------------------------------------------------|
@@ -33,12 +34,12 @@ namespace MLCore {
 /// | Object     | any            | equal to the same object only; in no order                          |
 /// | Unknown    | any            | equal to Unknown only; in no order with any value                   |
 ///
-/// Numbers are the integers, Float, Double, Bool, and Time by its seconds (ValueComparison.h). Sides that cannot be brought
-/// together fail with kErrValueType (138).
+/// Numbers are the integers, Float, Double, Bool, and Time by its seconds (ValueComparison.h). Sides that cannot be
+/// compared fail with kErrValueType (138).
 ///
 /// Comparing two values changes nothing, copies no text and takes no memory. Any number of threads may compare the same
-/// objects as long as none sets a value. Begins, Ends and the orders are linear in the texts. Contains and Like take, at
-/// worst, time in proportion to the product of the two lengths.
+/// objects as long as none sets a value. Begins, Ends and the orders are linear in the texts. Contains and Like take,
+/// at worst, time in proportion to the product of the two lengths.
 class MLCORE_API CVALUEOBJECT : public COBJECT {
     MLCORE_CLASS(CVALUEOBJECT, COBJECT)
 public:
@@ -80,9 +81,9 @@ public:
     [[nodiscard]] int Cmp(const CVALUE& other, ComparisonType type, ComparisonOption option) const;
     /// The same for an object: a value object, by its value, or a collection (CARRAY or CSET).
     ///
-    /// In: 1 when the collection holds a value object that this one is Equal to. The elements before it may fail as Equal
-    /// does. Contains: 1 when this value is a text and contains a text of the collection. Other elements are skipped. Every
-    /// other pair gives 0, also with null and also for NotEqual.
+    /// In: 1 when the collection holds a value object that this one is Equal to. The elements before it may fail as
+    /// Equal does. Contains: 1 when this value is a text and contains a text of the collection. Other elements are
+    /// skipped. Every other pair gives 0, also with null and also for NotEqual.
     [[nodiscard]] int Cmp(COBJECT* other, ComparisonType type, ComparisonOption option) const;
     /// A number. Without this overload 0L would be a null object, as a plain 0 is.
     template <std::integral T>
@@ -116,7 +117,7 @@ protected:
     /// The order of two texts, none of them null, under the option: -1, 0 or 1. Decides Equal and the orderings.
     [[nodiscard]] virtual short CmpString(const char* left, const char* right, ComparisonOption option) const;
 
-    // The types that comparing brings the sides to. Each fails with kErrValueType for a value that has no such form.
+    // The values that a comparison uses. Each fails with kErrValueType for a value of another kind.
     [[nodiscard]] static double TryToDouble(const CVALUE& value);
     [[nodiscard]] static CDATETIME TryToDateTime(const CVALUE& value);
     /// Borrowed from the value.
@@ -133,7 +134,7 @@ private:
     CVALUE mValue;
 };
 
-/// The value object that `object` is; null for null and for an object of another class. As a dynamic_cast, but faster.
+/// `object` as a value object; null for null and for an object of another class. Works like dynamic_cast, only faster.
 [[nodiscard]] CVALUEOBJECT* AsValueObject(COBJECT* object) noexcept;
 [[nodiscard]] const CVALUEOBJECT* AsValueObject(const COBJECT* object) noexcept;
 
@@ -148,13 +149,14 @@ template <class T>
     return ValueOf(object.Get());
 }
 
-/// Equality of the two values: same type, same content. Also gives != and the comparison the other way round.
+/// Equality of the two values: same type, same content. The compiler derives != from it, and the comparison in the
+/// other direction.
 [[nodiscard]] MLCORE_API bool operator==(const CVALUEOBJECT& object, const CVALUE& value) noexcept;
 
 /// Writes "ComparisonType::Lesser"; nothing for an unknown one.
 MLCORE_API std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonType type);
-/// Writes the option's word in element streams, "caseSensitive", "caseInsensitive" or "diacriticInsentive" (so spelt);
-/// nothing for an unknown one.
+/// Writes the option's word in element streams, "caseSensitive", "caseInsensitive" or "diacriticInsentive" (spelled
+/// like this); nothing for an unknown one.
 MLCORE_API std::ostream& operator<<(std::ostream& out, CVALUEOBJECT::ComparisonOption option);
 /// Writes the value as operator<< of CVALUE does; "CVALUEOBJECT()" for a null pointer.
 MLCORE_API std::ostream& operator<<(std::ostream& out, const CVALUEOBJECT* object);

@@ -34,7 +34,7 @@ inline constexpr COMPARISONWORDS kComparisonWords[] = {
 };
 static_assert(IsIndexedBy(kComparisonWords, &COMPARISONWORDS::type, CVALUEOBJECT::kComparisonTypeCount));
 
-/// By comparison option: the words of element streams. The last one is so spelt in all files.
+/// By comparison option: the words of element streams. The last one has this spelling in all files.
 inline constexpr const char* kOptionWords[] = {"caseSensitive", "caseInsensitive", "diacriticInsentive"};
 static_assert(std::size(kOptionWords) == CVALUEOBJECT::kComparisonOptionCount);
 

@@ -8,8 +8,8 @@
 
 namespace MLCore {
 
-/// The input iterator that begin() of a collection returns, for range-for and the algorithms of std::ranges. The collection
-/// may change meanwhile, as COBJECTITERATOR describes.
+/// The input iterator that begin() of a collection returns, for range-for and the algorithms of std::ranges. The
+/// collection may change meanwhile, as COBJECTITERATOR describes.
 class ELEMENTCURSOR {
 public:
     using value_type = CSHAREOBJECTPTR<COBJECT>;
@@ -32,8 +32,8 @@ private:
     std::unique_ptr<COBJECTITERATOR> mIterator;
 };
 
-/// Range-for over a holder of a collection, which must not be null and which the loop keeps alive:
-/// `for (... : orders->Filter(isLate))`. With `*orders->Filter(isLate)` the array would be released before the loop begins.
+/// Range-for over a holder of a collection, which must not be null and which the loop keeps alive: `for (... :
+/// orders->Filter(isLate))`. With `*orders->Filter(isLate)` the array would be released before the loop begins.
 template <class Collection>
 auto begin(const CSHAREOBJECTPTR<Collection>& collection) -> decltype(collection->begin()) {
     return collection->begin();

@@ -1,5 +1,5 @@
 /// \file
-/// Plain numbers and texts compared as value objects compare theirs: numbers with a tolerance.
+/// Compares plain numbers and texts as value objects do: numbers with a tolerance.
 ///
 ///     if (Updated(order.amount, amount)) {  // not for a rounding error
 ///         order.amount = amount;
@@ -11,8 +11,8 @@
 
 namespace MLCore {
 
-/// 1 when left - right exceeds 0.00001, -1 when it is below -0.00001, else 0. Numbers without a difference, a NaN or two
-/// infinities of one sign, give 0 too.
+/// 1 when left - right exceeds 0.00001, -1 when it is below -0.00001, else 0. A NaN gives 0, and so do two infinities
+/// of the same sign.
 [[nodiscard]] constexpr short DoubleCmp(double left, double right) noexcept {
     constexpr double kTolerance = 0.00001;
     const double difference = left - right;

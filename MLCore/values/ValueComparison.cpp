@@ -58,8 +58,8 @@ short CompareExactly(const char* left, const char* right) noexcept {
 
 constexpr TextOrder kTextOrders[] = {CompareExactly, CompareNoCaseLocale, lstrcmpinolocal};
 
-// By option. The letters of a part and of the text around it have to be alike one by one, which an order of texts, where
-// "ß" equals "ss", does not say.
+// By option. The letters of a part and of the text around it have to be alike one by one, which an order of texts,
+// where "ß" equals "ss", does not say.
 constexpr FOLD kPartFolds[] = {nullptr, UpperAnsi, WithoutAccentOrCase};
 
 /// Begins, Ends and Contains: 0 with a null. Fails with kErrValueType when either value is not a text.

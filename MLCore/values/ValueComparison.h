@@ -1,6 +1,6 @@
 /// \file
-/// The rules by which values of different types are brought together and ordered: what counts as a number, a date or a text,
-/// and how texts compare. Comparing (CVALUEOBJECT) and sorting (SortArray) go by these.
+/// The rules that compare and order values of different types: which types are numbers, dates or texts, and how texts
+/// compare. CVALUEOBJECT and SortArray() follow them.
 #pragma once
 
 #include <MLCore/core/EnumTable.h>
@@ -26,7 +26,8 @@ inline constexpr std::size_t kValueKindCount = static_cast<std::size_t>(ValueKin
 /// The kind of a type; Unordered for an unknown one.
 [[nodiscard]] constexpr ValueKind KindOf(CVALUE::Type type) noexcept;
 
-/// The kind in a sentence, for the texts of failures: "a number", "a date", "a text", "a GUID", "without an order" for Unordered.
+/// The name of the kind in a sentence, for the texts of failures: "a number", "a date", "a text", "a GUID", "without an
+/// order" for Unordered.
 [[nodiscard]] MLCORE_API const char* DescribeKind(ValueKind kind) noexcept;
 
 /// The number in a value. Fails with kErrValueType (138) when the value is not a number.
@@ -38,8 +39,8 @@ inline constexpr std::size_t kValueKindCount = static_cast<std::size_t>(ValueKin
 /// Compares two texts, neither of them null: -1 when `left` comes first, 0 or 1.
 using TextOrder = short (*)(const char* left, const char* right) noexcept;
 
-/// The order of texts under an option, as value objects of the class CVALUEOBJECT itself compare them. An unknown option
-/// is exact.
+/// The order of texts under an option, as value objects of the class CVALUEOBJECT itself compare them. An unknown
+/// option counts as CaseSensitive.
 [[nodiscard]] MLCORE_API TextOrder TextOrderOf(CVALUEOBJECT::ComparisonOption option) noexcept;
 
 struct VALUEKINDROW {
@@ -62,7 +63,7 @@ constexpr ValueKind KindOf(CVALUE::Type type) noexcept {
     return index < CVALUE::kTypeCount ? kValueKinds[index].kind : ValueKind::Unordered;
 }
 
-/// Fails with kErrValueType: says what the value is, and what was wanted.
+/// Fails with kErrValueType. The text names the type of the value and the `wanted` one.
 [[noreturn]] MLCORE_API void FailKind(const CVALUE& value, const char* wanted);
 
 inline CDATETIME DateTimeOf(const CVALUE& value) {

@@ -12,8 +12,8 @@
 
 namespace MLCore {
 
-/// Objects under keys, in the order of the keys' bytes: what CMEMDICTIONARY holds. Most dictionaries are records of a few
-/// fields; one table of them takes less memory than a tree, and comes into the cache as a whole.
+/// Objects under keys, in the order of the keys' bytes: what CMEMDICTIONARY holds. Most dictionaries are records of a
+/// few fields; one table of them takes less memory than a tree, and comes into the cache as a whole.
 class KEYEDOBJECTS {
 public:
     struct ENTRY {

@@ -9,7 +9,8 @@
 
 namespace MLCore {
 
-/// What GetKeyValue and SetKeyValue of CARRAY say, for these elements. The key is a copy: an element may change the caller's.
+/// What GetKeyValue and SetKeyValue of CARRAY say, for these elements. The key is a copy: an element may change the
+/// caller's.
 [[nodiscard]] CSHAREOBJECTPTR<COBJECT> MappedKeyValue(Elements elements, std::string key);
 void SetMappedKeyValue(const Elements& elements, std::string key, COBJECT* value);
 

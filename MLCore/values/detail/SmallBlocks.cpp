@@ -22,8 +22,8 @@ constexpr bool kKeepsBlocks = !MLCORE_WATCHES_BLOCKS;
 constexpr std::size_t kClasses = 3;
 constexpr std::size_t kStacks = 16;
 
-/// Free blocks of one class. Whoever takes the count has the shelf to himself until he puts a count back; who finds it taken
-/// does not wait but goes to the heap.
+/// Free blocks of one class. Whoever takes the count has the shelf to himself until he puts a count back; who finds it
+/// taken does not wait but goes to the heap.
 struct alignas(64) SHELF {
     static constexpr unsigned kTaken = ~0U;
 
@@ -36,7 +36,8 @@ struct alignas(64) SHELF {
 
 constinit std::array<std::array<SHELF, kClasses>, kStacks> gShelves;
 
-/// By the stack that the caller runs on, so that a thread mostly finds its own, and leaves nothing to be tidied at its end.
+/// By the stack that the caller runs on, so that a thread mostly finds its own, and leaves nothing to be tidied at its
+/// end.
 SHELF& ShelfOf(std::size_t blockClass) noexcept {
     const char here = 0;
     const std::uint64_t megabyte = reinterpret_cast<std::uintptr_t>(&here) >> 20U;

@@ -1,4 +1,5 @@
-/// Memory for the contents of small values. Most live only for a moment, and the heap would take more time than their use.
+/// Memory for the contents of small values. Most live only for a moment, and the heap would take more time than their
+/// use.
 #pragma once
 
 #include <cstddef>
