@@ -1,7 +1,7 @@
 /// The characters of Windows code page 1252 in Unicode, one by one. MLCore/text/CodePage1252.h converts whole texts.
 ///
-/// By the Unicode Consortium's best-fit table of the code page, in which the five unassigned bytes stand for the
-/// control characters of the same number.
+/// They follow the Unicode Consortium's best-fit table of the code page, in which the five unassigned bytes stand for
+/// the control characters with the same numbers.
 #pragma once
 
 #include <algorithm>

@@ -5,7 +5,8 @@
 
 namespace MLCore::platform {
 
-/// A date and a time of day in the Gregorian calendar, without a zone, as the system's clock and conversions use them.
+/// A date and a time of day in the Gregorian calendar, without a zone, as the clock and the conversions of the system
+/// use it.
 ///
 /// The struct holds any numbers; each function says which it accepts.
 struct CIVILTIME {

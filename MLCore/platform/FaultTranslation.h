@@ -9,8 +9,8 @@
 namespace MLCore::platform {
 
 /// While an object of this class lives, a processor fault in its thread is thrown as a std::runtime_error, if the
-/// compiler supports that (MSVC, with /EHa); otherwise it does nothing. The youngest of several objects applies; they
-/// must be destroyed in the reverse order.
+/// compiler supports that (MSVC, with /EHa); otherwise it does nothing. Of several objects the one created last
+/// applies; they must be destroyed in the reverse order.
 class [[maybe_unused]] FAULTTRANSLATION {
 public:
 #if defined(_MSC_VER)

@@ -4,7 +4,7 @@
 /// Names of Windows types that public interfaces mention, declared and not defined, exactly as the Windows headers
 /// declare them. A client may include `<windows.h>` and `<comdef.h>` before or after this header, or never.
 ///
-/// Whoever needs the complete types includes MLCore/platform/WinTypes.h in a source file.
+/// A source file that needs the complete types includes MLCore/platform/WinTypes.h.
 
 struct _SYSTEMTIME;
 typedef struct _SYSTEMTIME SYSTEMTIME;

@@ -6,7 +6,7 @@
 
 namespace MLCore::platform {
 
-/// Movable memory blocks that are identified by a handle. Streams and object values pass blocks of bytes in this form.
+/// Movable memory blocks that are identified by a handle. Streams and object values pass blocks of bytes in this way.
 ///
 /// A handle is not an address: a block must be locked to access its bytes, and only an unlocked block may move. On
 /// Windows these are the system's global blocks. On Linux the library manages them: it recognises and refuses a handle

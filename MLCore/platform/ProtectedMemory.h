@@ -32,8 +32,8 @@ MLCORE_API void FreeSecret(void* memory, std::size_t size) noexcept;
 /// Makes `size` bytes unreadable in place.
 ///
 /// \param size  a multiple of kSealBlockSize.
-/// \param seal  receives what OpenMemory needs. The same bytes look different after each sealing on Linux; Windows
-///              uses its own protection with a key of the process and leaves the seal alone.
+/// \param seal  receives the data that OpenMemory needs. On Linux the same bytes look different after each sealing.
+///              Windows uses its own protection with a key of the process and leaves the seal unchanged.
 /// \return true when sealed; false, with the memory unchanged, for another size or when the system fails. Sealed memory
 ///         must not be sealed again.
 [[nodiscard]] MLCORE_API bool SealMemory(void* memory, std::size_t size, MEMORYSEAL& seal) noexcept;

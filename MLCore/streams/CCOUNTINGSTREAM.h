@@ -8,10 +8,10 @@ namespace MLCore {
 /// A stream that stores nothing and only counts. Write a value to it, and GetSize() says how many bytes the value
 /// takes.
 ///
-/// A read leaves its destination unchanged (texts become zero bytes), and its buffer may be null. A read moves the
-/// position by the count that was asked for, deliberately, and so can pass the end. IsEnd() is 1 exactly at the end:
-/// after a read past the end it stays 0 until the position is set back. Do not copy the stream through a decorator,
-/// which would then read for ever; the stream's own GetValue(COSTREAM&) stops at the end.
+/// A read leaves its destination unchanged (texts become zero bytes), and its buffer may be null. On purpose, a read
+/// moves the position by the requested count, and so it can pass the end. IsEnd() is 1 exactly at the end: after a read
+/// past the end it stays 0 until the position is set back. Do not copy the stream through a decorator: the copy would
+/// never end. The stream's own GetValue(COSTREAM&) stops at the end.
 class MLCORE_API CCOUNTINGSTREAM : public CURSORSTREAM {
 public:
     CCOUNTINGSTREAM();

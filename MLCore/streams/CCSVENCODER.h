@@ -12,8 +12,8 @@ namespace MLCore {
 ///     Encode("a;b");         // "a;b" in double quotes
 ///     Encode("say \"hi\"");  // in double quotes, with each inner one doubled
 ///
-/// Decode(Encode(text)) gives the text back, except that a run of double quotes becomes one. A field is quoted for a
-/// ";" whatever the separator of the file is.
+/// Decode(Encode(text)) returns the text, except that a run of double quotes becomes one. A field is quoted for a ";"
+/// whatever the separator of the file is.
 class MLCORE_API CCSVENCODER : public CENCODER {
 public:
     ~CCSVENCODER() override;
@@ -22,13 +22,13 @@ public:
     /// other text unchanged, also one with line breaks.
     std::string Encode(const std::string& text) override;
     /// If the text begins and ends with a double quote, removes both. Then makes one double quote of each run of them,
-    /// however long. A text of less than two characters is returned unchanged.
+    /// however long. A text of fewer than two characters is returned unchanged.
     std::string Decode(const std::string& text) override;
 
 private:
     friend class CISTREAMDECORATORFIELD;
     friend class COSTREAMDECORATORFIELD;
-    /// Encode() of a text that is to be quoted, to memory with room for it. Returns the end.
+    /// Encode() of a text that needs quotes, to memory with room for it. Returns the end.
     static char* Quote(std::string_view text, char* encoded) noexcept;
     /// Decode() of any text.
     static void Unquote(std::string_view text, std::string& decoded);

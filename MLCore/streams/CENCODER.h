@@ -6,10 +6,11 @@
 
 namespace MLCore {
 
-/// Converts the text of a field to its form in a file and back, for COSTREAMDECORATORFIELD and CISTREAMDECORATORFIELD.
+/// Converts the text of a field to its format in a file and back, for COSTREAMDECORATORFIELD and
+/// CISTREAMDECORATORFIELD.
 ///
-/// An encoded text must not contain line breaks: they end the line. Nor must it contain the separator, unless an odd
-/// number of double quotes stands before it in the encoded text: it ends the field.
+/// An encoded text must not contain line breaks, because they end the line. It must not contain the separator either,
+/// because it ends the field, unless an odd number of double quotes stands before it in the encoded text.
 class MLCORE_API CENCODER {
 public:
     CENCODER() = default;
@@ -17,9 +18,9 @@ public:
     CENCODER& operator=(const CENCODER&) = default;
     virtual ~CENCODER();
 
-    /// The form of `text` in the file.
+    /// Returns the format of `text` in the file.
     virtual std::string Encode(const std::string& text) = 0;
-    /// The text of a field whose form in the file is `text`. That may be any text: files have errors.
+    /// Returns the text of a field from `text`, its format in the file. `text` may be anything: files have errors.
     virtual std::string Decode(const std::string& text) = 0;
 };
 

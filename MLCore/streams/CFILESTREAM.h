@@ -26,11 +26,11 @@ namespace MLCore {
 /// A failure of the system has the system's code and a text with the path and the system's reason: "cannot open
 /// 'x.csv': No such file or directory". The codes (FrameworkException::GetCode()) are 2 (on Windows also 3) not found,
 /// 5 access denied, 32 in use by another program, 80 exists already, 87 a mode whose flags contradict each other, 112
-/// disk full, 132 no file with positions (a pipe, a terminal), 223 too large for the system, 336 a folder.
+/// disk full, 132 a file without positions (a pipe, a terminal), 223 too large for the system, 336 a folder.
 /// MLCore/platform/File.h describes what other programs may do with an open file.
 ///
 /// Open() asks the system for the size; then the stream counts. Bytes that another program appends later are not seen.
-/// Where another program cuts the file, reads return fewer bytes and the stream ends there.
+/// If another program cuts the file, reads return fewer bytes and the stream ends there.
 class MLCORE_API CFILESTREAM : public CURSORSTREAM {
 public:
     /// \param path  copied; narrow text as in MLCore/platform/File.h. Null fails with kErrNull (-100).
@@ -44,8 +44,8 @@ public:
     /// Opens the file at its first byte. After a failure the stream is closed. An open stream only goes back to the
     /// first byte.
     void Open() override;
-    /// Writes the bytes that wait in the buffer and closes the file. When writing fails, the file is closed all the
-    /// same, and those bytes are lost.
+    /// Writes the bytes that wait in the buffer and closes the file. When writing fails, the file is closed
+    /// nevertheless, and those bytes are lost.
     void Close() override;
     /// Writes the bytes that wait in the buffer to the system. After a failure, those that were not written still wait,
     /// and Flush() may be called again. Fails with kErrStreamClosed (141) when the stream is closed.
@@ -55,7 +55,8 @@ public:
     using CURSORSTREAM::GetValue;
     /// The raw read. If it needs the buffer, it first writes the bytes that wait there, and then fails as Flush() does.
     long GetValue(void* buffer, long count) override;
-    /// The raw write: overwrites from the position on, and extends the file. Fails with code 5 in the mode Read.
+    /// The raw write: overwrites from the position on, and extends the file. Fails with code 5 (access denied) in the
+    /// mode Read.
     ///
     /// The bytes may wait in the buffer, so that a full disk is noticed in a later operation. After a failure
     /// GetPosition() says how far the write came: bytes before it are written or wait in the buffer, bytes after it are

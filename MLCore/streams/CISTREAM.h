@@ -22,10 +22,10 @@ class STREAMCURSOR;
 /// A stream of bytes to read from.
 ///
 /// A concrete stream defines the raw read, IsEnd(), Skip() and Rewind(). The typed reads are built on the raw read and
-/// read values in the form that COSTREAM writes (docs/formats/streams.md). A typed read that comes to the end too early
-/// fails with kErrStreamEnd (-110): the position stays where the raw read left it, and the destination holds the bytes
-/// that were read. The text of the failure says how many bytes were wanted, how many there were, and where, when the
-/// stream has a position. Every failure of the raw read is passed on.
+/// read values in the format that COSTREAM writes (docs/formats/streams.md). A typed read that comes to the end too
+/// early fails with kErrStreamEnd (-110): the position stays where the raw read left it, and the destination holds the
+/// bytes that were read. The text of the failure says how many bytes were wanted and how many were read. If the stream
+/// has a position, it also says where. Every failure of the raw read is passed on.
 ///
 /// A class that overrides one GetValue() hides the others: it must repeat `using CISTREAM::GetValue;`.
 class MLCORE_API CISTREAM : public virtual CSTREAM {
@@ -77,7 +77,7 @@ public:
     /// Goes back to the first byte.
     virtual void Rewind() = 0;
 
-    /// How deep objects may be nested whose states hold further objects. Deeper ones are neither read nor written:
+    /// The limit for objects that are nested in the states of objects. Reading or writing deeper ones fails with
     /// kErrValueType.
     static constexpr short kMaxObjectDepth = 256;
 
@@ -95,8 +95,8 @@ public:
     CISTREAM& operator>>(COSTREAM& out) { return Extract(out); }
 
 #ifdef _WIN32
-    // What a call becomes in a client that includes <windows.h> after this header. A client that overrides it undefines
-    // the macro first.
+    // The names of this call in a client that includes <windows.h> after this header. A client that overrides it must
+    // undefine the macro first.
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectA() { return GetObject(); }
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectW() { return GetObject(); }
 #endif

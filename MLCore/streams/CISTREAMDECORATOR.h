@@ -10,12 +10,12 @@
 namespace MLCore {
 
 /// A stream that wraps another stream, its component, and forwards every operation to it. Concrete decorators override
-/// some of the operations. Decorators stack to any depth. The component is not owned and must outlive the decorator.
-/// Whether a decorator is open is the state of its component.
+/// some of the operations. Decorators stack to any depth. The component is not owned and must outlive the decorator. A
+/// decorator is open when its component is open.
 ///
-/// Memory blocks, objects and object states are therefore read in the component's own form, whatever a decorator makes
-/// of single values. One operation is not forwarded: GetValue(COSTREAM&) copies through the decorator's own IsEnd() and
-/// raw read.
+/// Memory blocks, objects and object states are therefore read in the component's own format, even if a decorator
+/// converts single values. One operation is not forwarded: GetValue(COSTREAM&) copies through the decorator's own
+/// IsEnd() and raw read.
 class MLCORE_API CISTREAMDECORATOR : public CISTREAM {
 public:
     /// Wraps `component`. Pass a component of the decorator's own class as a CISTREAM&: otherwise the compiler takes it

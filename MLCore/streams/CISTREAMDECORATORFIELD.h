@@ -35,8 +35,8 @@ public:
     ~CISTREAMDECORATORFIELD() override;
 
     /// Reads the next field and decodes it; gives "" when there is none. Of a field that has `maxLength` characters or
-    /// more before decoding, that many are read. The rest, even if it is only the separator, is then read as a field of
-    /// its own. Fails with kErrStreamEnd (-110) for a negative length.
+    /// more before decoding, that many are read. The rest, even if it is only the separator, is then read as a separate
+    /// field. Fails with kErrStreamEnd (-110) for a negative length.
     void ReadNextValue(std::string& value, long maxLength);
 
     using CISTREAMDECORATORTEXT::GetValue;

@@ -15,7 +15,7 @@
 #pragma push_macro("GetObject")
 #undef GetObject
 
-// The binary forms of the base class are hidden on purpose.
+// The binary formats of the base class are hidden on purpose.
 #if defined(__GNUC__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Woverloaded-virtual"
@@ -23,7 +23,7 @@
 
 namespace MLCore {
 
-/// Reads lines, and values that stand in lines of their own, as COSTREAMDECORATORTEXT writes them
+/// Reads lines, and values that each have a separate line, as COSTREAMDECORATORTEXT writes them
 /// (docs/formats/streams.md). Lines end with LF, and every CR is dropped.
 ///
 ///     CISTREAMDECORATORTEXT text(file);
@@ -41,9 +41,9 @@ namespace MLCore {
 /// kErrStreamEnd (-110). The text of a failure names the line and the column of the value when the stream so far lies
 /// in memory, else its byte.
 ///
-/// Skip() and Rewind() are the component's and leave the flag alone. A text has no form for memory blocks and objects:
-/// reading one from this class does not compile. Through a CISTREAM& it reads the component's binary form. To read the
-/// state of an object from texts, use a CSTREAMREADER:
+/// Skip() and Rewind() are the component's and leave the flag unchanged. A text has no format for memory blocks and
+/// objects: reading one from this class does not compile. Through a CISTREAM& it compiles, and reads the component's
+/// binary format. To read the state of an object from texts, use a CSTREAMREADER:
 ///
 ///     CSTREAMREADER reader(text);
 ///     reader >> order;  // each value of the state from a line or field
@@ -67,7 +67,7 @@ public:
 
     /// Copies the rest of this stream, without the CRs.
     long GetValue(COSTREAM& out) override;
-    /// The raw read: `count` bytes without the CRs, fewer only at the end. Leaves the flag alone.
+    /// The raw read: `count` bytes without the CRs, fewer only at the end. Leaves the flag unchanged.
     long GetValue(void* buffer, long count) override;
     void GetValue(CDATETIME& value) override;
     void GetValue(CTIME& value) override;
@@ -94,7 +94,7 @@ public:
     /// Skips the rest of the line. When the flag is set, it only clears the flag.
     void GetNextLine() override;
 
-    /// These do not compile: a text has no binary form.
+    /// These do not compile: a text has no binary format.
     template <BinaryOnly Value>
     void GetValue(Value&) {
         RefuseBinaryForm<CISTREAMDECORATORTEXT, Value>();
@@ -120,7 +120,7 @@ public:
     }
 
 #ifdef _WIN32
-    // What a call becomes in a client that includes <windows.h> after this header.
+    // The names of this call in a client that includes <windows.h> after this header.
     template <class Value = CSERIALIZABLE>
     void GetObjectA() {
         RefuseBinaryForm<CISTREAMDECORATORTEXT, Value>();
@@ -132,12 +132,12 @@ public:
 #endif
 
 protected:
-    /// For a derived class that leaves IsEnd(), IsEndOfLine() and the raw read as they are here: `own` is its typeid.
-    /// Objects of that class itself are then read as fast as those of this one.
+    /// For a derived class that does not override IsEnd(), IsEndOfLine() and the raw read: `own` is its typeid. Objects
+    /// of that class itself are then read as fast as those of this one.
     CISTREAMDECORATORTEXT(CISTREAM& component, const std::type_info& own);
 
-    /// What all reads of lines and fields are made of. Reads up to the line end, the end of the stream, a separator
-    /// that an even number of double quotes stands before ('\n': none), or `limit` characters. Takes the LF or the
+    /// All reads of lines and fields use this. Reads up to the line end, the end of the stream, a separator with an
+    /// even number of double quotes before it ('\n': no separator), or `limit` characters. Takes the LF or the
     /// separator with it, and sets the flag at the LF. The text lies in the component or in this object: it is valid
     /// until the next operation. `hasQuotes` is set to false only when the text has no double quote.
     std::string_view ReadCharacters(char separator, std::size_t limit, bool& hasQuotes);

@@ -24,8 +24,8 @@ class STREAMCURSOR;
 /// caller must write the length first, or use a text or field decorator.
 ///
 /// A class that overrides one SetValue() hides the others: it must repeat `using COSTREAM::SetValue;`. An `int` or
-/// `bool` does not say which form it is to have, so writing one does not compile; nor does writing a pointer that is
-/// neither a text nor a memory handle.
+/// `bool` does not show which format is wanted, so writing one does not compile. Writing a pointer that is neither a
+/// text nor a memory handle does not compile either.
 class MLCORE_API COSTREAM : public virtual CSTREAM {
 public:
     ~COSTREAM() override;
@@ -33,9 +33,9 @@ public:
     /// The raw write: writes all `count` bytes at `buffer`, or fails; null fails with kErrNull (-100). Writes nothing
     /// when `count` is not positive.
     virtual void SetValue(const void* buffer, long count) = 0;
-    /// Writes a memory block (MLCore/platform/GlobalMemory.h): its size, then its bytes. The handle stays the caller's.
-    /// Null, and an invalid handle, is written as a block of no bytes. A block above 2^31-1 bytes fails with
-    /// kErrOverflow. It must not be the block that this stream keeps its own bytes in.
+    /// Writes a memory block (MLCore/platform/GlobalMemory.h): its size, then its bytes. The caller keeps the handle. A
+    /// null or invalid handle is written as a block of no bytes. A block above 2^31-1 bytes fails with kErrOverflow.
+    /// The block must not be the one that holds the bytes of this stream.
     virtual void SetValue(void* handle);
     /// Lets `object` write its state to this stream.
     virtual void SetValue(const CSERIALIZABLE& object);
@@ -51,9 +51,9 @@ public:
     virtual void SetValue(const char* value);  ///< up to the terminator; null writes nothing
     virtual void SetValue(char value);
     virtual void SetValueBOOL(int value);  ///< 4 bytes
-    /// Writes the identifier of the object's class with its length, then the object's state. Null, and an object whose
-    /// class has no identifier or an empty one, is written as a null object. Fails with kErrStreamName (-111) for an
-    /// identifier of more than 32767 characters, with kErrValueType (138) for objects nested deeper than
+    /// Writes the identifier of the object's class with its length, then the object's state. Null is written as a null
+    /// object, and so is an object whose class has no identifier or an empty one. Fails with kErrStreamName (-111) for
+    /// an identifier of more than 32767 characters, and with kErrValueType (138) for objects nested deeper than
     /// CISTREAM::kMaxObjectDepth.
     virtual void SetObject(const CSERIALIZABLEOBJECT* object);
     /// Only texts have lines (COSTREAMDECORATORTEXT). Here both do nothing.

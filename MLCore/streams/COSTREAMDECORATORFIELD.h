@@ -10,8 +10,8 @@ namespace MLCore {
 
 class CENCODER;
 
-/// Writes lines of fields. Each value is one field: its text form, encoded, with the separator before it unless it is
-/// the first field of its line.
+/// Writes lines of fields. Each value is one field: its text, encoded, with the separator before it unless it is the
+/// first field of its line.
 ///
 ///     CCSVENCODER encoder;
 ///     COSTREAMDECORATORFIELD fields(file, ';', encoder);

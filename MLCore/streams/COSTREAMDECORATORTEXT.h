@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <typeinfo>
 
-// The binary forms of the base class are hidden on purpose.
+// The binary formats of the base class are hidden on purpose.
 #if defined(__GNUC__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Woverloaded-virtual"
@@ -24,11 +24,12 @@ namespace MLCore {
 ///     text << "Orders of " << CDATE::Today();
 ///     text.SetNextLine();
 ///
-/// Nothing separates two values of a line. A value that a program is to read back stands in a line of its own, or in a
-/// field (COSTREAMDECORATORFIELD).
+/// Nothing separates two values of a line. A value that will be read back must have a separate line, or a field
+/// (COSTREAMDECORATORFIELD).
 ///
-/// A text has no form for memory blocks and objects: writing one to this class does not compile. Through a COSTREAM& it
-/// goes to the component in its binary form. To write the state of an object as texts, use a CSTREAMWRITER:
+/// A text has no format for memory blocks and objects: writing one to this class does not compile. Through a COSTREAM&
+/// it compiles, and goes to the component in its binary format. To write the state of an object as texts, use a
+/// CSTREAMWRITER:
 ///
 ///     CSTREAMWRITER writer(text);
 ///     writer << order << endl;  // each value of the state as a text or field
@@ -40,7 +41,7 @@ public:
     /// The raw write: every CR and every LF becomes CR LF, each by itself (so CR LF becomes two line ends), up to the
     /// first zero byte; the bytes from there on are written as they are.
     void SetValue(const void* buffer, long count) override;
-    // All values but texts are written through the two SetValue() of texts.
+    // All values except texts are written through the two SetValue() of texts.
     void SetValue(const CDATETIME& value) override;
     void SetValue(const CTIME& value) override;
     void SetValue(const CDATE& value) override;
@@ -58,7 +59,7 @@ public:
     /// Ends the line here, then in the component.
     void SetNextLine() override;
 
-    /// These do not compile: a text has no binary form.
+    /// These do not compile: a text has no binary format.
     template <BinaryOnly Value>
     void SetValue(const Value&) {
         RefuseBinaryForm<COSTREAMDECORATORTEXT, Value>();
@@ -91,16 +92,16 @@ public:
     }
 
 protected:
-    /// For a derived class that leaves the raw write as it is here: `own` is its typeid. Objects of that class itself
-    /// then write their line ends as fast as those of this one.
+    /// For a derived class that does not override the raw write: `own` is its typeid. Objects of that class itself then
+    /// write their line ends as fast as those of this one.
     COSTREAMDECORATORTEXT(COSTREAM& component, const std::type_info& own);
 
     /// Whether the object is of the class that its constructor named, and not of one derived from it. Compares
-    /// addresses: where modules have descriptions of their own, a false "no" takes the longer way.
+    /// addresses: if modules have separate descriptions, a false "no" only takes more time.
     [[nodiscard]] bool IsOwn() const noexcept { return &typeid(*this) == mOwn; }
     /// The component's memory where it may be written to directly; null otherwise.
     [[nodiscard]] STREAMCURSOR* GetLent() const noexcept { return GetComponent().mLent; }
-    /// Writes bytes that stay as they are to the component.
+    /// Writes bytes to the component unchanged.
     void WriteRun(const char* from, const char* to);
     void WriteLineEnd();
     /// All whole numbers are written by this: the digits, as a text.

@@ -16,7 +16,8 @@
 
 namespace MLCore {
 
-/// An object reads its state from a CREADER. CSTREAMREADER makes one of a stream. The operations are those of CISTREAM.
+/// An object reads its state from a CREADER. CSTREAMREADER makes one from a stream. The operations are those of
+/// CISTREAM.
 ///
 ///     void CORDER::ReadState(CREADER& reader) { reader >> mNumber >> mDate >> mAmount; }
 ///
@@ -49,8 +50,8 @@ public:
     virtual void GetNextLine();
 
 #ifdef _WIN32
-    // What a call becomes in a client that includes <windows.h> after this header. A client that overrides it undefines
-    // the macro first.
+    // The names of this call in a client that includes <windows.h> after this header. A client that overrides it must
+    // undefine the macro first.
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectA() { return GetObject(); }
     [[nodiscard]] CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> GetObjectW() { return GetObject(); }
 #endif

@@ -21,9 +21,9 @@ public:
     CSTREAMSAVER& operator=(const CSTREAMSAVER&) = delete;
 
     /// Puts the position back. May be called again. Fails with kErrStreamEnd (-110) when the stream has become shorter
-    /// than the position, with kErrStreamClosed (141) when it is closed.
+    /// than the position, and with kErrStreamClosed (141) when it is closed.
     void Restore();
-    /// Forgets the stream: its position is not put back any more.
+    /// Forgets the stream: its position is no longer put back.
     void Reset() noexcept;
 
 private:

@@ -13,7 +13,8 @@
 
 namespace MLCore {
 
-/// An object writes its state to a CWRITER. CSTREAMWRITER makes one of a stream. The operations are those of COSTREAM.
+/// An object writes its state to a CWRITER. CSTREAMWRITER makes one from a stream. The operations are those of
+/// COSTREAM.
 ///
 ///     void CORDER::WriteState(CWRITER& writer) const { writer << mNumber << mDate << mAmount; }
 class MLCORE_API CWRITER {

@@ -7,9 +7,9 @@
 
 namespace MLCore {
 
-/// Finds where the fields and lines of a text end. The text may come in pieces: what the scanner knows of the current
-/// field carries over from one piece to the next. CISTREAMDECORATORFIELD and CISTREAMDECORATORTEXT read by it; use it
-/// to read a text that lies in memory, or in blocks of your own.
+/// Finds where the fields and lines of a text end. The text may come in pieces: the scanner keeps the state of the
+/// current field from one piece to the next. CISTREAMDECORATORFIELD and CISTREAMDECORATORTEXT use it. A program can use
+/// it to read a text that lies in memory or comes in blocks.
 ///
 ///     FIELDSCANNER scanner(';');
 ///     std::vector<std::string> fields(1);
@@ -23,16 +23,16 @@ namespace MLCore {
 ///     }  // fields: 1 and "a;b", with its quotes
 ///
 /// The rules: LF ends a line. CR is dropped wherever it stands. The separator ends a field when an even number of
-/// double quotes stands before it in the field. Quotes belong to the field: a CENCODER removes them. Of a character
-/// with two meanings, a line end comes first, and a separator that is a double quote ends a field at each second one.
+/// double quotes stands before it in the field. Quotes belong to the field: a CENCODER removes them. If the separator
+/// is a LF or CR, the rule for that character applies. If it is a double quote, each second one ends a field.
 class FIELDSCANNER {
 public:
-    /// What a line end means after an odd number of double quotes.
+    /// The meaning of a line end after an odd number of double quotes.
     enum class QUOTEDLINES : unsigned char {
         End,   ///< it ends the line, and with it the field
         Stay,  ///< it belongs to the field, CR and LF as they stand
     };
-    /// What follows a piece.
+    /// The end that follows a piece.
     enum class END : unsigned char {
         None,   ///< more of the same field, or nothing
         Field,  ///< a separator
@@ -40,7 +40,7 @@ public:
     };
     struct PIECE {
         std::string_view text;  ///< characters of the field; part of the bytes that were given
-        std::size_t taken = 0;  ///< how many bytes are done with: the text, and the end or the CR after it
+        std::size_t taken = 0;  ///< how many bytes were scanned: the text, and the end or the CR after it
         END end = END::None;
         bool hasQuotes = false;  ///< the field has double quotes, in this piece or an earlier one
     };
