@@ -1,6 +1,6 @@
-// Business days in France over 1, 10 and 50 years, beside a day-by-day loop with std::chrono and a table of holidays, and
-// beside QuantLib where it is installed. The limit knows the business days of each day's past beforehand. Then a calendar of
-// an application's own, which must be asked about each day.
+// Business days in France over 1, 10 and 50 years, beside a day-by-day loop with std::chrono and a table of holidays,
+// and beside QuantLib where it is installed. The limit knows the business days of each day's past beforehand. Then a
+// calendar of an application's own, which must be asked about each day.
 
 #include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
 #include <MLCore/datetime/CDATE.h>

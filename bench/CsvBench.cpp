@@ -1,6 +1,6 @@
-// A million lines of six fields in a file, some of them quoted, beside C's own output and the readers of other libraries. Whoever
-// reads puts each field into a text of its own. The hand-written loop cuts at every separator and knows no quotes: it is the
-// limit, and is given lines without any.
+// A million lines of six fields in a file, some of them quoted, beside C's own output and the readers of other
+// libraries. Whoever reads puts each field into a text of its own. The hand-written loop cuts at every separator and
+// knows no quotes: it is the limit, and is given lines without any.
 
 #include <MLCore/streams/CCSVENCODER.h>
 #include <MLCore/streams/CFILESTREAM.h>

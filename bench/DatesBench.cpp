@@ -1,5 +1,5 @@
-// Calendar dates beside std::chrono, and beside Boost.DateTime, Qt and Abseil where they are installed: a million dates of
-// the years 1900 to 2100 in random order.
+// Calendar dates beside std::chrono, and beside Boost.DateTime, Qt and Abseil where they are installed: a million dates
+// of the years 1900 to 2100 in random order.
 
 #include <MLCore/datetime/CCALENDARFRENCHSTRATEGY.h>
 #include <MLCore/datetime/CDATE.h>
@@ -137,8 +137,8 @@ const qint64 kQt1904 = QDate(1904, 1, 1).toJulianDay();
 const absl::CivilDay kAbsl1904(1904, 1, 1);
 #endif
 
-// The peers' own dates hold a count of days (Boost, Qt) or the fields (Abseil); each is made from what is given, and asked
-// for the other form.
+// The peers' own dates hold a count of days (Boost, Qt) or the fields (Abseil); each is made from what is given, and
+// asked for the other form.
 void RegisterToSerial(const DATA& data, const TABLES& tables) {
     bench::WORKLOAD workload("serial day from fields", kCount);
     workload.Add("MLCore", [&](std::size_t i) { return data.dates[i].ComputeDaysFrom1904(); })

@@ -1,4 +1,5 @@
-// How the time per item grows with the collection: filters, sorting, CSV files and sets, beside structs and std containers.
+// How the time per item grows with the collection: filters, sorting, CSV files and sets, beside structs and std
+// containers.
 
 #include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>
 #include <MLCore/predicates/SortArray.h>

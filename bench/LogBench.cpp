@@ -1,5 +1,5 @@
-// A million short lines to a log file, beside what others would log with. Everybody writes the same line, its date and time made
-// anew when the second changes; the lines are counted afterwards.
+// A million short lines to a log file, beside what others would log with. Everybody writes the same line, its date and
+// time made anew when the second changes; the lines are counted afterwards.
 
 #include <MLCore/logging/CLOGGERBASIC.h>
 #include <MLCore/logging/CLOGMANAGER.h>

@@ -1,6 +1,6 @@
 // A million objects of three classes in turn, written to memory with their classes and read back as new objects, beside
-// QDataStream, which writes a number for the class and makes the object in a hand-written switch. The limit copies the fields
-// by hand.
+// QDataStream, which writes a number for the class and makes the object in a hand-written switch. The limit copies the
+// fields by hand.
 
 #include <MLCore/core/CSHAREOBJECTPTR.h>
 #include <MLCore/streams/CBUFFERSTREAM.h>

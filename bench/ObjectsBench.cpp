@@ -1,7 +1,7 @@
 // Shared objects beside std::shared_ptr and the intrusive pointers of other libraries.
 //
-// A thread has run before each measurement, as in every application of some size: until then libstdc++ counts without atomic
-// operations.
+// A thread has run before each measurement, as in every application of some size: until then libstdc++ counts without
+// atomic operations.
 
 #include <MLCore/core/CSHAREOBJECT.h>
 #include <MLCore/core/CSHAREOBJECTPTR.h>

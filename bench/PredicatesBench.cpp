@@ -1,5 +1,6 @@
-// Filters and sorts up to a million records: objects of a class with access by key, and dictionaries, beside hand-written code
-// over structs and over records that are std::unordered_map, a database in memory, and Foundation's predicates.
+// Filters and sorts up to a million records: objects of a class with access by key, and dictionaries, beside
+// hand-written code over structs and over records that are std::unordered_map, a database in memory, and Foundation's
+// predicates.
 
 #include <MLCore/core/ClassDeclaration.h>
 #include <MLCore/predicates/CSORTDESCRIPTORBUILDER.h>

@@ -1,5 +1,5 @@
-// Ten million typed values written to a stream in memory and read back, beside the standard library. A plain vector that
-// the bytes are appended to is the limit: no position, no failure, no virtual call.
+// Ten million typed values written to a stream in memory and read back, beside the standard library. A plain vector
+// that the bytes are appended to is the limit: no position, no failure, no virtual call.
 
 #include <MLCore/streams/CBUFFERSTREAM.h>
 #include <MLCore/streams/CISTREAMDECORATOR.h>

@@ -1,5 +1,5 @@
-// Values beside std::variant and QVariant: made, copied, compared and destroyed. The limit does it with the plain values, whose
-// type is known.
+// Values beside std::variant and QVariant: made, copied, compared and destroyed. The limit does it with the plain
+// values, whose type is known.
 
 #include <MLCore/values/CVALUE.h>
 #if defined(MLCORE_HAVE_QT)

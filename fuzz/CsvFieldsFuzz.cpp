@@ -45,8 +45,8 @@ std::string Write(const ROWS& rows, bool isHidden) {
     return BytesOf(memory);
 }
 
-/// Fields that are written are read again, with runs of double quotes as one. Fields read from any bytes are written and read
-/// again unchanged, and are the same however the stream gives its bytes.
+/// Fields that are written are read again, with runs of double quotes as one. Fields read from any bytes are written
+/// and read again unchanged, and are the same however the stream gives its bytes.
 void Property(INPUT input) {
     ROWS rows(1), expected;
     const std::string bytes = input.Rest(40);

@@ -60,7 +60,8 @@ std::string Do(CISTREAM& stream, unsigned what, unsigned number) {
     }
 }
 
-/// A large block is announced. Where no size is known, memory is taken for it, which is slow: most of these inputs are left out.
+/// A large block is announced. Where no size is known, memory is taken for it, which is slow: most of these inputs are
+/// left out.
 bool IsTooSlow(std::string_view ahead) {
     return ahead.size() >= 4 && ahead.substr(2, 2) != "\0\0"sv && ahead[0] != 'L';
 }
@@ -76,7 +77,8 @@ std::string Read(INPUT steps, const std::string& bytes) {
         const bool isBlock = step % 16 == 9 || step % 16 == 10;
         if (isBlock && IsTooSlow(std::string_view(bytes).substr(before))) continue;
         const std::string result = Do(stream, step % 16, step / 16 * 3);
-        // After a block that is too short, streams that know their size stand after the block's size, others at their end.
+        // After a block that is too short, streams that know their size stand after the block's size, others at their
+        // end.
         if (isBlock && result == "-110") source.memory.SetPosition(std::min(before + 4, source.memory.GetSize()));
         all += result + (stream.IsEnd() != 0 ? 'E' : '_') + std::to_string(source.memory.GetPosition()) + '\n';
     }

@@ -22,7 +22,8 @@ struct ORDER {
     bool active;
 };
 
-/// Always the same ones: 20,000 clients in 500 cities, amounts up to 10,000, quantities below 200, the years 2024 to 2026.
+/// Always the same ones: 20,000 clients in 500 cities, amounts up to 10,000, quantities below 200, the years 2024 to
+/// 2026.
 [[nodiscard]] std::vector<ORDER> MakeOrders(std::size_t count);
 
 /// The order under the keys row, client, city, amount, date, quantity and active, which is 0 or 1.

@@ -30,8 +30,8 @@ public:
     /// Called before a measurement, not measured.
     using PREPARATION = void (*)();
 
-    /// `count` is the number of operations in one pass; each does `items` items, which the figures are told for. The name
-    /// must hold no '/'.
+    /// `count` is the number of operations in one pass; each does `items` items, which the figures are told for. The
+    /// name must hold no '/'.
     WORKLOAD(std::string name, std::size_t count, PREPARATION prepare = nullptr, std::size_t items = 1)
         : mName(std::move(name)), mCount(count), mPrepare(prepare), mItems(items) {}
 
@@ -77,8 +77,8 @@ private:
     std::vector<std::int64_t> mResults;
 };
 
-/// One workload with collections of several sizes. Each pass handles kItems items, in as many collections as it takes, so
-/// that no size has its data nearer to the processor than another.
+/// One workload with collections of several sizes. Each pass handles kItems items, in as many collections as it takes,
+/// so that no size has its data nearer to the processor than another.
 class GROWTH {
 public:
     static constexpr std::size_t kItems = 1000000;

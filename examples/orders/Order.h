@@ -35,7 +35,8 @@ public:
     AMOUNT sales, profit;
 };
 
-/// The CSHIPMENTs that an array of CORDERs makes, in the order of their first lines. The segment is that of the first line.
+/// The CSHIPMENTs that an array of CORDERs makes, in the order of their first lines. The segment is that of the first
+/// line.
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CARRAY> JoinLines(const MLCore::CARRAY& lines,
                                                                 MLCore::CCALENDARSTRATEGY* calendar);
 

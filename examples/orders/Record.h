@@ -16,7 +16,8 @@ namespace orders {
 
 class CRECORD;
 
-/// A property of a class of records: its key, which is also the name of its column in a file, and the member that holds it.
+/// A property of a class of records: its key, which is also the name of its column in a file, and the member that holds
+/// it.
 ///
 /// | member      | by key                         | in a file                                                       |
 /// |-------------|--------------------------------|-----------------------------------------------------------------|
@@ -48,8 +49,8 @@ public:
     /// Takes a value object of the property's type; anything else fails with kErrValueType (138).
     void SetKeyValue(const std::string& key, MLCore::COBJECT* value) override;
 
-    /// The text of a property as it stands in a file. SetText() returns false for any other text, and leaves the property
-    /// with an unspecified value.
+    /// The text of a property as it stands in a file. SetText() returns false for any other text, and leaves the
+    /// property with an unspecified value.
     [[nodiscard]] std::string GetText(const PROPERTY& property) const;
     [[nodiscard]] bool SetText(const PROPERTY& property, const std::string& text);
     /// The texts that SetText() accepts: "an amount".

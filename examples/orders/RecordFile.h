@@ -22,8 +22,8 @@ public:
     /// std::runtime_error when a column is missing, unless the file is empty. The rejects are borrowed.
     RECORDREADER(const std::string& path, PROPERTIES properties, REJECTS& rejects);
 
-    /// Sets the properties of `record` from the next line; false at the end. Lines with the wrong number of fields, or with a
-    /// field that is not a value of its type, are rejected and skipped.
+    /// Sets the properties of `record` from the next line; false at the end. Lines with the wrong number of fields, or
+    /// with a field that is not a value of its type, are rejected and skipped.
     [[nodiscard]] bool Read(CRECORD& record);
     /// Rejects the line that was read last.
     void Reject(const std::string& reason) { mRejects.Add(mFile, mFirstLine, mLine, reason); }

@@ -16,8 +16,8 @@ struct LINE {
     long number = 0;
 };
 
-/// Counts and logs the lines that are refused, and keeps them, byte by byte, in a file. It begins with the first line of the
-/// file that they come from, so that it can be corrected and read in place of that file.
+/// Counts and logs the lines that are refused, and keeps them, byte by byte, in a file. It begins with the first line
+/// of the file that they come from, so that it can be corrected and read in place of that file.
 class REJECTS {
 public:
     /// Without a path, the lines are only counted.

@@ -10,8 +10,8 @@
 
 namespace orders {
 
-/// All conditions of the options, and that of the filter file. Throws a std::runtime_error when that file cannot be read, is
-/// not a filter, or uses a key that orders lack.
+/// All conditions of the options, and that of the filter file. Throws a std::runtime_error when that file cannot be
+/// read, is not a filter, or uses a key that orders lack.
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CPREDICATE> MakeFilter(const OPTIONS& options);
 
 /// Writes a filter file. Throws a std::runtime_error.

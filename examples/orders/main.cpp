@@ -1,5 +1,5 @@
-// Reports on a file of order lines; `orders --help` lists the options. Ends with 0, with 1 when lines were rejected or a
-// file cannot be read or written, and with 2 when the command line cannot be understood.
+// Reports on a file of order lines; `orders --help` lists the options. Ends with 0, with 1 when lines were rejected or
+// a file cannot be read or written, and with 2 when the command line cannot be understood.
 
 #include <algorithm>
 #include <exception>

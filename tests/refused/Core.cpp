@@ -1,5 +1,5 @@
-// Code that must not compile. Without REFUSED the file does; with it the compiler must complain about every line that ends
-// in "refused": see checks/refused.sh.
+// Code that must not compile. Without REFUSED the file does; with it the compiler must complain about every line that
+// ends in "refused": see checks/refused.sh.
 
 #include <MLCore/core/CCLASSTYPEINFO.h>
 #include <MLCore/core/COBJECT.h>

@@ -15,7 +15,8 @@ namespace {
 
 using namespace MLCore;
 
-/// An object with a value of each type and, perhaps, an object in it. Its texts are fields: with lengths where there are none.
+/// An object with a value of each type and, perhaps, an object in it. Its texts are fields: with lengths where there
+/// are none.
 class CRECORD : public CSERIALIZABLEOBJECT {
     MLCORE_CLASS(CRECORD, CSERIALIZABLEOBJECT)
 

@@ -1,4 +1,5 @@
-/// How GoogleTest shows our values: by their fields, so that two that differ also look different. Included by every test.
+/// How GoogleTest shows our values: by their fields, so that two that differ also look different. Included by every
+/// test.
 #pragma once
 
 #include <iosfwd>

@@ -26,7 +26,8 @@ TEST(CodePage1252Test, EveryByteSurvives) {
 }
 
 TEST(CodePage1252Test, PublishedCharacters) {
-    // From the table that the Unicode Consortium publishes for the code page, and Windows' reading of the undefined bytes.
+    // From the table that the Unicode Consortium publishes for the code page, and Windows' reading of the undefined
+    // bytes.
     const struct {
         const char* ansi;
         const char* utf8;

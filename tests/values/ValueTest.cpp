@@ -204,7 +204,8 @@ TEST(ValueTest, CopiesAreDeepAndMovesLeaveNull) {
     EXPECT_EQ(object->GetUseCount(), 1);
 }
 
-// More values than are kept for reuse, of all sizes about those of the blocks, freed by a thread that did not make them.
+// More values than are kept for reuse, of all sizes about those of the blocks, freed by a thread that did not make
+// them.
 TEST(ValueTest, PassesFromThreadToThread) {
     const auto make = [](char letter) {
         std::vector<CVALUE> values;

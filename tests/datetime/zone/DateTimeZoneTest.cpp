@@ -56,7 +56,8 @@ protected:
     [[nodiscard]] CDATETIME Expected(const CDATETIME& utc) const {
         return utc + CTIMESPAN(OffsetAt(mZone, ToSysSeconds(utc)));
     }
-    // Both ways. A local time that is there leads to a moment that leads to it, the earlier one where it is there twice.
+    // Both ways. A local time that is there leads to a moment that leads to it, the earlier one where it is there
+    // twice.
     void Compare(const CDATETIME& utc) const {
         const CDATETIME local = Expected(utc);
         ASSERT_EQ(Local(utc), local) << utc;
