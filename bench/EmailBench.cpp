@@ -1,5 +1,5 @@
 // A hundred thousand addresses, plain, quoted, with a domain literal and wrong ones, about half of them valid. The loop
-// beside the split only looks for the '@' and copies nothing, so it is a limit and no peer in earnest.
+// beside the split only looks for the '@' and copies nothing, so it is a limit and not a real peer.
 
 #include <MLCore/net/CEMAIL.h>
 
@@ -34,7 +34,7 @@ std::vector<std::string> MakeAddresses() {
     return addresses;
 }
 
-// The same rules. Only quotes behind a backslash are understood differently, which the split counts; there are none
+// The same rules. Only quotes after a backslash are understood differently, which the split counts; there are none
 // here.
 std::regex MakePattern() {
     const std::string atom = R"([!#$%&'*+\-/0-9=?A-Z^_`a-z{|}~]+)";

@@ -30,8 +30,8 @@ public:
     /// Called before a measurement, not measured.
     using PREPARATION = void (*)();
 
-    /// `count` is the number of operations in one pass; each does `items` items, which the figures are told for. The
-    /// name must hold no '/'.
+    /// `count` is the number of operations in one pass; each does `items` items, and the figures are per item. The name
+    /// must not contain '/'.
     WORKLOAD(std::string name, std::size_t count, PREPARATION prepare = nullptr, std::size_t items = 1)
         : mName(std::move(name)), mCount(count), mPrepare(prepare), mItems(items) {}
 

@@ -1,4 +1,4 @@
-/// What happens in a run, on the log channel "orders".
+/// The events of a run, on the log channel "orders".
 #pragma once
 
 #include <MLCore/logging/LogEventType.h>

@@ -13,7 +13,7 @@
 
 namespace orders {
 
-/// A business calendar that can be asked for.
+/// A business calendar that the user can choose.
 struct CALENDARCHOICE {
     std::string_view name;
     MLCore::CSHAREOBJECTPTR<MLCore::CCALENDARSTRATEGY> (*create)();
@@ -48,8 +48,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reads the arguments after the program's name: options, as "--late 3" or "--late=3", and the file. Of an option that
-/// is given twice, the last one holds. Throws a USAGEERROR.
+/// Reads the arguments after the program's name: options, as "--late 3" or "--late=3", and the file. If an option is
+/// given twice, the last one counts. Throws a USAGEERROR.
 [[nodiscard]] OPTIONS ReadOptions(const std::vector<std::string>& arguments);
 
 }  // namespace orders

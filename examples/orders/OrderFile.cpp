@@ -17,7 +17,7 @@ namespace {
 // The first line of each order.
 using FIRSTLINES = std::unordered_map<std::string, CSHAREOBJECTPTR<CORDER>>;
 
-// What is wrong with a line, or "".
+// The fault of a line, or "".
 std::string FaultOf(CORDER& line, FIRSTLINES& firstLines) {
     if (line.shipDate < line.orderDate) {
         return "shipped before it was ordered";

@@ -18,7 +18,7 @@ MLCORE_REGISTER_CLASS(CRECORD)
 
 namespace {
 
-// The types of properties, in the order of PROPERTY::MEMBER; below, what each is as text and by key.
+// The types of properties, in the order of PROPERTY::MEMBER; below, each as text and by key.
 constexpr const char* kTypeNames[] = {"a text", "a whole number", "a date YYYY-MM-DD", "an amount"};
 
 bool Parse(const std::string& text, std::string& value) {

@@ -34,7 +34,7 @@ struct PROPERTY {
 
     const char* key;
     MEMBER member;
-    bool mayLack;  // a file need not have the column: then the property stays "" or 0
+    bool mayLack;  // a file may lack the column: then the property stays "" or 0
 };
 using PROPERTIES = std::span<const PROPERTY>;
 

@@ -56,7 +56,7 @@ bool RECORDREADER::Read(CRECORD& record) {
     return false;
 }
 
-// What is wrong with the line, or "".
+// The fault of the line, or "".
 std::string RECORDREADER::ReadLine(CRECORD& record) {
     const std::vector<std::string> texts = ReadLine();
     if (mLine.end - mLine.begin > kLongestLine) {

@@ -28,7 +28,7 @@ public:
     void Close();
 
     [[nodiscard]] long GetCount() const noexcept { return mCount; }
-    /// Writes where the first 20 are and why they were refused, and how many more there are.
+    /// Writes the places of the first 20, the reasons, and the number of the others.
     void Write(std::ostream& out) const;
 
 private:

@@ -11,7 +11,7 @@
 
 namespace orders {
 
-/// Writes the report on the shipments of the period asked for, for people, in UTF-8.
+/// Writes the report on the shipments of the chosen period, for people, in UTF-8.
 void WriteReport(std::ostream& out, MLCore::CARRAY& shipments, const OPTIONS& options);
 
 /// Writes the shipments that were selected, how, and their totals.

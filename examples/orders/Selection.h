@@ -25,7 +25,7 @@ void SaveFilter(const std::string& path, const MLCore::CPREDICATE& filter);
 [[nodiscard]] MLCore::CSHAREOBJECTPTR<MLCore::CARRAY> Select(MLCore::CARRAY& shipments, MLCore::CPREDICATE* filter,
                                                              const std::string& keys);
 
-/// What is wrong with a key to filter or to sort by, or "".
+/// The fault of a key to filter or to sort by, or "".
 [[nodiscard]] std::string FaultOfKey(const std::string& key);
 
 }  // namespace orders

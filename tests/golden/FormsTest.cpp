@@ -1,6 +1,7 @@
-// Every text and byte form at once, as kept in data/forms.txt: the same from every compiler, on every system, however
-// optimised. What the forms have to be is tested beside their classes; here, that nobody changes one unawares. Values
-// too many to list are told by a number made of their texts. MLCORE_UPDATE=1 in the environment writes the file anew.
+// Every text and byte format, as stored in data/forms.txt: the same from every compiler, on every system, however
+// optimised. The tests of the classes check that the formats are right; this one, that nobody changes one by mistake.
+// Sets of values that are too large to list are reduced to a number made from their texts. MLCORE_UPDATE=1 in the
+// environment writes the file anew.
 #include <MLCore/platform/WinTypes.h>
 #include <predicates/Trees.h>
 #include <streams/Bytes.h>

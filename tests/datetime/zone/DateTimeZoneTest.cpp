@@ -56,7 +56,7 @@ protected:
     [[nodiscard]] CDATETIME Expected(const CDATETIME& utc) const {
         return utc + CTIMESPAN(OffsetAt(mZone, ToSysSeconds(utc)));
     }
-    // Both ways. A local time that is there leads to a moment that leads to it, the earlier one where it is there
+    // Both ways. A local time that exists leads to a moment that leads back to it, the earlier one if the time occurs
     // twice.
     void Compare(const CDATETIME& utc) const {
         const CDATETIME local = Expected(utc);
