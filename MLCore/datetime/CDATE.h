@@ -56,8 +56,7 @@ public:
     /// The null date.
     constexpr CDATE() noexcept = default;
     /// Stores the fields as they are. The day comes first. In a constant expression a day above 31 or a month above 12
-    /// does not compile. When g++ or clang optimizes, the constants in CDATE(2026, 4, 30) do not compile elsewhere
-    /// either.
+    /// does not compile. When g++ or clang optimizes, CDATE(2026, 4, 30) does not compile anywhere.
     constexpr CDATE(std::int16_t day, std::int16_t month, std::int16_t year) noexcept;
     /// Takes wDay, wMonth and wYear.
     explicit CDATE(const _SYSTEMTIME& time) noexcept;

@@ -5,7 +5,8 @@
 
 namespace MLCore {
 
-/// A search for the words of a text, in one field or wherever a database searches. It is meant for query text.
+/// A search for the words of a text, in one field or in all fields that a database searches. It is meant for query
+/// text.
 ///
 /// Evaluated, it is true when each word occurs in the field's text without regard to case and accents. A word is a
 /// run of characters without blanks. It is false without a field, and where the field or the text is not a String.

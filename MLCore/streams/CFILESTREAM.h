@@ -29,8 +29,8 @@ namespace MLCore {
 /// disk full, 132 a file without positions (a pipe, a terminal), 223 too large for the system, 336 a folder.
 /// MLCore/platform/File.h describes what other programs may do with an open file.
 ///
-/// Open() asks the system for the size; then the stream counts. Bytes that another program appends later are not seen.
-/// If another program cuts the file, reads return fewer bytes and the stream ends there.
+/// Open() gets the size from the system. After that the stream counts. Bytes that another program appends later are not
+/// seen. If another program cuts the file, reads return fewer bytes and the stream ends there.
 class MLCORE_API CFILESTREAM : public CURSORSTREAM {
 public:
     /// \param path  copied; narrow text as in MLCore/platform/File.h. Null fails with kErrNull (-100).

@@ -22,9 +22,9 @@ namespace MLCore {
 ///         }
 ///     }  // fields: 1 and "a;b", with its quotes
 ///
-/// The rules: LF ends a line. CR is dropped wherever it stands. The separator ends a field when an even number of
-/// double quotes stands before it in the field. Quotes belong to the field: a CENCODER removes them. If the separator
-/// is a LF or CR, the rule for that character applies. If it is a double quote, each second one ends a field.
+/// The rules: LF ends a line. Every CR is dropped. The separator ends a field when an even number of double quotes
+/// stands before it in the field. Quotes belong to the field: a CENCODER removes them. If the separator is LF or CR,
+/// the rule for that character applies. If it is a double quote, each second one ends a field.
 class FIELDSCANNER {
 public:
     /// The meaning of a line end after an odd number of double quotes.

@@ -31,7 +31,7 @@ struct OPTIONS {
     std::optional<int> late;  // business days; an order that takes more is late
     bool listsAll = false;
     bool showsProgress = false;
-    std::string (*answer)() = nullptr;  // instead of a report, its text is wanted
+    std::string (*answer)() = nullptr;  // makes the text that is written instead of a report
 
     bool selects = false;  // list the orders that meet the following conditions, instead of the late ones
     std::string segment;   // empty: any

@@ -7,13 +7,14 @@
 
 namespace MLCore {
 
-/// What has a binary form only: objects and memory handles. Between the lines of a text nobody finds the end of such
-/// bytes.
+/// Types with only a binary format: objects and memory handles. Between the lines of a text no reader could find the
+/// end of these bytes.
 template <class T>
 concept BinaryOnly = std::derived_from<std::remove_cv_t<T>, CSERIALIZABLE> || std::same_as < std::remove_cv_t<T>,
 void* > ;
 
-/// Used where a program asks the text stream `Stream` for the binary form of a T: the compiler then shows the sentence.
+/// Used where a program asks the text stream `Stream` for the binary format of a T: the compiler then shows the
+/// sentence.
 template <class Stream, class T>
 constexpr void RefuseBinaryForm() {
     static_assert(sizeof(T) == 0,
