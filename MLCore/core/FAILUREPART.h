@@ -19,8 +19,8 @@ struct QUOTEDPATH {
 [[nodiscard]] constexpr QUOTED Quoted(std::string_view text) noexcept { return {text}; }
 [[nodiscard]] constexpr QUOTEDPATH QuotedPath(std::string_view path) noexcept { return {path}; }
 
-/// One part of the text that Require() and FailWith() compose: an unchanged text, a quoted text, or a number. Texts are
-/// borrowed until the call ends; a null pointer means the empty text.
+/// One part of the text that Require() and FailWith() compose: an unchanged text, a quoted text or path, or a number.
+/// Texts are borrowed until the call ends; a null pointer means the empty text.
 class FAILUREPART {
 public:
     explicit constexpr FAILUREPART(std::string_view text) noexcept : mKind(KIND::Text), mText(text) {}

@@ -33,7 +33,8 @@ namespace MLCore {
 [[noreturn]] MLCORE_API void ThrowLastError(std::initializer_list<FAILUREPART> parts);
 
 /// Throws (code, code) with a text: one short English sentence that says what was found, where, and what was wanted.
-/// The parts are texts, numbers, Quoted() texts and QuotedPath() paths, written one after the other without blanks between them.
+/// The parts are texts, numbers, Quoted() texts and QuotedPath() paths, written one after the other without blanks
+/// between them.
 template <class... Parts>
 [[noreturn]] void FailWith(short code, const Parts&... parts) {
     ThrowFailure(code, {FAILUREPART(parts)...});
@@ -46,7 +47,7 @@ template <class... Parts>
     ThrowLastError({FAILUREPART(parts)...});
 }
 
-/// The same with `code`, a Win32 code or an HRESULT, for the last error.
+/// The same with `code`, a Win32 code or an HRESULT, instead of the last error.
 template <class... Parts>
 [[noreturn]] void FailWithSystemCode(unsigned int code, const Parts&... parts) {
     ThrowSystemCode(code, {FAILUREPART(parts)...});
