@@ -142,7 +142,7 @@ protected:
     /// until the next operation. `hasQuotes` is set to false only when the text has no double quote.
     std::string_view ReadCharacters(char separator, std::size_t limit, bool& hasQuotes);
     /// The first step of typed reads: returns the text of one value. At the end of the stream it fails with
-    /// kErrStreamEnd; the text of the failure names what was `wanted` ("a date").
+    /// kErrStreamEnd; the text of the failure names the `wanted` value ("a date").
     [[nodiscard]] std::string ReadToken(const char* wanted);
     /// Fails with kErrStreamEnd for a negative length.
     static void RequireLength(long length) {
