@@ -277,9 +277,9 @@ const struct {
          static_cast<void>(platform::FileOpen("no such file", platform::kFileRead));
          FailWithLastError("cannot open ", Quoted(kLong));
      }},
-    {"an unknown key", 151, [](REFUSING& state) { state.listed->GetKeyValue(state.key); }},
+    {"an unknown key", 151, [](REFUSING& state) { static_cast<void>(state.listed->GetKeyValue(state.key)); }},
     {"an unknown key to be set", 151, [](REFUSING& state) { state.listed->SetKeyPathValue(state.key, nullptr); }},
-    {"a malformed path", 151, [](REFUSING& state) { state.listed->GetKeyPathValue(state.path); }},
+    {"a malformed path", 151, [](REFUSING& state) { static_cast<void>(state.listed->GetKeyPathValue(state.path)); }},
     {"an unknown class", 123, [](REFUSING&) { static_cast<void>(COBJECTFACTORY::GetInstance()->CreateObject(kLong)); }},
     {"an object that cannot be copied", 150, [](REFUSING& state) { static_cast<void>(state.listed->Clone()); }},
     {"an attribute that is missing", 138, [](REFUSING& state) { static_cast<void>(state.reader.GetAttribute("key")); }},
