@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs a Windows program of a cross build: run-with-wine.sh PROGRAM [ARGUMENTS].
-# The DLLs of the compiler's run-time are found where the compiler keeps them, ours beside the program.
+# The DLLs of the compiler's run-time are found where the compiler keeps them, ours beside the program; with RUNTIME=own, all of
+# them beside the program.
 set -eu
 
 wine=/usr/lib/wine/wine64
@@ -26,7 +27,9 @@ if [ ! -f "$ready" ]; then
 fi
 
 path=${WINEPATH:-}
-for dll in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
+dlls="libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll"
+[ "${RUNTIME:-}" != own ] || dlls=
+for dll in $dlls; do
     file=$(x86_64-w64-mingw32-g++-posix "-print-file-name=$dll")
     case $file in /*) path="$path;Z:$(dirname "$(readlink -f "$file")")" ;; esac
 done

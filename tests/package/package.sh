@@ -31,8 +31,18 @@ settings() {
     # The presets' compiler, by the same name, and their options: what they compiled comes from the cache.
     command -v ccache >/dev/null && common+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
     if [ "$1" = linux ]; then common+=(-DCMAKE_CXX_COMPILER=g++); else common+=(--toolchain "$ROOT/cmake/mingw-w64.cmake"); fi
-    library=("${common[@]}" -DBUILD_SHARED_LIBS="$2" -DMLCORE_WERROR="$MLCORE_WERROR" -DMLCORE_TESTS=OFF -DMLCORE_EXAMPLES=OFF)
+    # The ZIP holds the example.
+    local examples=OFF
+    [ "$1 $2" = "windows ON" ] && examples=ON
+    library=("${common[@]}" -DBUILD_SHARED_LIBS="$2" -DMLCORE_WERROR="$MLCORE_WERROR" -DMLCORE_TESTS=OFF
+        -DMLCORE_EXAMPLES="$examples")
 }
+
+# configured_bare ARGUMENT...: configures, without tests; refused ARGUMENT...: does not configure.
+configured_bare() {
+    cmake --fresh -S "$ROOT" -B "$work/bare" "${common[@]}" "$@" && ! grep -q '_tests' "$work/bare/build.ninja"
+}
+refused() { ! cmake --fresh -S "$ROOT" -B "$work/bare" "${common[@]}" "$@"; }
 
 install_library() {
     cmake --fresh -S "$ROOT" -B "$work/$name" "${library[@]}" &&
@@ -42,12 +52,13 @@ install_library() {
         mv "$work/installed/$name" "$work/installed/$name-moved"
 }
 
-# works PROGRAM
-works() {
+# ran PROGRAM: its output is in $work/printed.
+ran() {
     local runner=()
     [[ $1 == *.exe ]] && runner=("$ROOT/cmake/run-with-wine.sh")
-    WINEPATH="Z:$prefix/bin" "${runner[@]}" "$1" >"$work/printed" && tr -d '\r' <"$work/printed" | diff "$here/expected.txt" -
+    WINEPATH="Z:$prefix/bin" "${runner[@]}" "$1" >"$work/out" && tr -d '\r' <"$work/out" >"$work/printed"
 }
+works() { ran "$1" && diff "$here/expected.txt" "$work/printed"; }
 
 # The README shows the program that is built here.
 shown() { awk '/^```cpp$/ { inside = 1; next } /^```$/ { inside = 0 } inside' "$ROOT/README.md" | diff "$here/main.cpp" -; }
@@ -60,17 +71,20 @@ with_cmake() {
     if [ -f "$build/stranger.exe" ]; then works "$build/stranger.exe"; else works "$build/stranger"; fi
 }
 
-# with_pkg_config [MODULE]
+# with_pkg_config [MODULE]: a static library links with and without --static.
 with_pkg_config() {
-    local module=${1:-MLCore} program=$work/users/$name-pkg-config flags libraries how=()
-    [ "$shared" = ON ] || how=(--static)
+    local module=${1:-MLCore} program=$work/users/$name-pkg-config flags libraries how ways=("")
+    [ "$shared" = ON ] || ways+=(--static)
     export PKG_CONFIG_PATH
     PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name MLCore.pc)")
-    flags=$(pkg-config --cflags --libs "${how[@]}" "$module") || return 1
-    echo "pkg-config: $flags"
     libraries=$(pkg-config --variable=libdir "$module")
-    # shellcheck disable=SC2086
-    g++ -std=c++20 "$here/main.cpp" -o "$program" $flags "-Wl,-rpath,$libraries" && works "$program"
+    for how in "${ways[@]}"; do
+        # shellcheck disable=SC2086
+        flags=$(pkg-config --cflags --libs $how "$module") || return 1
+        echo "pkg-config $how: $flags"
+        # shellcheck disable=SC2086
+        g++ -std=c++20 "$here/main.cpp" -o "$program" $flags "-Wl,-rpath,$libraries" && works "$program" || return 1
+    done
 }
 
 # A program linked to the static library holds all of it, and with it every class that registers itself.
@@ -90,22 +104,49 @@ holds_everything() {
 links_kind() {
     local wanted=0
     [ "$shared" = ON ] && wanted=1
-    [ "$(readelf -d "$1" | grep -c 'NEEDED.*\[libMLCore\.so\.1\]')" -eq $wanted ]
+    [ "$(readelf -d "$1" | grep -c 'NEEDED.*\[libMLCore\.so\.1\]')" -eq "$wanted" ]
 }
 
 # A link of an installed page leads to another one.
 pages_linked() {
     local folder page target dead=0
-    folder=$(find "$prefix" -name README.md -printf '%h\n') && [ -n "$folder" ] || return 1
+    folder=$(find "$prefix/share/doc" -mindepth 2 -maxdepth 2 -name README.md -printf '%h\n') && [ -n "$folder" ] || return 1
     while IFS=: read -r page target; do
         [ -f "$(dirname "$page")/$target" ] || { echo "$page: a dead link: $target"; dead=1; }
-    done < <(grep -roE --include='*.md' '\]\([^):#]+' "$folder" | sed 's/](//')
-    return $dead
+    done < <(grep -roE --include='*.md' '\]\([^):#]+[)#]' "$folder" | sed 's/](//; s/.$//')
+    return "$dead"
 }
 
-# Every header that is in the tree is installed, and nothing else.
+# The public headers are installed, and of the others those that a public one includes, as the compiler sees it.
 headers_installed() {
-    diff <(cd "$ROOT" && find MLCore -name '*.h' | sort) <(cd "$prefix/include" && find MLCore -type f | sort)
+    local compiler=g++
+    [[ $name == windows-* || $name == zip ]] && compiler=x86_64-w64-mingw32-g++-posix
+    (cd "$prefix/include" && find MLCore -type f | sort) >"$work/headers"
+    grep -E '^MLCore/([^/]+/)?[^/]+$' "$work/headers" >"$work/public_headers"
+    diff <(cd "$ROOT" && find MLCore -maxdepth 2 -name '*.h' | sort) "$work/public_headers" || return 1
+    sed 's/.*/#include <&>/' "$work/public_headers" >"$work/headers.cpp"
+    "$compiler" -std=c++20 "-I$prefix/include" -MM "$work/headers.cpp" >"$work/included" &&
+        diff <(tr -s ' \\' '\n' <"$work/included" | sed -n "s|^$prefix/include/||p" | sort -u) "$work/headers"
+}
+
+# An installed example for each page, and one of them prints what its page says.
+examples_work() {
+    local folder build=$work/users/$name-examples program=$work/users/$name-examples/dates
+    folder=$(find "$prefix" -path '*/examples/CMakeLists.txt' -printf '%h\n') && [ -n "$folder" ] || return 1
+    diff <(cd "$ROOT" && printf '%s\n' README.md docs/guide/*.md | sed 's|.*/||; s|md$|cpp|' | sort) \
+        <(cd "$folder" && printf '%s\n' *.cpp | sort) || return 1
+    cmake -S "$folder" -B "$build" "${common[@]}" "$@" && cmake --build "$build" --target dates || return 1
+    [ -f "$program" ] || program+=.exe
+    ran "$program" && awk '/^```text$/ { inside = 1; next } /^```$/ { inside = 0 } inside' "$ROOT/docs/guide/dates.md" | diff "$work/printed" -
+}
+
+# Unpacked, the example runs with what is in the ZIP.
+zip_runs() {
+    local examples=$prefix/share/doc/MLCore/examples
+    diff -r "$ROOT/examples/orders" "$examples/orders" && [ -f "$prefix/share/doc/MLCore/NOTICE.txt" ] || return 1
+    RUNTIME=own "$ROOT/cmake/run-with-wine.sh" "$prefix/bin/orders.exe" "$examples/data/orders.csv" \
+        --calendar bank --from 2016-03-15 --to 30/06/2016 --late 3 2>&1 | tr -d '\r' |
+        diff "$ROOT/examples/expected/orders.bank.txt" -
 }
 
 make_debian() {
@@ -136,6 +177,10 @@ presets=(linux)
 command -v x86_64-w64-mingw32-g++-posix >/dev/null && presets+=(windows)
 mkdir -p "$work/users"
 attempt "the README's program" shown
+settings linux ON
+attempt "BUILD_TESTING=OFF" configured_bare -DBUILD_TESTING=OFF
+attempt "no GoogleTest" configured_bare -DMLCORE_GOOGLETEST="$work/none"
+attempt "no GoogleTest, but the tests wanted" refused -DMLCORE_GOOGLETEST="$work/none" -DMLCORE_TESTS=ON
 for preset in "${presets[@]}"; do
     for shared in ON OFF; do
         kind=static
@@ -163,6 +208,7 @@ if command -v dpkg-deb >/dev/null; then
     settings linux ON
     prefix=$work/packages/debian/usr
     if attempt "debian: packages" make_debian; then
+        name=debian
         attempt "debian: headers" headers_installed
         attempt "debian: pages" pages_linked
         for shared in ON OFF; do
@@ -173,6 +219,8 @@ if command -v dpkg-deb >/dev/null; then
             attempt "$name: pkg-config" with_pkg_config "$module"
             attempt "$name: pkg-config links the kind asked for" links_kind "$work/users/$name-pkg-config"
         done
+        name=debian
+        attempt "debian: examples" examples_work "-DCMAKE_PREFIX_PATH=$prefix"
         attempt "debian-static: whole" holds_everything "$work/users/debian-static-found/stranger"
         command -v lintian >/dev/null && attempt "debian: lintian" lint
     fi
@@ -180,9 +228,12 @@ fi
 if [[ " ${presets[*]} " == *" windows "* ]]; then
     settings windows ON
     prefix=$work/packages/zip
+    name=zip
     attempt "zip: package" make_zip &&
         attempt "zip: headers" headers_installed &&
         attempt "zip: pages" pages_linked &&
+        attempt "zip: runs as it is" zip_runs &&
+        attempt "zip: examples" examples_work "-DCMAKE_PREFIX_PATH=$prefix" "-DCMAKE_FIND_ROOT_PATH=$prefix" &&
         attempt "zip: find_package" with_cmake zip-found "-DCMAKE_PREFIX_PATH=$prefix" "-DCMAKE_FIND_ROOT_PATH=$prefix"
 fi
 exit $status
