@@ -10,7 +10,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <new>
+#include <string_view>
 #include <vector>
 
 namespace MLCore {
@@ -44,13 +44,12 @@ void SetValueAtStep(COBJECT* object, const STEP& step, COBJECT* value) {
     }
 }
 
-// The keys that the object lists. A lack of memory for them, or for the description of its class, must not hide what
-// failed.
+// The keys that the object lists. That they cannot be listed must not hide what failed.
 std::vector<std::string> KeyNamesOf(COBJECT* object) {
     try {
         const CKEYNAMES* const known = ProtocolCast<CKEYNAMES>(object);
         return known != nullptr ? known->GetKeyNames() : std::vector<std::string>();
-    } catch (const std::bad_alloc&) {
+    } catch (...) {
         return {};
     }
 }
@@ -59,11 +58,14 @@ std::vector<std::string> KeyNamesOf(COBJECT* object) {
 // exception of another class. Must be called while the failure is handled.
 [[noreturn]] void FailInPath(const FrameworkException& failure, const std::string& keyPath, int step) {
     const bool isPlain = IsExactly<FrameworkException>(failure) && failure.GetClass() == kErrUnknownKey &&
-                         failure.GetMsg() == kErrUnknownKey && failure.GetText() != nullptr;
+                         failure.GetMsg() == kErrUnknownKey;
     if (!isPlain || KEYSTEPS::IsName(keyPath)) {
         throw;
     }
-    FailWith(kErrUnknownKey, failure.GetText(), " (step ", step, " of the path ", Quoted(keyPath), ")");
+    constexpr std::size_t kMostOfText = 200;  // leaves room for the path
+    const char* const text = failure.GetText();
+    const std::string_view reason = text != nullptr ? text : DescribeFailure(kErrUnknownKey);
+    FailWith(kErrUnknownKey, reason.substr(0, kMostOfText), " (step ", step, " of the path ", Quoted(keyPath), ")");
 }
 
 // Walks to the object that the last step of a path is asked of, and calls `action(object, last)`; calls nothing after a
@@ -118,7 +120,8 @@ void COBJECT::SetKeyValue(const std::string& key, COBJECT*) { FailUnknownKey(key
 void COBJECT::FailUnknownKey(const std::string& key) {
     const std::vector<std::string> names = KeyNamesOf(this);
     if (std::find(names.begin(), names.end(), key) != names.end()) {
-        FailWith(kErrUnknownKey, GetClassName(), " does not let its key ", Quoted(key), " be set");
+        FailWith(kErrUnknownKey, GetClassName(), " lists the key ", Quoted(key),
+                 " but does not let it be read or set here");
     }
     const std::string* const nearest = NearestName(names, key);
     if (nearest == nullptr) {

@@ -48,7 +48,9 @@ bool IsSameText(const char* left, const char* right) noexcept {
     return left != nullptr && right != nullptr && std::strcmp(left, right) == 0;
 }
 
-QUOTED NameOrNull(const char* name) noexcept { return Quoted(name != nullptr ? name : "(null)"); }
+FAILUREPART NameOrNull(const char* name) noexcept {
+    return name != nullptr ? FAILUREPART(Quoted(name)) : FAILUREPART("null");
+}
 
 // The registrars of all loaded modules, first to last. Constant-initialised: it stands before any registrar runs.
 CLASSREGISTRAR* gFirstRegistrar = nullptr;

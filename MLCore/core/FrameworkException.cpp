@@ -62,7 +62,9 @@ constexpr STANDARDCODE kStandardCodes[] = {
 };
 
 std::string TextOf(const FrameworkException& failure) {
-    if (const char* const text = failure.GetText(); text != nullptr && *text != '\0') {
+    if (const char* const held = failure.GetText(); held != nullptr && *held != '\0') {
+        std::string text = held;
+        text.erase(text.find_last_not_of("\r\n") + 1);  // of a message of the system
         return text;
     }
     const std::string message = failure.GetCode() != 0 ? SystemReason(failure.GetCode()) : std::string();

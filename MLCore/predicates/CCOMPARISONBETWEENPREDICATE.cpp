@@ -1,5 +1,7 @@
 #include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
 
+#include <MLCore/predicates/detail/ComparisonFailure.h>
+
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CCOMPARISONBETWEENPREDICATE)
@@ -35,7 +37,11 @@ int CCOMPARISONBETWEENPREDICATE::Compare(const SUBJECT& subject) const {
     for (std::size_t i = 0; i < 3; ++i) {
         values[i] = GetOperands()[i].Evaluate(subject, holders[i]);
     }
-    return CmpBetween(values[0], values[1], values[2], GetComparisonOption());
+    try {
+        return CmpBetween(values[0], values[1], values[2], GetComparisonOption());
+    } catch (const FrameworkException& failure) {
+        FailInComparison(failure, TYPE::Between, GetOperands());
+    }
 }
 
 int CCOMPARISONBETWEENPREDICATE::CmpBetween(COBJECT* value, COBJECT* lower, COBJECT* upper,

@@ -1,5 +1,7 @@
 #include <MLCore/predicates/CCOMPARISONBINARYPREDICATE.h>
 
+#include <MLCore/predicates/detail/ComparisonFailure.h>
+
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CCOMPARISONBINARYPREDICATE)
@@ -42,11 +44,15 @@ int CCOMPARISONBINARYPREDICATE::Compare(const SUBJECT& subject) const {
         return 0;
     }
     const TYPE type = GetComparisonType();
-    if (operands[0].IsKey() || !operands[1].IsKey() || !IsOrder(type)) {
-        return first->Cmp(right, type, GetComparisonOption());
+    try {
+        if (operands[0].IsKey() || !operands[1].IsKey() || !IsOrder(type)) {
+            return first->Cmp(right, type, GetComparisonOption());
+        }
+        first = AsValueObject(right);
+        return first != nullptr ? first->Cmp(left, Mirror(type), GetComparisonOption()) : 0;
+    } catch (const FrameworkException& failure) {
+        FailInComparison(failure, type, operands);
     }
-    first = AsValueObject(right);
-    return first != nullptr ? first->Cmp(left, Mirror(type), GetComparisonOption()) : 0;
 }
 
 }  // namespace MLCore

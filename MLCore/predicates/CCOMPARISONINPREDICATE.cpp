@@ -1,5 +1,7 @@
 #include <MLCore/predicates/CCOMPARISONINPREDICATE.h>
 
+#include <MLCore/predicates/detail/ComparisonFailure.h>
+
 namespace MLCore {
 
 MLCORE_REGISTER_CLASS(CCOMPARISONINPREDICATE)
@@ -31,8 +33,15 @@ int CCOMPARISONINPREDICATE::Compare(const SUBJECT& subject) const {
     const OPERANDS& operands = GetOperands();
     CSHAREOBJECTPTR<COBJECT> holders[2];
     const CVALUEOBJECT* const value = AsValueObject(operands[0].Evaluate(subject, holders[0]));
-    return value != nullptr ? value->Cmp(operands[1].Evaluate(subject, holders[1]), TYPE::In, GetComparisonOption())
-                            : 0;
+    if (value == nullptr) {
+        return 0;
+    }
+    COBJECT* const list = operands[1].Evaluate(subject, holders[1]);
+    try {
+        return value->Cmp(list, TYPE::In, GetComparisonOption());
+    } catch (const FrameworkException& failure) {
+        FailInComparison(failure, TYPE::In, operands);
+    }
 }
 
 }  // namespace MLCore

@@ -41,7 +41,9 @@ namespace MLCore {
 /// compile if a class of the library has no callable. At run time, an expression that derives from CEXPRESSION alone
 /// then fails with kErrBadCast (121).
 ///
-/// Returns the result of the call; all calls must return the same type. A single callable is not copied.
+/// Returns the result of the call; all calls must return the same type. Several callables are copied or moved into one
+/// overload set, so that a named callable with a state of its own keeps it unchanged; a single callable is called as it
+/// is.
 template <class... Callables>
 decltype(auto) Dispatch(const CEXPRESSION& expression, Callables&&... callables);
 

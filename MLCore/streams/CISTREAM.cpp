@@ -49,14 +49,25 @@ unsigned long long BytesLeft(const CISTREAM& stream) {
              " bytes left");
 }
 
-CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> CreateObject(const std::string& identifier) {
+/// `stream` stands after the identifier.
+CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> CreateObject(const CISTREAM& stream, const std::string& identifier) {
+    const auto fail = [&](const char* fault) {
+        const STREAMPLACE place("before", stream);
+        FailWith(kErrUnknownClass, "the class identifier ", Quoted(identifier), place.GetText(), fault);
+    };
     // The factory would see only the characters before a zero byte.
-    Require(identifier.find('\0') == std::string::npos, kErrUnknownClass, "the class identifier ", Quoted(identifier),
-            " has a zero byte");
-    const CSHAREOBJECTPTR<COBJECT> created =
-        COBJECTFACTORY::GetInstance()->CreateObjectFromIdentifier(identifier.c_str());
+    if (identifier.find('\0') != std::string::npos) {
+        fail(" has a zero byte");
+    }
+    const COBJECTFACTORY* const factory = COBJECTFACTORY::GetInstance();
+    if (factory->IsRegisteredIdentifier(identifier.c_str()) == 0) {
+        fail(" is not registered with the object factory");
+    }
+    const CSHAREOBJECTPTR<COBJECT> created = factory->CreateObjectFromIdentifier(identifier.c_str());
     CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> object(dynamic_cast<CSERIALIZABLEOBJECT*>(created.Get()));
-    Require(object != nullptr, kErrUnknownClass, "the class ", Quoted(identifier), " is not a CSERIALIZABLEOBJECT");
+    if (object == nullptr) {
+        fail(" is not that of a CSERIALIZABLEOBJECT");
+    }
     return object;
 }
 
@@ -210,7 +221,7 @@ CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> CISTREAM::GetObject() {
     }
     std::string identifier;
     GetValue(identifier, length);
-    const CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> object = CreateObject(identifier);
+    const CSHAREOBJECTPTR<CSERIALIZABLEOBJECT> object = CreateObject(*this, identifier);
     const OBJECTDEPTH depth(mObjectDepth);
     GetValue(static_cast<CSERIALIZABLE&>(*object));
     return object;

@@ -68,6 +68,10 @@ int HasPart(const CVALUE& value, const CVALUE& other, CVALUEOBJECT::ComparisonOp
     if (value.IsNull() != 0 || other.IsNull() != 0) {
         return 0;
     }
+    if (value.GetType() != TYPE::String || other.GetType() != TYPE::String) [[unlikely]] {
+        FailWith(kErrValueType, "cannot look for ", CVALUE::DescribeType(other.GetType()), " in ",
+                 CVALUE::DescribeType(value.GetType()), ", wanted two Strings");
+    }
     const char* const text = value;
     const char* const part = other;
     return search(text, part, RowOf(kPartFolds, option)) ? 1 : 0;
@@ -125,7 +129,12 @@ bool CVALUEOBJECT::HasOrder(const CVALUE& other) const noexcept {
 
 short CVALUEOBJECT::Order(const CVALUE& other, ComparisonOption option) const {
     [[maybe_unused]] const platform::FAULTTRANSLATION translation;
-    return ORDERING::kOrders[static_cast<std::size_t>(KindOf(mValue.GetType()))](*this, other, option);
+    const ValueKind kind = KindOf(mValue.GetType());
+    if (KindOf(other.GetType()) != kind) [[unlikely]] {
+        FailWith(kErrValueType, "cannot compare ", CVALUE::DescribeType(mValue.GetType()), " with ",
+                 CVALUE::DescribeType(other.GetType()));
+    }
+    return ORDERING::kOrders[static_cast<std::size_t>(kind)](*this, other, option);
 }
 
 int CVALUEOBJECT::CmpLesser(const CVALUE& other, ComparisonOption option) const {

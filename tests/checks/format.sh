@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The sources are laid out as .clang-format says. With --fix they are laid out instead of checked.
+# The sources are laid out as .clang-format says, and no line is longer than 120 columns: comments, which it leaves alone, neither.
+# With --fix they are laid out instead of checked.
 set -u
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit 2
 
@@ -10,4 +11,6 @@ mode=(--dry-run -Werror)
 # What exists of these, and what it holds.
 folders=()
 for folder in MLCore tests examples bench fuzz; do [ -d "$folder" ] && folders+=("$folder"); done
-find "${folders[@]}" -name '*.h' -o -name '*.cpp' | sort | xargs "$formatter" "${mode[@]}" --style=file
+find "${folders[@]}" -name '*.h' -o -name '*.cpp' | sort | xargs "$formatter" "${mode[@]}" --style=file || exit 1
+# Columns, not bytes: the tables of characters hold letters of two.
+! LC_ALL=C.UTF-8 grep -rnE '^.{121,}' --include='*.h' --include='*.cpp' "${folders[@]}"

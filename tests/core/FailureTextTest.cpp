@@ -39,6 +39,13 @@ public:
     }
 };
 
+/// Fails when its keys are to be listed.
+class CUNLISTED : public COBJECT, public CKEYNAMES {
+    MLCORE_CLASS(CUNLISTED, COBJECT, CKEYNAMES)
+public:
+    std::vector<std::string> GetKeyNames() const override { FailWith(kErrStreamEnd, "no list"); }
+};
+
 /// Lists no keys.
 class CSILENT : public COBJECT {
     MLCORE_CLASS(CSILENT, COBJECT)
@@ -71,6 +78,7 @@ public:
 };
 
 MLCORE_REGISTER_CLASS(CBILL)
+MLCORE_REGISTER_CLASS(CUNLISTED)
 MLCORE_REGISTER_CLASS(CSILENT)
 MLCORE_REGISTER_CLASS(CBILLS)
 MLCORE_REGISTER_CLASS(COWN)
@@ -244,7 +252,8 @@ TEST(FailureTextTest, UnknownKeysNameTheNearest) {
         }
     }
     EXPECT_EQ(WriteText(bill, "amont"), "CBILL has no key 'amont'; did you mean 'amount'?");
-    EXPECT_EQ(WriteText(bill, "customer"), "CBILL does not let its key 'customer' be set");
+    EXPECT_EQ(WriteText(bill, "customer"), "CBILL lists the key 'customer' but does not let it be read or set here");
+    EXPECT_EQ(ReadText(*AdoptObject(new CUNLISTED), "x"), "CUNLISTED has no key 'x'");
 }
 
 TEST(FailureTextTest, PathsNameTheStep) {
@@ -261,7 +270,8 @@ TEST(FailureTextTest, PathsNameTheStep) {
               "CBILL has no elements, asked for [0] (step 4 of the path 'bills[1].customer[0]')");
     EXPECT_EQ(WriteText(bills, "[2147483647]"),
               "CBILLS has 2 elements, asked for [2147483647] (step 1 of the path '[2147483647]')");
-    EXPECT_EQ(ReadText(own, "none.x"), "") << "a failure without a text passes";
+    EXPECT_EQ(ReadText(own, "none.x"), std::string(DescribeFailure(kErrUnknownKey)) + " (step 1 of the path 'none.x')")
+        << "a failure without a text";
     EXPECT_THROW(static_cast<void>(own.GetKeyPathValue("own.x")), COWN::EXCEPTION);
     EXPECT_EQ(FailureOf([&] { return own.GetKeyPathValue("other.x"); }).text, "another code");
 }
@@ -294,7 +304,7 @@ TEST(FailureTextTest, FactoryAndRootNameTheClass) {
     EXPECT_EQ(FailureOf([&] { return factory->CreateObject("class CNONE"); }),
               (support::FAILURE{123, 123, 0, "no class is registered under the name 'class CNONE'"}));
     EXPECT_EQ(FailureOf([&] { return factory->CreateObjectFromIdentifier(nullptr); }),
-              (support::FAILURE{123, 123, 0, "no class is registered under the identifier '(null)'"}));
+              (support::FAILURE{123, 123, 0, "no class is registered under the identifier null"}));
     EXPECT_EQ(FailureOf([&] { return registry->RegisterClass(nullptr, create), 0; }),
               (support::FAILURE{-100, -100, 0, "the name of the class to register is null"}));
     EXPECT_EQ(FailureOf([&] { return registry->RegisterClass("class CNONE", nullptr), 0; }),

@@ -270,8 +270,7 @@ TEST(XmlKeyStreamTest, TheWriterNamesElementAndReason) {
         Written<CXMLKEYWRITER>([&](CKEYWRITER& writer) {
             Play(writer, script);
             text = FailureOf([&] { return Do(writer, what, name), 0; }).text;
-            for (auto begun = std::count(script.begin(), script.end(), '<'); begun > 0; --begun)
-                writer.EndElement();
+            for (auto begun = std::count(script.begin(), script.end(), '<'); begun > 0; --begun) writer.EndElement();
         });
         return text;
     };

@@ -1,5 +1,12 @@
 // What the failures of predicates and expressions say.
+#include <MLCore/predicates/BinaryPredicates.h>
+#include <MLCore/predicates/CCOMPARISONBETWEENPREDICATE.h>
 #include <MLCore/predicates/CFUNCTIONEXPRESSION.h>
+#include <MLCore/predicates/CKEYEXPRESSION.h>
+#include <MLCore/predicates/CVALUEEXPRESSION.h>
+#include <MLCore/values/CMEMARRAY.h>
+#include <MLCore/values/CMEMDICTIONARY.h>
+#include <MLCore/values/CVALUEOBJECT.h>
 #include <predicates/KeyText.h>
 #include <predicates/Trees.h>
 
@@ -151,6 +158,22 @@ TEST(PredicateFailureTextTest, NamesTheOperandAndTheMemberThatIsWrong) {
         {[&] { static_cast<void>(CLISTEXPRESSION::Create(*CMEMARRAY::Create(yes))); }, 121,
          "element [0] of a list of expressions is of the class CVALUEPREDICATE, wanted CEXPRESSION"},
     });
+}
+
+TEST(PredicateFailureTextTest, ComparisonsNameBothTypesAndTheKey) {
+    const auto order = CMEMDICTIONARY::Create();
+    order->SetKeyValue("amount", CVALUEOBJECT::Create("12 EUR"));
+    const auto key = CKEYEXPRESSION::Create("amount");
+    const auto number = CVALUEEXPRESSION::Create(5L);
+    const CSHAREOBJECTPTR<CPREDICATE> predicates[] = {CGREATERPREDICATE::Create(key, number),
+                                                      CLESSERPREDICATE::Create(number, key),
+                                                      CCOMPARISONBETWEENPREDICATE::Create(key, number, number)};
+    const char* const comparisons[] = {"greater", "lesser", "between"};
+    for (std::size_t i = 0; i < std::size(predicates); ++i) {
+        const std::string place = std::string("(in the comparison '") + comparisons[i] + "' of the key 'amount')";
+        EXPECT_EQ(FailureOf([&] { return predicates[i]->Evaluate(order); }),
+                  support::Saying(138, "cannot compare a String with a Long ", place.c_str()));
+    }
 }
 
 }  // namespace

@@ -69,12 +69,12 @@ TEST(FailureTextTest, OfComparisons) {
                date = CVALUEOBJECT::Create(CDATE(1, 3, 2024)), guid = CVALUEOBJECT::Create(_GUID{});
     const auto array = CMEMARRAY::Create();
     ExpectTexts({
-        {138, "the value is a String, wanted a number", [&] { Use(number->Cmp(text, COMPARISON::Lesser, kExact)); }},
-        {138, "the value is a Long, wanted a String", [&] { Use(text->Cmp(number, COMPARISON::Equal, kExact)); }},
-        {138, "the value is a Long, wanted a Date or a DateTime",
-         [&] { Use(date->Cmp(number, COMPARISON::Greater, kExact)); }},
-        {138, "the value is a Date, wanted a Guid", [&] { Use(guid->Cmp(date, COMPARISON::NotEqual, kExact)); }},
-        {138, "the value is a Long, wanted a String", [&] { Use(text->Cmp(number, COMPARISON::Begins, kExact)); }},
+        {138, "cannot compare a Long with a String", [&] { Use(number->Cmp(text, COMPARISON::Lesser, kExact)); }},
+        {138, "cannot compare a String with a Long", [&] { Use(text->Cmp(number, COMPARISON::Equal, kExact)); }},
+        {138, "cannot compare a Date with a Long", [&] { Use(date->Cmp(number, COMPARISON::Greater, kExact)); }},
+        {138, "cannot compare a Guid with a Date", [&] { Use(guid->Cmp(date, COMPARISON::NotEqual, kExact)); }},
+        {138, "cannot look for a Long in a String, wanted two Strings",
+         [&] { Use(text->Cmp(number, COMPARISON::Begins, kExact)); }},
         {138, "ValueOf() of null, wanted a CVALUEOBJECT", [&] { Use(ValueOf(nullptr)); }},
         {138, "ValueOf() of CMEMARRAY, wanted a CVALUEOBJECT", [&] { Use(ValueOf(array)); }},
     });
