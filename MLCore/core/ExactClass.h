@@ -6,14 +6,19 @@
 
 namespace MLCore {
 
+/// True when the class of `object` itself is the one that `type` describes.
+template <class Object>
+[[nodiscard]] bool IsExactly(const Object& object, const std::type_info& type) noexcept {
+    // First by address, which nearly always decides. Only modules with their own descriptions need the names.
+    return &typeid(object) == &type || typeid(object) == type;
+}
+
 /// True when `object` is of one of these classes itself, `IsExactly<CVALUEOBJECT>(*object)`; false for an object of a
 /// class derived from them. Code that avoids the call of a virtual function must check this first.
 template <class... Classes, class Object>
 [[nodiscard]] bool IsExactly(const Object& object) noexcept {
     static_assert(sizeof...(Classes) > 0, "name the classes: IsExactly<CVALUEOBJECT>(object)");
-    const std::type_info& type = typeid(object);
-    // First by address, which nearly always decides. Only modules with their own descriptions need the names.
-    return ((&type == &typeid(Classes)) || ...) || ((type == typeid(Classes)) || ...);
+    return (IsExactly(object, typeid(Classes)) || ...);
 }
 
 }  // namespace MLCore

@@ -1,6 +1,7 @@
 #include <MLCore/streams/CISTREAMDECORATORTEXT.h>
 
 #include <MLCore/core/ErrorCodes.h>
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/core/FailureChecks.h>
 #include <MLCore/streams/detail/STREAMCURSOR.h>
 #include <MLCore/streams/detail/STREAMPLACE.h>
@@ -65,8 +66,7 @@ long CISTREAMDECORATORTEXT::GetValue(COSTREAM& out) { return CISTREAM::GetValue(
 /// The component's memory, where lines can be looked for without a call for each character; null where a derived class
 /// may say where lines and the text end.
 inline STREAMCURSOR* CISTREAMDECORATORTEXT::GetLent() const noexcept {
-    // Addresses are enough: a false "no" from another module's description takes the longer way.
-    return &typeid(*this) == mOwn ? GetComponent().mLent : nullptr;
+    return IsExactly(*this, *mOwn) ? GetComponent().mLent : nullptr;
 }
 
 inline FIELDSCANNER::PIECE CISTREAMDECORATORTEXT::TakeAhead(STREAMCURSOR& lent, FIELDSCANNER& scanner,

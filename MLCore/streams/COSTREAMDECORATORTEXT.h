@@ -1,5 +1,6 @@
 #pragma once
 
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/platform/Export.h>
 #include <MLCore/streams/COSTREAMDECORATOR.h>
 #include <MLCore/streams/detail/BinaryForm.h>
@@ -96,9 +97,8 @@ protected:
     /// write their line ends as fast as those of this one.
     COSTREAMDECORATORTEXT(COSTREAM& component, const std::type_info& own);
 
-    /// Whether the object is of the class that its constructor named, and not of one derived from it. Compares
-    /// addresses: if modules have separate descriptions, a false "no" only takes more time.
-    [[nodiscard]] bool IsOwn() const noexcept { return &typeid(*this) == mOwn; }
+    /// Whether the object is of the class that its constructor named, and not of one derived from it.
+    [[nodiscard]] bool IsOwn() const noexcept { return IsExactly(*this, *mOwn); }
     /// The component's memory where it may be written to directly; null otherwise.
     [[nodiscard]] STREAMCURSOR* GetLent() const noexcept { return GetComponent().mLent; }
     /// Writes bytes to the component unchanged.

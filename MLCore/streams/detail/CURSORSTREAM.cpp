@@ -1,5 +1,6 @@
 #include <MLCore/streams/detail/CURSORSTREAM.h>
 
+#include <MLCore/core/ExactClass.h>
 #include <MLCore/core/FailureChecks.h>
 
 namespace MLCore {
@@ -21,7 +22,7 @@ void CURSORSTREAM::Close() {
 }
 
 void CURSORSTREAM::Lend(const std::type_info& own) noexcept {
-    STREAMCURSOR* const lent = typeid(*this) == own ? &mCursor : nullptr;
+    STREAMCURSOR* const lent = IsExactly(*this, own) ? &mCursor : nullptr;
     CISTREAM::mLent = lent;
     COSTREAM::mLent = lent;
 }
