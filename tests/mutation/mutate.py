@@ -75,7 +75,7 @@ def places(line):
 
 def all_mutants(folders):
     for folder in folders:
-        for path in sorted((ROOT / "MLCore" / folder).glob("*.cpp")):
+        for path in sorted((ROOT / "MLCore" / folder).rglob("*.cpp")):
             for number, line in enumerate(path.read_text(encoding="utf-8").split("\n")):
                 for changed in places(line):
                     yield folder, path.relative_to(ROOT), number, line, changed
