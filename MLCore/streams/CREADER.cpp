@@ -6,7 +6,7 @@ namespace MLCore {
 
 namespace {
 
-/// What `>>` asks of a text: the longest that a length of 16 bits can tell.
+/// The longest text that `>>` reads: the greatest length that fits in 16 bits.
 constexpr long kLongestText = 32767;
 
 template <class... Arguments>

@@ -10,7 +10,7 @@ CSTREAMSAVER::~CSTREAMSAVER() {
     try {
         Restore();
     } catch (...) {
-        // A stream that cannot go back stays where it is: a destructor has nobody to tell.
+        // A stream that cannot go back stays where it is: a destructor must not throw.
     }
 }
 

@@ -60,8 +60,8 @@ std::string AbsolutePath(const char* path) {
     if (length >= absolute.size()) {
         return path;
     }
-    const std::string told = AnsiPath(std::wstring_view(absolute).substr(0, length));
-    return told.empty() ? path : told;
+    const std::string ansi = AnsiPath(std::wstring_view(absolute).substr(0, length));
+    return ansi.empty() ? path : ansi;
 }
 
 FILEHANDLE FileOpen(const char* path, unsigned int flags) noexcept {

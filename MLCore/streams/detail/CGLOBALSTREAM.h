@@ -32,7 +32,7 @@ protected:
     CGLOBALSTREAM();
     CGLOBALSTREAM(void* handle, bool owns);
 
-    /// The block, after it was told how much of its room is in use.
+    /// The block, with its used size brought up to date.
     [[nodiscard]] GLOBALBLOCK& Block() const noexcept {
         mBlock.Extend(static_cast<std::size_t>(mCursor.GetSize()));
         return mBlock;
